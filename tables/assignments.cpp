@@ -1,0 +1,49 @@
+#include "tables/assignments.h"
+
+#include "tables/roles.h"
+
+#include <QAbstractItemModel>
+
+QSet<QString> Assignments::buttons(const QAbstractItemModel &table, int columns)
+{
+    QSet<QString> buttons;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (int column = 0; column < columns; ++column) {
+            const QVariant button = table.index(row, column).data(ButtonRole);
+            if (button.toInt() >= 0)
+                buttons.insert(button.toString());
+        }
+    }
+    return buttons;
+}
+
+bool Assignments::isEmpty(const QAbstractItemModel &table)
+{
+    return buttons(table, table.columnCount()).isEmpty();
+}
+
+bool Assignments::holds(const QAbstractItemModel &table, int button, int columns)
+{
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (int column = 0; column < columns; ++column) {
+            if (table.index(row, column).data(ButtonRole).toInt() == button)
+                return true;
+        }
+    }
+    return false;
+}
+
+QString Assignments::padLabel(int row)
+{
+    return "PAD " + QString::number(row % 8 + 1);
+}
+
+void Assignments::clearCell(QAbstractItemModel &table, const QModelIndex &cell, const QString &label,
+                            const QString &color)
+{
+    table.setData(cell, label, Qt::EditRole);
+    table.setData(cell, label, DisplayNameRole);
+    table.setData(cell, "0", PageRole);
+    table.setData(cell, "-1", ButtonRole);
+    table.setData(cell, color, Qt::DecorationRole);
+}

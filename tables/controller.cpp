@@ -1,0 +1,306 @@
+#include "tables/controller.h"
+
+#include "tables/dragpayload.h"
+#include "tables/roles.h"
+
+#include <QBuffer>
+#include <QColor>
+#include <QImage>
+#include <QMimeData>
+
+namespace {
+
+constexpr int Columns = 12;
+constexpr int RowsPerSweep = 12;
+
+/** A small square of the colour as a base64 PNG, for a tool tip. */
+QString swatch(const QString &color)
+{
+    QImage image(10, 10, QImage::Format_ARGB32);
+    image.fill(QColor(color));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG", 100);
+    return QString::fromLatin1(bytes.toBase64());
+}
+
+} // namespace
+
+Controller::Controller(QObject *parent) : QAbstractTableModel(parent) {}
+
+Controller::Controller(const QList<QList<QMap<QString, QString>>> &list, QObject *parent)
+    : QAbstractTableModel(parent), rows(list)
+{
+}
+
+int Controller::rowCount(const QModelIndex & /*parent*/) const
+{
+    return rows.size();
+}
+
+int Controller::columnCount(const QModelIndex & /*parent*/) const
+{
+    return Columns;
+}
+
+QString Controller::keyOf(int role)
+{
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return QStringLiteral("name");
+    case Qt::DecorationRole:
+        return QStringLiteral("color");
+    case Qt::ForegroundRole:
+        return QStringLiteral("textcolor");
+    case PageRole:
+        return QStringLiteral("pagenr");
+    case DisplayNameRole:
+        return QStringLiteral("dspname");
+    case ButtonRole:
+        return QStringLiteral("id");
+    case AvailableRole:
+        return QStringLiteral("avail");
+    case OffColorRole:
+        return QStringLiteral("coloroff");
+    case OnColorRole:
+        return QStringLiteral("coloron");
+    case BlinkRole:
+        return QStringLiteral("blink");
+    default:
+        return {};
+    }
+}
+
+QVariant Controller::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid() || index.row() >= rows.size())
+        return {};
+    if (role == Qt::ToolTipRole)
+        return toolTip(index);
+    if (role == Qt::BackgroundRole)
+        return QColor(Qt::white);
+
+    const QString key = keyOf(role);
+    if (key.isEmpty())
+        return {};
+    const QString text = rows.at(index.row()).value(index.column()).value(key);
+    if (role == Qt::DecorationRole || role == Qt::ForegroundRole)
+        return QColor(text);
+    return text;
+}
+
+QVariant Controller::toolTip(const QModelIndex &index) const
+{
+    if (index.data(ButtonRole).toString() == QLatin1String("-1")
+        || index.data(AvailableRole).toString() == QLatin1String("0"))
+        return {};
+
+    const QString coloroff = index.data(OffColorRole).toString();
+    const QString coloron = index.data(OnColorRole).toString();
+    QString led;
+    if (!coloroff.isEmpty())
+        led += QStringLiteral("<br>Off Color : <img src='data:image/png;base64, %0'>").arg(swatch(coloroff));
+    if (!coloron.isEmpty())
+        led += QStringLiteral("<br>On Color : <img src='data:image/png;base64, %0'>").arg(swatch(coloron));
+    if (index.data(BlinkRole).toString() == QLatin1String("1"))
+        led += QStringLiteral("<br>Blink : Yes");
+    return QString(celltext(index.row(), index.column()) + "<br>Live Button: "
+                   + index.data(Qt::EditRole).toString() + led + "<br><br>Right-click to Remove");
+}
+
+bool Controller::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (!index.isValid() || index.row() >= rows.size() || index.column() >= rows.at(index.row()).size())
+        return false;
+    if (role == Qt::BackgroundRole)
+        return true;
+
+    const QString key = keyOf(role);
+    if (key.isEmpty())
+        return false;
+    rows[index.row()][index.column()][key] = value.toString();
+    return true;
+}
+
+QVariant Controller::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role != Qt::DisplayRole)
+        return {};
+    if (orientation == Qt::Vertical)
+        return QString();
+    return section == 0 ? QVariant(QStringLiteral("Color")) : QVariant();
+}
+
+QStringList Controller::mimeTypes() const
+{
+    return DragPayload::mimeTypes();
+}
+
+QMimeData *Controller::mimeData(const QModelIndexList &indexes) const
+{
+    static const QVector<DragField> fields = {
+        DragField::role(Qt::EditRole),    DragField::role(PageRole),
+        DragField::role(DisplayNameRole), DragField::literal(QStringLiteral("0")),
+        DragField::role(ButtonRole),      DragField::role(AvailableRole),
+        DragField::role(OffColorRole),    DragField::role(OnColorRole),
+        DragField::role(BlinkRole),
+    };
+    return createDragData(indexes, fields);
+}
+
+bool Controller::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*row*/, int /*column*/,
+                              const QModelIndex &to)
+{
+    if (action == Qt::IgnoreAction)
+        return true;
+    const auto payload = DragPayload::fromMime(data);
+    if (!payload)
+        return false;
+
+    const QModelIndex target = index(to.row(), to.column());
+    const QString oldname = target.data(Qt::EditRole).toString();
+    const QString oldpage = target.data(PageRole).toString();
+    const QString olddsp = target.data(DisplayNameRole).toString();
+    const QString oldid = target.data(ButtonRole).toString();
+    const QString oldavail = target.data(AvailableRole).toString();
+    const QString oldcoloroff = target.data(OffColorRole).toString();
+    const QString oldcoloron = target.data(OnColorRole).toString();
+    const QString oldblink = target.data(BlinkRole).toString();
+    const QString oldcolor = target.data(Qt::DecorationRole).toString();
+    const bool replaced = oldpage.toInt() >= 1 && payload->isLiveButton();
+
+    write(target, *payload);
+
+    if (!payload->isMove()) {
+        emit ItemDroped(payload->sourceRow(), to.row(), to.column());
+        if (replaced)
+            emit ItemToUncheck(oldid.toInt());
+        return true;
+    }
+
+    const QModelIndex source = index(payload->sourceRow(), payload->sourceColumn());
+    if (oldid == QLatin1String("-1")) {
+        clear(source, celltext(source.row(), source.column()));
+    } else {
+        setData(source, oldname, Qt::EditRole);
+        setData(source, oldpage, PageRole);
+        setData(source, olddsp, DisplayNameRole);
+        setData(source, oldid, ButtonRole);
+        setData(source, oldavail, AvailableRole);
+        setData(source, oldcoloroff, OffColorRole);
+        setData(source, oldcoloron, OnColorRole);
+        setData(source, oldblink, BlinkRole);
+        setData(source, oldcolor, Qt::DecorationRole);
+    }
+    return true;
+}
+
+void Controller::write(const QModelIndex &target, const DragPayload &payload)
+{
+    setData(target, payload.text(DragPayload::Text), Qt::EditRole);
+    setData(target, payload.text(DragPayload::Page), PageRole);
+    setData(target, payload.text(DragPayload::DisplayName), DisplayNameRole);
+    setData(target, payload.text(DragPayload::Button), ButtonRole);
+    setData(target, payload.text(DragPayload::Available), AvailableRole);
+    setData(target, payload.text(DragPayload::OffColor), OffColorRole);
+    setData(target, payload.text(DragPayload::OnColor), OnColorRole);
+    setData(target, payload.text(DragPayload::Blink), BlinkRole);
+    setData(target, payload.color(), Qt::DecorationRole);
+}
+
+void Controller::clear(const QModelIndex &key, const QString &label)
+{
+    setData(key, label, Qt::EditRole);
+    setData(key, label, DisplayNameRole);
+    setData(key, "0", PageRole);
+    setData(key, "1", AvailableRole);
+    setData(key, "-1", ButtonRole);
+    setData(key, "", OffColorRole);
+    setData(key, "", OnColorRole);
+    setData(key, "", BlinkRole);
+    setData(key, "#000000", Qt::DecorationRole);
+}
+
+Qt::DropActions Controller::supportedDropActions() const
+{
+    return Qt::CopyAction | Qt::MoveAction;
+}
+
+Qt::DropActions Controller::supportedDragActions() const
+{
+    return Qt::CopyAction;
+}
+
+bool Controller::insertRows(int position, int count, const QModelIndex & /*parent*/)
+{
+    static const Record blank = {
+        {QStringLiteral("name"), QString()},
+        {QStringLiteral("dspname"), QString()},
+        {QStringLiteral("id"), QStringLiteral("-1")},
+        {QStringLiteral("avail"), QStringLiteral("1")},
+        {QStringLiteral("color"), QStringLiteral("#000000")},
+        {QStringLiteral("coloroff"), QString()},
+        {QStringLiteral("coloron"), QString()},
+        {QStringLiteral("blink"), QStringLiteral("0")},
+        {QStringLiteral("textcolor"), QStringLiteral("#ffffff")},
+        {QStringLiteral("pagenr"), QStringLiteral("0")},
+    };
+    static const QList<Record> blankRow = QVector<Record>(Columns, blank).toList();
+
+    beginInsertRows({}, position, position + count - 1);
+    for (int i = 0; i < count; ++i)
+        rows.prepend(blankRow);
+    endInsertRows();
+    return true;
+}
+
+bool Controller::removeRows(int position, int count, const QModelIndex & /*parent*/)
+{
+    beginRemoveRows({}, position, position + count - 1);
+    bool removed = true;
+    for (int sweep = 0; sweep < count && removed; ++sweep) {
+        removed = false;
+        for (int i = qMax(position, 0); i < position + RowsPerSweep && i < rows.size(); ++i) {
+            rows.removeAt(i);
+            removed = true;
+        }
+    }
+    endRemoveRows();
+    return true;
+}
+
+Qt::ItemFlags Controller::flags(const QModelIndex &index) const
+{
+    const bool empty = index.data(PageRole).toString() == QLatin1String("0");
+    const bool available = index.data(AvailableRole).toString() == QLatin1String("1");
+    const Qt::ItemFlags base = QAbstractTableModel::flags(index);
+    const Qt::ItemFlags key = base | Qt::ItemIsSelectable | Qt::ItemIsDropEnabled | Qt::ItemIsEnabled;
+
+    if (available)
+        return empty ? key : key | Qt::ItemIsDragEnabled;
+    if (empty)
+        return base & ~(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+    return base & ~Qt::ItemFlags(Qt::ItemIsEnabled);
+}
+
+/** Label of a key at rest. The window has its own, which leaves the corners of the bands empty. */
+QString Controller::celltext(int row, int col) const
+{
+    const auto numbered = [](const char *band, qint64 number) {
+        return QString(band) + QString::number(number);
+    };
+
+    if (row == 0)
+        return col == 0 || col == 10 ? QString() : numbered("TOP ", qint64(col) - 1);
+    if (row == 11)
+        return col == 0 || col == 10 ? QString() : numbered("BOTTOM ", qint64(col) - 1);
+    if (row == 1 || row == 10 || col == 1 || col == 10)
+        return {};
+    if (col == 0)
+        return numbered("LEFT ", qint64(row) - 1);
+    if (col == 11)
+        return numbered("RIGHT ", qint64(row) - 1);
+    return numbered("PAD ", qint64(row) * 8 + col - 17);
+}

@@ -1,0 +1,203 @@
+#include "app/mainwindow.h"
+
+#include "devices/grid.h"
+#include "tables/assignments.h"
+#include "tables/controller.h"
+#include "tables/mymodel.h"
+#include "tables/roles.h"
+#include "tables/vdjmodel.h"
+#include "ui_mainwindow.h"
+
+namespace {
+
+// A Live Button that stands on pads 9 to 16 alone counts as gone: its tick is of the first column.
+constexpr int TickedPadColumns = 1;
+
+void removeAllRows(QAbstractItemModel &table)
+{
+    if (const int count = table.rowCount(); count > 0)
+        table.removeRows(0, count);
+}
+
+} // namespace
+
+void MainWindow::cleanDMX()
+{
+    removeAllRows(*dmxmodel);
+}
+
+void MainWindow::cleanVDJ()
+{
+    removeAllRows(*vdjmodel);
+}
+
+void MainWindow::cleanMIDI()
+{
+    removeAllRows(*controllermodel);
+}
+
+bool MainWindow::isVDJempty()
+{
+    return Assignments::isEmpty(*vdjmodel);
+}
+
+bool MainWindow::isMIDIempty()
+{
+    return Assignments::isEmpty(*controllermodel);
+}
+
+void MainWindow::CheckChanged(int index, int /*to*/)
+{
+    const QModelIndex button = dmxmodel->index(index, 0);
+    dmxmodel->setData(button, 2, Qt::CheckStateRole);
+    noteCheck(button.data(ButtonRole).toInt(), "0");
+}
+
+void MainWindow::CheckChangedCon(int index, int to, int col)
+{
+    CheckChanged(index, to);
+    ui->tablecontroller->setFocus(Qt::OtherFocusReason);
+    ui->tablecontroller->setCurrentIndex(controllermodel->index(to, col));
+}
+
+void MainWindow::noteCheck(int button, const QString &check)
+{
+    if (button >= 0 && button < buttonlist.size())
+        buttonlist[button].insert("check", check);
+}
+
+void MainWindow::untick(int row)
+{
+    dmxmodel->setData(dmxmodel->index(row, 0), 0, Qt::CheckStateRole);
+}
+
+void MainWindow::untickIfGone(int button, const QAbstractItemModel &table, int columns)
+{
+    if (Assignments::holds(table, button, columns))
+        return;
+    for (int row = 0; row < dmxmodel->rowCount(); ++row) {
+        if (dmxmodel->index(row, 0).data(ButtonRole).toInt() == button) {
+            untick(row);
+            noteCheck(row, "0");
+        }
+    }
+}
+
+void MainWindow::untickAll()
+{
+    for (int row = 0; row < dmxmodel->rowCount(); ++row)
+        untick(row);
+}
+
+void MainWindow::dmxtoremove(int button)
+{
+    untickIfGone(button, *vdjmodel, TickedPadColumns);
+    ui->dmxlistview->setFocus();
+    ui->vdjlistview->setFocus();
+}
+
+void MainWindow::dmxtoremove2(int button)
+{
+    untickIfGone(button, *controllermodel, Grid::Size);
+    ui->dmxlistview->setFocus();
+    ui->tablecontroller->setFocus();
+}
+
+void MainWindow::dmxcheckchange(int index)
+{
+    const int button = dmxmodel->index(index, 0).data(ButtonRole).toInt();
+    for (int row = 0; row < vdjmodel->rowCount(); ++row) {
+        const QModelIndex pad = vdjmodel->index(row, 0);
+        if (pad.data(ButtonRole).toInt() != button)
+            continue;
+        Assignments::clearCell(*vdjmodel, pad, Assignments::padLabel(row), "#FFFFFF");
+        ui->vdjlistview->setFocus();
+        ui->vdjlistview->setCurrentIndex(pad);
+    }
+    for (int row = 0; row < controllermodel->rowCount(); ++row) {
+        for (int col = 0; col < controllermodel->columnCount(); ++col) {
+            const QModelIndex key = controllermodel->index(row, col);
+            if (key.data(ButtonRole).toInt() != button)
+                continue;
+            Assignments::clearCell(*controllermodel, key, getpadtext(row, col));
+            ui->tablecontroller->setFocus();
+            ui->tablecontroller->setCurrentIndex(key);
+        }
+    }
+    ui->dmxlistview->setFocus();
+    ui->dmxlistview->setCurrentIndex(dmxmodel->index(index, 0));
+}
+
+void MainWindow::ondeletevdjaction_triggered()
+{
+    for (const QModelIndex &pad : ui->vdjlistview->selectionModel()->selectedIndexes()) {
+        const int button = pad.data(ButtonRole).toInt();
+        Assignments::clearCell(*vdjmodel, pad, Assignments::padLabel(pad.row()));
+        untickIfGone(button, *vdjmodel, TickedPadColumns);
+    }
+    ui->dmxlistview->setFocus();
+    ui->vdjlistview->setFocus();
+}
+
+void MainWindow::ondeleteaction_triggered()
+{
+    for (const QModelIndex &key : ui->tablecontroller->selectionModel()->selectedIndexes())
+        clearKey(key);
+    ui->dmxlistview->setFocus();
+    ui->tablecontroller->setFocus();
+}
+
+void MainWindow::ondeletemidiaction_triggered(int row, int col)
+{
+    clearKey(controllermodel->index(row, col));
+    ui->dmxlistview->setFocus();
+    ui->tablecontroller->setFocus();
+}
+
+void MainWindow::clearKey(const QModelIndex &key)
+{
+    const int button = key.data(ButtonRole).toInt();
+    Assignments::clearCell(*controllermodel, key, getpadtext(key.row(), key.column()));
+    controllermodel->setData(key, "1", AvailableRole);
+    controllermodel->setData(key, "#ffffff", Qt::ForegroundRole);
+    untickIfGone(button, *controllermodel, Grid::Size);
+}
+
+void MainWindow::resetdmxlist()
+{
+    const QSet<QString> assigned = ui->radio_outputpage->isChecked()
+                                       ? Assignments::buttons(*vdjmodel, TickedPadColumns)
+                                       : Assignments::buttons(*controllermodel, Grid::Size);
+    for (int row = 0; row < dmxmodel->rowCount(); ++row) {
+        const QModelIndex index = dmxmodel->index(row, 0);
+        const QVariant button = index.data(ButtonRole);
+        const bool isAssigned = assigned.contains(button.toString());
+        dmxmodel->setData(index, isAssigned ? 2 : 0, Qt::CheckStateRole);
+        noteCheck(button.toInt(), isAssigned ? "1" : "0");
+    }
+    ui->dmxlistview->setCurrentIndex(dmxmodel->index(0, 0));
+}
+
+void MainWindow::focusOnFirstLiveButton()
+{
+    ui->dmxlistview->setCurrentIndex(dmxmodel->index(0, 0));
+    ui->dmxlistview->setFocus();
+}
+
+void MainWindow::on_cleanpads_button_clicked()
+{
+    cleanVDJ();
+    buildPads();
+    untickAll();
+    ui->bankcombo->setCurrentIndex(0);
+    ui->bankname->setText(banklist.value(0));
+    focusOnFirstLiveButton();
+}
+
+void MainWindow::on_cleanmidi_button_clicked()
+{
+    cleanMIDI();
+    buildGrid();
+    untickAll();
+    focusOnFirstLiveButton();
+}

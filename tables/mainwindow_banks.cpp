@@ -1,0 +1,57 @@
+#include "app/mainwindow.h"
+
+#include "app/viewhelpers.h"
+#include "tables/vdjmodel.h"
+#include "ui_mainwindow.h"
+
+void MainWindow::updatebankcombo()
+{
+    ui->bankcombo->clear();
+    for (int bank = 1; bank <= 8; ++bank)
+        ui->bankcombo->addItem(QString::number(bank));
+    setTallRows(*ui->bankcombo);
+}
+
+void MainWindow::showbank(int index)
+{
+    showBankRows(index);
+    ui->bankname->setText(banklist.value(index));
+}
+
+void MainWindow::showBankRows(int bank)
+{
+    filterRows(*ui->vdjlistview, [bank](int row) { return row / 8 == bank; });
+}
+
+void MainWindow::on_bankcombo_currentIndexChanged(int index)
+{
+    showbank(index);
+}
+
+void MainWindow::on_bankname_editingFinished()
+{
+    const int bank = ui->bankcombo->currentIndex();
+    if (bank < 0)
+        return;
+    while (banklist.size() <= bank) // a project may have brought fewer names
+        banklist.append(QString());
+    banklist[bank] = ui->bankname->text();
+}
+
+void MainWindow::on_padsname_editingFinished()
+{
+    if (ui->padsname->text().isEmpty())
+        ui->padsname->setText("OS2L DMX");
+}
+
+void MainWindow::on_radioButton_8pads_clicked(bool checked)
+{
+    if (checked)
+        ui->vdjlistview->hideColumn(1);
+}
+
+void MainWindow::on_radioButton_16pads_clicked(bool checked)
+{
+    if (checked)
+        ui->vdjlistview->showColumn(1);
+}

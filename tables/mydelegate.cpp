@@ -1,0 +1,57 @@
+#include "tables/mydelegate.h"
+
+#include "tables/roles.h"
+
+#include <QPainter>
+
+namespace {
+
+bool isPlain(const QModelIndex &index)
+{
+    const bool isBandEnd = (index.row() == 0 && index.column() == 11)
+                           || (index.row() == 11 && (index.column() == 0 || index.column() == 11));
+    return isBandEnd || index.data(AvailableRole).toString() == QLatin1String("0");
+}
+
+QColor backgroundOf(QStyle::State state)
+{
+    if (state & QStyle::State_Selected)
+        return QColor("#404040");
+    return state & QStyle::State_MouseOver ? QColor("#202020") : QColor(Qt::black);
+}
+
+void paintSwatch(QPainter &painter, const QRect &cell, const QColor &color)
+{
+    constexpr int LastPixel = 14;
+    const int top = cell.top() + (cell.bottom() - cell.top() - LastPixel) / 2;
+    painter.fillRect(
+        QRect(QPoint(cell.left() + 5, top), QPoint(cell.left() + 5 + LastPixel, top + LastPixel)), color);
+}
+
+void paintText(QPainter &painter, const QRect &cell, const QColor &color, const QString &text)
+{
+    QPen pen(color);
+    pen.setWidth(2);
+    painter.setPen(pen);
+    painter.drawText(QRect(QPoint(cell.left() + 25, cell.top()), QPoint(cell.right() - 5, cell.bottom())),
+                     Qt::AlignLeft | Qt::AlignVCenter, text);
+}
+
+} // namespace
+
+Mydelegate::Mydelegate(QObject *parent) : QStyledItemDelegate(parent) {}
+
+void Mydelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const QString name = index.data(Qt::EditRole).toString();
+    painter->save();
+    if (isPlain(index)) {
+        painter->fillRect(option.rect, QColor("#303030"));
+        paintText(*painter, option.rect, QColor("#909090"), name);
+    } else {
+        painter->fillRect(option.rect, backgroundOf(option.state));
+        paintSwatch(*painter, option.rect, QColor(index.data(Qt::DecorationRole).toString()));
+        paintText(*painter, option.rect, Qt::white, name);
+    }
+    painter->restore();
+}
