@@ -1,0 +1,41 @@
+#pragma once
+
+#include "tables/record.h"
+
+#include <QList>
+
+/** The live pages and Live Buttons of a show. */
+struct LiveShow
+{
+    /**
+     * Page records; a page's position is its number. Entry 0 is "All Pages", which stands in no file.
+     * "pageid" is the page's number and "name" its name; all other keys of the file are kept.
+     */
+    QList<Record> pages;
+    /**
+     * Button records in running order. "buttonid" is the position in this list, from 0; "pageid" the
+     * page's number, "check" is "0", "color" a colour text, "title" the label; all other keys of the
+     * file are kept. A key of the file replaces "pageid" and "check".
+     */
+    QList<Record> buttons;
+};
+
+/**
+ * Reads a show's settings file.
+ *
+ * A group that the file counts and does not hold still gives a record, up to a hundred thousand such
+ * records for one show; groups that the file holds are all read.
+ *
+ * @param path  full path of live.ini, an INI file as QSettings reads it
+ * @return      pages and buttons; what the file lacks is empty. Never fails: an unreadable file is a show
+ *              with the "All Pages" entry alone.
+ */
+LiveShow readLiveShow(const QString &path);
+
+/**
+ * Makes a colour text from hexadecimal digits.
+ *
+ * @param digits  digits of red, green and blue; not checked
+ * @return        a hash and the digits, filled up with zeros on the left to six; "#ffffff" for an empty text
+ */
+QString colorText(const QString &digits);

@@ -1,0 +1,73 @@
+#include "app/mainwindow.h"
+
+#include "app/messagebox.h"
+#include "show/liveshow.h"
+#include "ui_mainwindow.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+
+void MainWindow::on_loadini_clicked()
+{
+    if (holdsWork()) {
+        const auto answer = MessageBox::ask(
+            msgstyle, "Are you sure you want to open a new Show \nbefore saving current Project ?", {},
+            QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
+        if (answer == QMessageBox::Cancel)
+            return;
+        if (answer == QMessageBox::Save)
+            on_actionSave_2_triggered();
+    }
+    loadshow();
+}
+
+void MainWindow::on_actionNew_triggered()
+{
+    on_loadini_clicked();
+}
+
+bool MainWindow::loadshow()
+{
+    const QString folder = QFileDialog::getExistingDirectory(
+        this, "Select a Show", homepath + "/TheLightingController/LightShows", QFileDialog::ShowDirsOnly);
+    if (folder.isEmpty())
+        return false;
+
+    const QString settings = folder + "/Live/live.ini";
+    if (!QFile::exists(settings)) {
+        QMessageBox box(QMessageBox::Warning, "Zarvex",
+                        "LightShow Settings file not found. Please select a different LightShow Folder");
+        box.exec();
+        return false;
+    }
+    showname = QDir(folder).dirName();
+    loadshowname(settings);
+    return true;
+}
+
+bool MainWindow::loadshowname(const QString &path)
+{
+    if (!QFile(path).open(QIODevice::ReadOnly | QIODevice::Text))
+        return false;
+
+    switchkey = {-1, -1};
+    cleanDMX();
+    cleanVDJ();
+    cleanMIDI();
+    initpadlist();
+    nameBanks();
+    ui->bankname->setText(banklist.first());
+    ui->padsname->setText("OS2L DMX");
+    ui->combobox->clear();
+
+    const LiveShow show = readLiveShow(path);
+    pagelist = show.pages;
+    buttonlist = show.buttons;
+    initlist();
+    updatecombo();
+
+    showfile = path;
+    setWindowTitle("Zarvex - " + showname);
+    return true;
+}
