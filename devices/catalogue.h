@@ -1,0 +1,27 @@
+#pragma once
+
+#include "tables/record.h"
+
+#include <QList>
+
+/** A pad controller of the catalogue and the mappers that come with it. */
+struct CatalogueEntry
+{
+    /**
+     * Device record: "device" is the identifier that VirtualDJ knows, "name" the label shown to the user,
+     * "path" the layout file; "fullrgb", "colors", "off", "on", "top", "left", "right", "bottom" and
+     * "faders" are attributes of the layout, empty where it has none.
+     */
+    Record device;
+    /** Mapper records of "device", "name" and "path": the simple OS2L mapping, then the factory mapper. */
+    QList<Record> mappers;
+};
+
+/**
+ * Reads the layouts of all pad controllers in a folder, in file name order.
+ *
+ * @param folder  path of a folder of layout and mapper files, with no slash at the end; every "layout"
+ *                element of an XML file in it gives one entry
+ * @return        the entries; a file that cannot be read or is not well-formed has none
+ */
+QList<CatalogueEntry> readCatalogue(const QString &folder);
