@@ -1,0 +1,170 @@
+#include "app/mainwindow.h"
+
+#include "app/messagebox.h"
+#include "ui_mainwindow.h"
+
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QUrl>
+
+namespace {
+
+bool confirmLeaving(const QString &styleSheet)
+{
+    return MessageBox::ask(styleSheet, "Project is not empty.", "Are you sure you want to exit ?",
+                           QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel)
+           != QMessageBox::Cancel;
+}
+
+} // namespace
+
+bool MainWindow::isShowLoaded() const
+{
+    return !showname.isEmpty();
+}
+
+bool MainWindow::isCurrentTableEmpty()
+{
+    return ui->radio_outputpage->isChecked() ? isVDJempty() : isMIDIempty();
+}
+
+bool MainWindow::holdsWork()
+{
+    return isShowLoaded() && !isCurrentTableEmpty();
+}
+
+void MainWindow::showPadsPanels()
+{
+    ui->groupBox_pads->show();
+    ui->groupBox_midis->hide();
+    ui->groupBox_controller->hide();
+    ui->groupBox->setGeometry(290, 30, 341, 51);
+    setFixedWidth(650);
+}
+
+void MainWindow::showDevicePanels(int windowWidth)
+{
+    ui->groupBox_pads->hide();
+    ui->groupBox_midis->show();
+    ui->groupBox_controller->show();
+    ui->groupBox->setGeometry(290, 30, 1071, 51);
+    setFixedWidth(windowWidth);
+}
+
+void MainWindow::on_radio_outputpage_clicked()
+{
+    resetdmxlist();
+    if (ui->radio_outputpage->isChecked()) {
+        showPadsPanels();
+        ui->label_padname->setText("Pads Page");
+    } else {
+        showDevicePanels(1365);
+        ui->label_padname->setText("MIDI Mapping");
+    }
+}
+
+void MainWindow::on_radio_outputmidi_clicked()
+{
+    resetdmxlist();
+    if (ui->radio_outputmidi->isChecked()) {
+        showDevicePanels(1366);
+        ui->label_padname->setText("MIDI Mapping");
+    } else {
+        showPadsPanels();
+        ui->label_padname->setText("Pads Page");
+    }
+}
+
+void MainWindow::on_actionNew_2_triggered()
+{
+    cleanMIDI();
+    cleanVDJ();
+    initpadlist();
+    untickAll();
+    focusOnFirstLiveButton();
+}
+
+void MainWindow::on_actionLoad_Project_triggered()
+{
+    if (holdsWork()) {
+        const auto answer =
+            MessageBox::ask(msgstyle, "Are you sure you want to load a Project before saving current ?", {},
+                            QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
+        if (answer == QMessageBox::Cancel)
+            return;
+        if (answer == QMessageBox::Save)
+            on_actionSave_2_triggered();
+    }
+    if (!loadproject())
+        MessageBox::notice(msgstyle, "Failed to load the Project's Show.");
+}
+
+void MainWindow::on_actionSave_2_triggered()
+{
+    if (!isShowLoaded()) {
+        MessageBox::notice(msgstyle, "Nothing to Save. Load a Show");
+        return;
+    }
+    if (isCurrentTableEmpty()) {
+        MessageBox::notice(msgstyle, "Nothing to Save. Pads are empty");
+        return;
+    }
+
+    const QString path = QFileDialog::getSaveFileName(this, "Save your Zarvex Project", projectpath,
+                                                      "Zarvex Projects (*.zarvex)", nullptr,
+                                                      QFileDialog::DontConfirmOverwrite);
+    if (path.isEmpty())
+        return;
+    if (QFile::exists(path)
+        && !MessageBox::confirmOverwrite(msgstyle,
+                                         "Project " + QFileInfo(path).baseName() + " already exists."))
+        return;
+
+    if (ui->radio_outputpage->isChecked())
+        savepadsproject(path);
+    else
+        savemidiproject(path);
+}
+
+void MainWindow::on_actionAbout_triggered() {}
+
+void MainWindow::on_actionExport_triggered()
+{
+    if (!isShowLoaded())
+        MessageBox::notice(msgstyle, "Nothing to Export. Load a Show");
+    else if (isCurrentTableEmpty())
+        MessageBox::notice(msgstyle, "Nothing to Export. Pads are empty");
+    else if (ui->radio_outputpage->isChecked())
+        exportpage();
+    else
+        exportmapping();
+}
+
+void MainWindow::on_pushButton_2_clicked()
+{
+    on_actionExport_triggered();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(!holdsWork() || confirmLeaving(msgstyle));
+}
+
+void MainWindow::on_actionExit_triggered()
+{
+    if (holdsWork() && !confirmLeaving(msgstyle))
+        return;
+    showname.clear(); // so that closing asks no second time
+    close();
+}
+
+void MainWindow::on_actionManual_triggered()
+{
+    const QString manual = apppath + "/Manual.pdf";
+    if (!QFile::exists(manual))
+        QFile::copy(":/icons/Images/Manual.pdf", manual);
+    QDesktopServices::openUrl(QUrl::fromLocalFile(manual));
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QComboBox>
+#include <QSize>
+#include <QTableView>
+
+/** Makes all rows of a combo box's popup 25 pixels high. */
+inline void setTallRows(QComboBox &combo)
+{
+    for (int row = 0; row < combo.count(); ++row)
+        combo.setItemData(row, QSize(25, 25), Qt::SizeHintRole);
+}
+
+/**
+ * Shows the rows of a table that match and hides the others.
+ *
+ * The view's updates are off meanwhile: with them on, every row would be placed anew for every change.
+ *
+ * @param isShown  tells for a row number whether the row is to be seen
+ */
+template<typename Predicate>
+void filterRows(QTableView &view, Predicate isShown)
+{
+    const bool updates = view.updatesEnabled();
+    view.setUpdatesEnabled(false);
+    for (int row = 0; row < view.model()->rowCount(); ++row)
+        view.setRowHidden(row, !isShown(row));
+    view.setUpdatesEnabled(updates);
+}
