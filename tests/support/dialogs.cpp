@@ -1,0 +1,114 @@
+#include "support/dialogs.h"
+
+#include "app/stylesheets.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+
+ExpectedDialogs::ExpectedDialogs()
+{
+    connect(&m_timer, &QTimer::timeout, this, &ExpectedDialogs::look);
+    m_timer.start(0);
+}
+
+void ExpectedDialogs::expect(const Box &box)
+{
+    m_expected.enqueue({true, box, {}});
+}
+
+void ExpectedDialogs::expect(const File &file)
+{
+    m_expected.enqueue({false, {}, file});
+}
+
+QString ExpectedDialogs::faults() const
+{
+    QStringList faults = m_faults;
+    for (const Expected &expected : m_expected)
+        faults += "never came: " + (expected.isBox ? expected.box.text : expected.file.caption);
+    return faults.join("; ");
+}
+
+void ExpectedDialogs::complain(const QString &what)
+{
+    m_faults += what;
+}
+
+void ExpectedDialogs::look()
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    if (!modal || !modal->isVisible())
+        return;
+    auto *dialog = qobject_cast<QDialog *>(modal);
+    auto *box = qobject_cast<QMessageBox *>(modal);
+    auto *fileDialog = qobject_cast<QFileDialog *>(modal);
+
+    const bool isExpected =
+        !m_expected.isEmpty() && (m_expected.head().isBox ? box != nullptr : fileDialog != nullptr);
+    if (!isExpected) {
+        complain("not expected: " + (box ? box->text() : modal->windowTitle()));
+        if (dialog)
+            dialog->reject();
+        else
+            modal->close();
+        return;
+    }
+    if (box)
+        answer(*box);
+    else
+        answer(*fileDialog);
+}
+
+void ExpectedDialogs::answer(QMessageBox &box)
+{
+    const Box expected = m_expected.dequeue().box;
+    if (box.text() != expected.text)
+        complain("text \"" + box.text() + "\" instead of \"" + expected.text + "\"");
+    if (box.informativeText() != expected.informative)
+        complain("informative text \"" + box.informativeText() + "\" instead of \"" + expected.informative
+                 + "\"");
+    if (box.standardButtons() != expected.buttons)
+        complain("other buttons on: " + box.text());
+    if (box.standardButton(box.defaultButton()) != expected.defaultButton)
+        complain("other default button on: " + box.text());
+    if (box.windowTitle() != expected.title)
+        complain("title \"" + box.windowTitle() + "\" on: " + box.text());
+    if (box.icon() != expected.icon)
+        complain("other icon on: " + box.text());
+    if (box.parentWidget())
+        complain("a parent on: " + box.text());
+    if (box.styleSheet() != QString(expected.isStyled ? StyleSheet::messageBox : ""))
+        complain("other style sheet on: " + box.text());
+
+    if (QAbstractButton *button = box.button(expected.answer))
+        button->click();
+    else
+        box.reject();
+}
+
+void ExpectedDialogs::answer(QFileDialog &dialog)
+{
+    const File expected = m_expected.dequeue().file;
+    if (dialog.windowTitle() != expected.caption)
+        complain("caption \"" + dialog.windowTitle() + "\" instead of \"" + expected.caption + "\"");
+    if (!expected.folder.isEmpty() && dialog.directory().absolutePath() != expected.folder)
+        complain("starts in " + dialog.directory().absolutePath() + " instead of " + expected.folder);
+    if (!expected.nameFilters.isEmpty() && dialog.nameFilters() != expected.nameFilters)
+        complain("filters " + dialog.nameFilters().join(", "));
+
+    if (expected.path.isEmpty()) {
+        dialog.reject();
+        return;
+    }
+    auto *name = dialog.findChild<QLineEdit *>("fileNameEdit");
+    if (!name) {
+        complain("no name field on: " + dialog.windowTitle());
+        dialog.reject();
+        return;
+    }
+    name->setText(QDir::toNativeSeparators(expected.path));
+    static_cast<QDialog &>(dialog).accept();
+}

@@ -1,0 +1,125 @@
+#pragma once
+
+#include "app/mainwindow.h"
+#include "support/dialogs.h"
+#include "tables/roles.h"
+
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+class QAction;
+
+/**
+ * A fresh home folder with a program in it, reached as its users and the meta-object reach it: by object
+ * names, slot names and roles.
+ *
+ * The home folder is a temporary one with Documents/VirtualDJ/Pads and Mappers in it; XDG user folders
+ * point into it. Declare one for each test function.
+ */
+class Workspace final
+{
+public:
+    Workspace();
+    ~Workspace();
+
+    /** The window; built at the first call and shown. */
+    MainWindow &window();
+    /** Home folder, with no slash at its end. */
+    QString home() const { return m_home.path(); }
+    QString documents() const { return home() + "/Documents"; }
+    QString padsFolder() const { return documents() + "/VirtualDJ/Pads"; }
+
+    /** A child of the window by object name; fails loudly (null) where it is missing. */
+    template<typename T>
+    T *find(const char *name)
+    {
+        T *child = window().findChild<T *>(name);
+        if (!child)
+            qFatal("no %s named %s", T::staticMetaObject.className(), name);
+        return child;
+    }
+
+    QTableView *dmxView() { return find<QTableView>("dmxlistview"); }
+    QTableView *padsView() { return find<QTableView>("vdjlistview"); }
+    QTableView *gridView() { return find<QTableView>("tablecontroller"); }
+    QAbstractItemModel *dmx() { return dmxView()->model(); }
+    QAbstractItemModel *pads() { return padsView()->model(); }
+    QAbstractItemModel *grid() { return gridView()->model(); }
+
+    /** Calls a slot without result by name, in any access. False where there is no such slot. */
+    template<typename... Args>
+    bool call(const char *slot, Args... args)
+    {
+        return QMetaObject::invokeMethod(&window(), slot, Qt::DirectConnection, argument(args)...);
+    }
+
+    /** Calls a slot with a result by name, in any access; aborts the test where there is no such slot. */
+    template<typename Result, typename... Args>
+    Result ask(const char *slot, Args... args)
+    {
+        Result result{};
+        if (!QMetaObject::invokeMethod(&window(), slot, Qt::DirectConnection,
+                                       QReturnArgument<Result>(typeName(result), result), argument(args)...))
+            qFatal("no slot %s", slot);
+        return result;
+    }
+
+    /**
+     * Writes a show folder "<home>/<name>/Live/live.ini".
+     *
+     * @param ini  content of live.ini
+     * @return     path of the show folder
+     */
+    QString writeShow(const QString &name, const QByteArray &ini);
+
+    /**
+     * A show's live.ini with the given number of buttons on each page; button M of page N has the title
+     * "N-M", and its colour is the running button number times 1000.
+     */
+    static QByteArray iniWith(const QList<int> &buttonsOnPages);
+
+    /** Loads a show through "Load DMX Show" and the folder dialog; false where something went wrong. */
+    bool load(const QString &folder);
+
+    /** Writes a show of two pages with eight buttons each, named "Show", and loads it. */
+    bool loadSomeShow();
+
+    /** Clicks a push button or radio button by name; false where it is disabled or hidden. */
+    bool click(const char *button);
+
+    /** Triggers an action by name. */
+    void trigger(const char *action);
+
+    /**
+     * Drags one cell and drops it in the middle of another, through the views' own events (drag enter,
+     * move, drop on the viewport), so that flags count.
+     *
+     * @return whether the view took the drop
+     */
+    bool drag(const QModelIndex &from, QTableView *onto, const QModelIndex &target);
+
+    /** Drops data at a point of a view's viewport through its own events; whether the view took it. */
+    static bool drop(const QMimeData *data, QTableView *onto, const QPoint &point);
+
+    /** Whether the Live Button in a row has its tick. */
+    bool isTicked(int row);
+    /** The rows that are ticked, rising. */
+    QList<int> ticked();
+
+    ExpectedDialogs dialogs;
+
+private:
+    static QGenericArgument argument(const int &value) { return Q_ARG(int, value); }
+    static QGenericArgument argument(const bool &value) { return Q_ARG(bool, value); }
+    static QGenericArgument argument(const QString &value) { return Q_ARG(QString, value); }
+    static QGenericArgument argument(const QPoint &value) { return Q_ARG(QPoint, value); }
+    static const char *typeName(const int &) { return "int"; }
+    static const char *typeName(const bool &) { return "bool"; }
+    static const char *typeName(const QString &) { return "QString"; }
+
+    QTemporaryDir m_home;
+    std::unique_ptr<MainWindow> m_window;
+};
