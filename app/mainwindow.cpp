@@ -27,6 +27,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     ui->radio_outputpage->setChecked(true);
     showPadsPanels();
     setstyles();
+    uncoverColorsLabel();
     connectSignals();
     nameBanks();
     ui->bankname->setText(banklist.first());
@@ -86,6 +87,7 @@ void MainWindow::setUpGridView()
     ui->tablecontroller->setDropIndicatorShown(true);
     ui->tablecontroller->setDefaultDropAction(Qt::CopyAction);
     ui->tablecontroller->verticalHeader()->setMinimumSectionSize(5);
+    ui->tablecontroller->horizontalHeader()->setMinimumSectionSize(5); // else styles widen the gaps
     ui->tablecontroller->setItemDelegate(delegate);
     ui->tablecontroller->setMouseTracking(true);
 }
@@ -99,6 +101,12 @@ void MainWindow::setUpLiveButtonsView()
     ui->dmxlistview->setDefaultDropAction(Qt::CopyAction);
     ui->dmxlistview->horizontalHeader()->setStretchLastSection(true);
     ui->dmxlistview->setSelectionMode(QAbstractItemView::SingleSelection);
+}
+
+/** The frame of the default colours lies over the end of the label beside it, where it is empty itself. */
+void MainWindow::uncoverColorsLabel()
+{
+    ui->groupBox_colors->setMask(ui->groupBox_colors->childrenRegion());
 }
 
 void MainWindow::connectSignals()

@@ -132,6 +132,7 @@ private:
     void setUpPadsView();
     void setUpGridView();
     void setUpLiveButtonsView();
+    void uncoverColorsLabel();
     void connectSignals();
     void nameBanks();
     void makeFolders();
