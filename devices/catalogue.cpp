@@ -1,30 +1,52 @@
 #include "devices/catalogue.h"
 
 #include <QDir>
-#include <QDomDocument>
+#include <QXmlStreamReader>
 
 namespace {
 
-Record readDevice(const QDomElement &layout, const QString &path, const QString &baseName)
+/** The attributes of all "layout" elements of a file; none if it cannot be read or is not well-formed. */
+QList<QXmlStreamAttributes> readLayouts(const QString &path)
 {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray content = file.readAll();
+    // The factory mappers lie in the same folder, are long, and hold no layout.
+    if (!content.contains("<layout"))
+        return {};
+
+    QList<QXmlStreamAttributes> layouts;
+    QXmlStreamReader xml(content);
+    xml.setNamespaceProcessing(false);
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::StartElement && xml.qualifiedName() == "layout")
+            layouts.append(xml.attributes());
+    }
+    return xml.hasError() ? QList<QXmlStreamAttributes>() : layouts;
+}
+
+Record readDevice(const QXmlStreamAttributes &layout, const QString &path, const QString &baseName)
+{
+    const auto text = [&layout](const char *attribute) {
+        return layout.value(QLatin1String(attribute)).toString();
+    };
     Record device = {
-        {"device", layout.attribute("name")},
-        {"name", baseName},
-        {"path", path},
-        {"off", layout.attribute("coloroff")},
-        {"on", layout.attribute("coloron")},
+        {"device", text("name")},  {"name", baseName},      {"path", path},
+        {"off", text("coloroff")}, {"on", text("coloron")},
     };
     for (const char *attribute : {"fullrgb", "colors", "top", "left", "right", "bottom", "faders"})
-        device.insert(attribute, layout.attribute(attribute));
+        device.insert(attribute, text(attribute));
     return device;
 }
 
-CatalogueEntry readEntry(const QDomElement &layout, const QString &folder, const QString &baseName)
+CatalogueEntry readEntry(const QXmlStreamAttributes &layout, const QString &folder, const QString &baseName)
 {
-    const QString identifier = layout.attribute("name");
+    const Record device = readDevice(layout, folder + "/" + baseName + ".xml", baseName);
+    const QString identifier = device.value("device");
     const QString mapping = folder + "/" + baseName + " mapping.xml";
     // Both mappers point at the one factory file; the first of the two is known by its position.
-    return {readDevice(layout, folder + "/" + baseName + ".xml", baseName),
+    return {device,
             {{{"device", identifier}, {"name", "Simple OS2L mapping"}, {"path", mapping}},
              {{"device", identifier}, {"name", baseName + " mapping (factory)"}, {"path", mapping}}}};
 }
@@ -35,16 +57,8 @@ QList<CatalogueEntry> readCatalogue(const QString &folder)
 {
     QList<CatalogueEntry> entries;
     for (const QFileInfo &info : QDir(folder).entryInfoList({"*.xml"})) {
-        QFile file(info.filePath());
-        if (!file.open(QIODevice::ReadOnly))
-            continue;
-        QDomDocument document;
-        // After a failed parse the document keeps what stood in front of the error.
-        if (!document.setContent(&file))
-            continue;
-        const QDomNodeList layouts = document.elementsByTagName("layout");
-        for (int i = 0; i < layouts.count(); ++i)
-            entries.append(readEntry(layouts.at(i).toElement(), folder, info.baseName()));
+        for (const QXmlStreamAttributes &layout : readLayouts(info.filePath()))
+            entries.append(readEntry(layout, folder, info.baseName()));
     }
     return entries;
 }
