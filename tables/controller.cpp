@@ -150,6 +150,12 @@ QMimeData *Controller::mimeData(const QModelIndexList &indexes) const
     return createDragData(indexes, fields);
 }
 
+bool Controller::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                                 const QModelIndex &parent) const
+{
+    return parent.isValid() && QAbstractTableModel::canDropMimeData(data, action, row, column, parent);
+}
+
 bool Controller::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*row*/, int /*column*/,
                               const QModelIndex &to)
 {
@@ -236,13 +242,13 @@ Qt::DropActions Controller::supportedDragActions() const
 bool Controller::insertRows(int position, int count, const QModelIndex & /*parent*/)
 {
     static const Record blank = {
-        {QStringLiteral("name"), QString()},
-        {QStringLiteral("dspname"), QString()},
+        {QStringLiteral("name"), QStringLiteral("")},
+        {QStringLiteral("dspname"), QStringLiteral("")},
         {QStringLiteral("id"), QStringLiteral("-1")},
         {QStringLiteral("avail"), QStringLiteral("1")},
         {QStringLiteral("color"), QStringLiteral("#000000")},
-        {QStringLiteral("coloroff"), QString()},
-        {QStringLiteral("coloron"), QString()},
+        {QStringLiteral("coloroff"), QStringLiteral("")},
+        {QStringLiteral("coloron"), QStringLiteral("")},
         {QStringLiteral("blink"), QStringLiteral("0")},
         {QStringLiteral("textcolor"), QStringLiteral("#ffffff")},
         {QStringLiteral("pagenr"), QStringLiteral("0")},
@@ -293,11 +299,11 @@ QString Controller::celltext(int row, int col) const
     };
 
     if (row == 0)
-        return col == 0 || col == 10 ? QString() : numbered("TOP ", qint64(col) - 1);
+        return col == 0 || col == 10 ? QStringLiteral("") : numbered("TOP ", qint64(col) - 1);
     if (row == 11)
-        return col == 0 || col == 10 ? QString() : numbered("BOTTOM ", qint64(col) - 1);
+        return col == 0 || col == 10 ? QStringLiteral("") : numbered("BOTTOM ", qint64(col) - 1);
     if (row == 1 || row == 10 || col == 1 || col == 10)
-        return {};
+        return QStringLiteral("");
     if (col == 0)
         return numbered("LEFT ", qint64(row) - 1);
     if (col == 11)

@@ -43,6 +43,9 @@ public:
     QStringList mimeTypes() const override;
     /** A DragPayload record of 11 texts for each index, marked as coming from this table. */
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    /** Whether the data may be dropped on the parent; never on the lines between keys. */
+    bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                         const QModelIndex &parent) const override;
     /**
      * Overwrites the parent's key from the first record of a drag.
      *
