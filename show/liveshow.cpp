@@ -1,8 +1,13 @@
 #include "show/liveshow.h"
 
+#include <QHash>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QStringList>
 #include <QVariant>
+#include <QVector>
+
+#include <algorithm>
 
 namespace {
 
@@ -19,7 +24,7 @@ QString colorOf(const QVariant &value)
     return colorText(QString::number(value.toInt(), 16).toUpper());
 }
 
-/** Reads a show group by group, keeping count of the groups that are missing from the file. */
+/** Reads a show group by group. */
 class ShowReader final
 {
 public:
@@ -30,61 +35,92 @@ public:
         LiveShow show;
         show.pages.append({{"pageid", "0"}, {"name", "All Pages"}});
         const int pages = m_settings.value("page/number", 0).toInt();
-        for (int number = 1; number <= pages && readPage(number, show); ++number) {
-        }
-        for (int number = 1; number < show.pages.size(); ++number)
-            readButtons(number, show);
+        forEachNumber("page", pages, [&](const QString &number) { readPage(number, show); });
+        for (int position = 1; position < show.pages.size(); ++position)
+            readButtons(position, show);
         return show;
     }
 
 private:
-    bool readPage(int number, LiveShow &show)
+    void readPage(const QString &number, LiveShow &show)
     {
-        const QString text = QString::number(number);
-        Record page = {{"pageid", text}};
-        const bool readOn = enter("page" + text);
-        for (const QString &key : m_keys)
+        Record page = {{"pageid", number}};
+        enter("page" + number);
+        for (const QString &key : qAsConst(m_keys))
             page.insert(key, textOf(m_settings.value(key)));
         m_settings.endGroup();
-        if (readOn)
-            show.pages.append(page);
-        return readOn;
+        show.pages.append(page);
     }
 
-    void readButtons(int number, LiveShow &show)
+    void readButtons(int position, LiveShow &show)
     {
-        const Record page = show.pages.at(number);
+        const Record page = show.pages.at(position);
         const QString prefix = "page" + page.value("pageid") + "_button";
-        const int buttons = page.value("nb_buttons").toInt();
-        for (int button = 1; button <= buttons && readButton(number, prefix, button, show); ++button) {
-        }
+        const QString pageNumber = QString::number(position);
+        forEachNumber(prefix, page.value("nb_buttons").toInt(),
+                      [&](const QString &number) { readButton(prefix + number, pageNumber, show); });
     }
 
-    bool readButton(int page, const QString &prefix, int number, LiveShow &show)
+    void readButton(const QString &group, const QString &page, LiveShow &show)
     {
-        Record button = {{"pageid", QString::number(page)}, {"check", "0"}};
-        const bool readOn = enter(prefix + QString::number(number));
-        for (const QString &key : m_keys) {
+        Record button = {{"pageid", page}, {"check", "0"}};
+        enter(group);
+        for (const QString &key : qAsConst(m_keys)) {
             const QVariant value = m_settings.value(key);
             button.insert(key, key == QLatin1String("color") ? colorOf(value) : textOf(value));
         }
         m_settings.endGroup();
-        if (!readOn)
-            return false;
-
         if (button.value("color").isEmpty())
             button.insert("color", "#ffffff");
         button.insert("buttonid", QString::number(show.buttons.size()));
         show.buttons.append(button);
-        return true;
     }
 
-    /** Enters a group; false when the file counts more missing groups than any show can have. */
-    bool enter(const QString &group)
+    void enter(const QString &group)
     {
         m_settings.beginGroup(group);
         m_keys = m_settings.childKeys();
-        return !m_keys.isEmpty() || ++m_missing <= MostMissing;
+        if (m_keys.isEmpty())
+            ++m_missing;
+    }
+
+    /**
+     * Calls read for the numbers from 1 to count; once more groups were missing than any show can have, only
+     * for those of them that the file holds behind the prefix.
+     */
+    template<typename Read>
+    void forEachNumber(const QString &prefix, int count, Read read)
+    {
+        for (qint64 number = 1; number <= count; ++number) {
+            if (m_missing >= MostMissing) {
+                number = nextHeld(prefix, number);
+                if (number < 0 || number > count)
+                    return;
+            }
+            read(QString::number(number));
+        }
+    }
+
+    /** The smallest number, from the given one on, that the file holds a group of; -1 if there is none. */
+    qint64 nextHeld(const QString &prefix, qint64 from)
+    {
+        if (m_held.isEmpty())
+            findHeldNumbers();
+        const QVector<qint64> numbers = m_held.value(prefix);
+        const auto next = std::lower_bound(numbers.cbegin(), numbers.cend(), from);
+        return next == numbers.cend() ? -1 : *next;
+    }
+
+    void findHeldNumbers()
+    {
+        static const QRegularExpression numbered("^(.*?)([1-9][0-9]{0,9})$");
+        for (const QString &group : m_settings.childGroups()) {
+            const auto match = numbered.match(group);
+            if (match.hasMatch())
+                m_held[match.captured(1)].append(match.captured(2).toLongLong());
+        }
+        for (QVector<qint64> &numbers : m_held)
+            std::sort(numbers.begin(), numbers.end());
     }
 
     static constexpr int MostMissing = 100000;
@@ -92,6 +128,7 @@ private:
     QSettings m_settings;
     QStringList m_keys;
     int m_missing = 0;
+    QHash<QString, QVector<qint64>> m_held;
 };
 
 } // namespace

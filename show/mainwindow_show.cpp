@@ -38,6 +38,8 @@ bool MainWindow::loadshow()
     if (!QFile::exists(settings)) {
         QMessageBox box(QMessageBox::Warning, "Zarvex",
                         "LightShow Settings file not found. Please select a different LightShow Folder");
+        box.setStandardButtons(QMessageBox::Ok);
+        box.setDefaultButton(QMessageBox::Ok);
         box.exec();
         return false;
     }
