@@ -29,10 +29,12 @@ QString escapeScript(QString text)
 
 QString unwrapScript(const QString &script)
 {
-    const QString escaped = escapeScript(script);
-    if (escaped == QLatin1String("toggle &apos;$os2l&apos;"))
+    const QLatin1String toggle("toggle &apos;$os2l&apos;");
+    const QLatin1String condition("var &apos;$os2l&apos;");
+    // Escaping makes a text longer, never shorter, so a beginning as long as these tells.
+    if (script.size() <= toggle.size() && escapeScript(script) == toggle)
         return {};
-    if (!escaped.startsWith(QLatin1String("var &apos;$os2l&apos;")))
+    if (!escapeScript(script.left(condition.size())).startsWith(condition))
         return script;
 
     QStringView rest = behindFirst(script, Question);
