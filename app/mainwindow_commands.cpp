@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/messagebox.h"
+#include "app/viewhelpers.h"
 #include "ui_mainwindow.h"
 
 #include <QCloseEvent>
@@ -38,7 +39,7 @@ bool MainWindow::holdsWork()
 
 void MainWindow::showPadsPanels()
 {
-    ui->groupBox_pads->show();
+    setShown(*ui->groupBox_pads, true);
     ui->groupBox_midis->hide();
     ui->groupBox_controller->hide();
     ui->groupBox->setGeometry(290, 30, 341, 51);

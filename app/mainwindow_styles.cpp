@@ -7,6 +7,9 @@
 
 void MainWindow::setstyles()
 {
+    // First of all, since it would style every widget anew that has a sheet of its own by then.
+    ui->centralWidget->setStyleSheet(StyleSheet::centralWidget);
+
     for (QWidget *combo : {ui->bankcombo, ui->combobox, ui->mididevices, ui->devicescombo, ui->combo_offcolor,
                            ui->combo_oncolor})
         combo->setStyleSheet(StyleSheet::comboBox);
@@ -25,8 +28,6 @@ void MainWindow::setstyles()
     ui->cleanpads_button->setStyleSheet(StyleSheet::pushButton);
     ui->cleanpads_button->setToolTip("Clean content from All Pads");
     ui->loadini->setStyleSheet(StyleSheet::pushButton);
-
-    ui->centralWidget->setStyleSheet(StyleSheet::centralWidget);
 
     for (QWidget *edit : {ui->padsname, ui->bankname})
         edit->setStyleSheet(StyleSheet::lineEdit);

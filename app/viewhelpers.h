@@ -12,6 +12,13 @@ inline void setTallRows(QComboBox &combo)
         combo.setItemData(row, QSize(25, 25), Qt::SizeHintRole);
 }
 
+/** Shows or hides a widget; one that is shown already is not styled anew, which costs at start-up. */
+inline void setShown(QWidget &widget, bool isShown)
+{
+    if (widget.isHidden() == isShown)
+        widget.setVisible(isShown);
+}
+
 /**
  * Shows the rows of a table that match and hides the others.
  *

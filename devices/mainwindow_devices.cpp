@@ -96,7 +96,7 @@ void MainWindow::updatemidicombo(int index)
     setTallRows(*ui->mididevices);
 
     const bool isRgb = device.value("fullrgb") == "true";
-    ui->groupBox_colors->setVisible(!isRgb);
+    setShown(*ui->groupBox_colors, !isRgb);
     ui->label_10->setText(isRgb ? "Colors : Device has RGB Leds." : "Default Colors");
     if (isRgb)
         return;
