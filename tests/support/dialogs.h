@@ -25,7 +25,7 @@ public:
         QString informative;
         QMessageBox::StandardButtons buttons = QMessageBox::Ok;
         QMessageBox::StandardButton defaultButton = QMessageBox::Ok;
-        QMessageBox::StandardButton answer = QMessageBox::Ok;
+        QMessageBox::StandardButton answer = QMessageBox::Ok; ///< NoButton leaves by the Escape key
         QString title = {};
         QMessageBox::Icon icon = QMessageBox::NoIcon;
         bool isStyled = true;
@@ -38,10 +38,18 @@ public:
         QString folder; ///< where it must start; empty where that does not matter
         QString path;
         QStringList nameFilters = {};
+        bool showsFoldersOnly = false; ///< must be a dialog of the window that shows and takes folders only
     };
 
     void expect(const Box &box);
     void expect(const File &file);
+
+    /**
+     * Lets dialogs with this text or caption come, at any time and in any number, beside the expected ones.
+     *
+     * They are rejected, and that is no fault. Made for what stands behind the subject of a test.
+     */
+    void tolerate(const QString &text);
 
     /** What went wrong so far, the dialogs that never came included; empty if all is well. */
     QString faults() const;
@@ -61,5 +69,8 @@ private:
 
     QTimer m_timer;
     QQueue<Expected> m_expected;
+    QStringList m_tolerated;
     QStringList m_faults;
 };
+
+Q_DECLARE_METATYPE(QMessageBox::StandardButton)

@@ -3,10 +3,59 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QColor>
+#include <QComboBox>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
+#include <QLineEdit>
 #include <QMimeData>
+
+namespace {
+
+/** What differs from an empty cell; nothing if the cell is as it should be. */
+QString leftIn(const QModelIndex &cell, const QString &label)
+{
+    const QList<QPair<int, QVariant>> expected = {
+        {Qt::DisplayRole, label},
+        {Qt::EditRole, label},
+        {DisplayNameRole, label},
+        {PageRole, "0"},
+        {Qt::DecorationRole, QColor(Qt::black)},
+        {ButtonRole, "-1"},
+    };
+    for (const auto &[role, value] : expected) {
+        if (cell.data(role) != value)
+            return QString("row %1, column %2, role %3: \"%4\"")
+                .arg(cell.row())
+                .arg(cell.column())
+                .arg(role)
+                .arg(cell.data(role).toString());
+    }
+    return {};
+}
+
+/** The labels of the grid, cell by cell. */
+QVector<QStringList> gridLabels()
+{
+    QStringList row;
+    for (int col = 0; col < 12; ++col)
+        row.append(QString());
+    QVector<QStringList> labels(12, row);
+    int pad = 0;
+    for (int i = 1; i <= 8; ++i) {
+        const QString number = QString::number(i);
+        labels[0][i + 1] = "TOP " + number;
+        labels[11][i + 1] = "BOTTOM " + number;
+        labels[i + 1][0] = "LEFT " + number;
+        labels[i + 1][11] = "RIGHT " + number;
+        for (int col = 2; col <= 9; ++col)
+            labels[i + 1][col] = "PAD " + QString::number(++pad);
+    }
+    return labels;
+}
+
+} // namespace
 
 Workspace::Workspace()
 {
@@ -24,15 +73,20 @@ MainWindow &Workspace::window()
     if (!m_window) {
         m_window = std::make_unique<MainWindow>(nullptr);
         m_window->show();
-        QApplication::setActiveWindow(m_window.get());
+        activate();
         QApplication::processEvents();
     }
     return *m_window;
 }
 
+void Workspace::activate()
+{
+    QApplication::setActiveWindow(&window());
+}
+
 QString Workspace::writeShow(const QString &name, const QByteArray &ini)
 {
-    const QString folder = home() + "/" + name;
+    QString folder = home() + "/" + name;
     QDir().mkpath(folder + "/Live");
     QFile file(folder + "/Live/live.ini");
     if (!file.open(QIODevice::WriteOnly) || file.write(ini) != ini.size())
@@ -75,8 +129,38 @@ bool Workspace::click(const char *name)
     auto *button = find<QAbstractButton>(name);
     if (!button->isEnabled() || !button->isVisible())
         return false;
+    activate();
     QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
     return true;
+}
+
+bool Workspace::choose(const char *name, int index)
+{
+    auto *combo = find<QComboBox>(name);
+    if (!combo->isEnabled() || !combo->isVisible())
+        return false;
+    activate();
+    while (combo->currentIndex() != index) {
+        const int before = combo->currentIndex();
+        combo->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(combo, before < index ? Qt::Key_Down : Qt::Key_Up);
+        if (combo->currentIndex() == before)
+            return false;
+    }
+    return true;
+}
+
+bool Workspace::type(const char *name, const QString &text)
+{
+    auto *edit = find<QLineEdit>(name);
+    if (!edit->isEnabled() || !edit->isVisible())
+        return false;
+    activate();
+    QTest::mouseClick(edit, Qt::LeftButton);
+    edit->selectAll();
+    QTest::keyClick(edit, Qt::Key_Backspace);
+    QTest::keyClicks(edit, text);
+    return edit->hasFocus() && edit->text() == text;
 }
 
 void Workspace::trigger(const char *action)
@@ -101,8 +185,20 @@ bool Workspace::drag(const QModelIndex &from, QTableView *onto, const QModelInde
 {
     if (!from.flags().testFlag(Qt::ItemIsDragEnabled))
         return false;
+    activate();
     const std::unique_ptr<QMimeData> data(from.model()->mimeData({from}));
     return drop(data.get(), onto, onto->visualRect(target).center());
+}
+
+bool Workspace::putOnPad(int button, int row, int col)
+{
+    return choose("bankcombo", row / 8) && !padsView()->isColumnHidden(col)
+           && drag(dmx()->index(button, 0), padsView(), pads()->index(row, col));
+}
+
+bool Workspace::putOnKey(int button, int row, int col)
+{
+    return gridView()->isVisible() && drag(dmx()->index(button, 0), gridView(), grid()->index(row, col));
 }
 
 bool Workspace::isTicked(int row)
@@ -118,4 +214,90 @@ QList<int> Workspace::ticked()
             rows.append(row);
     }
     return rows;
+}
+
+QString Workspace::leftOnPads()
+{
+    if (pads()->rowCount() != 64 || pads()->columnCount() != 2)
+        return QString("%1 rows, %2 columns").arg(pads()->rowCount()).arg(pads()->columnCount());
+    for (int row = 0; row < 64; ++row) {
+        for (int col = 0; col < 2; ++col) {
+            const QString label = "PAD " + QString::number(row % 8 + 1 + col * 8);
+            if (QString left = leftIn(pads()->index(row, col), label); !left.isEmpty())
+                return left;
+        }
+    }
+    return {};
+}
+
+QString Workspace::leftOnGrid()
+{
+    if (grid()->rowCount() != 12 || grid()->columnCount() != 12)
+        return QString("%1 rows, %2 columns").arg(grid()->rowCount()).arg(grid()->columnCount());
+    const QVector<QStringList> labels = gridLabels();
+    for (int row = 0; row < 12; ++row) {
+        for (int col = 0; col < 12; ++col) {
+            const QModelIndex key = grid()->index(row, col);
+            if (QString left = leftIn(key, labels.at(row).at(col)); !left.isEmpty())
+                return left;
+            if (!key.data(OffColorRole).toString().isEmpty() || !key.data(OnColorRole).toString().isEmpty()
+                || key.data(BlinkRole) != QVariant("0"))
+                return QString("LED colours or blink in row %1, column %2").arg(row).arg(col);
+        }
+    }
+    return {};
+}
+
+QStringList Workspace::keys()
+{
+    QStringList picture;
+    for (int row = 0; row < grid()->rowCount(); ++row) {
+        QString line;
+        for (int col = 0; col < grid()->columnCount(); ++col)
+            line += grid()->index(row, col).data(AvailableRole) == QVariant("1") ? 'X' : '.';
+        picture.append(line);
+    }
+    return picture;
+}
+
+QStringList Workspace::bankNames()
+{
+    QStringList names;
+    for (int bank = 0; bank < 8; ++bank) {
+        call("showbank", bank);
+        names.append(find<QLineEdit>("bankname")->text());
+    }
+    call("showbank", find<QComboBox>("bankcombo")->currentIndex());
+    return names;
+}
+
+QStringList Workspace::snapshot()
+{
+    QStringList all = {"title: " + window().windowTitle(), "banks: " + bankNames().join("|")};
+    for (const QComboBox *combo : window().findChildren<QComboBox *>()) {
+        all += combo->objectName() + ": " + QString::number(combo->currentIndex());
+        for (int i = 0; i < combo->count(); ++i)
+            all += combo->objectName() + " item: " + combo->itemText(i);
+    }
+    for (const QLineEdit *edit : window().findChildren<QLineEdit *>())
+        all += edit->objectName() + ": " + edit->text();
+    for (const QAbstractButton *button : window().findChildren<QAbstractButton *>())
+        all += button->objectName() + (button->isChecked() ? " checked" : "");
+    for (const QTableView *view : {dmxView(), padsView(), gridView()}) {
+        const QAbstractItemModel *model = view->model();
+        for (int row = 0; row < model->rowCount(); ++row) {
+            for (int col = 0; col < model->columnCount(); ++col) {
+                QString cell = QString("%1 %2,%3").arg(view->objectName()).arg(row).arg(col);
+                if (view->isRowHidden(row) || view->isColumnHidden(col))
+                    cell += " hidden";
+                for (const int role :
+                     {int(Qt::EditRole), int(Qt::DecorationRole), int(Qt::CheckStateRole), int(PageRole),
+                      int(DisplayNameRole), int(ButtonRole), int(AvailableRole), int(OffColorRole),
+                      int(OnColorRole), int(BlinkRole)})
+                    cell += "|" + model->index(row, col).data(role).toString();
+                all += cell;
+            }
+        }
+    }
+    return all;
 }

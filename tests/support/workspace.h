@@ -87,8 +87,22 @@ public:
     /** Writes a show of two pages with eight buttons each, named "Show", and loads it. */
     bool loadSomeShow();
 
-    /** Clicks a push button or radio button by name; false where it is disabled or hidden. */
-    bool click(const char *button);
+    /** Makes the window the active one, so that focus counts; a dialog that closed leaves none behind. */
+    void activate();
+
+    /** Clicks a push button or radio button; false where it is disabled or hidden. */
+    bool click(const char *name);
+
+    /** Goes to a combo box and picks an item with the keyboard; false where the box is disabled or hidden. */
+    bool choose(const char *name, int index);
+
+    /**
+     * Clicks into a line edit and types over what it holds, without leaving it.
+     *
+     * @param text  Latin letters, digits and signs; empty clears the field
+     * @return      whether the field holds the text now
+     */
+    bool type(const char *name, const QString &text);
 
     /** Triggers an action by name. */
     void trigger(const char *action);
@@ -104,10 +118,32 @@ public:
     /** Drops data at a point of a view's viewport through its own events; whether the view took it. */
     static bool drop(const QMimeData *data, QTableView *onto, const QPoint &point);
 
+    /**
+     * Drags a Live Button onto a pad, whose bank is brought on show.
+     *
+     * @param button  its row in the Live Buttons table
+     * @return        whether the view took the drop; false for a pad of a hidden column
+     */
+    bool putOnPad(int button, int row, int col = 0);
+
+    /** Drags a Live Button, by its row, onto a key; whether the view took the drop. Needs MIDI Mapping mode. */
+    bool putOnKey(int button, int row, int col);
+
     /** Whether the Live Button in a row has its tick. */
     bool isTicked(int row);
     /** The rows that are ticked, rising. */
     QList<int> ticked();
+
+    /** The eight bank names, asked for bank by bank; the bank that was on show is on show again. */
+    QStringList bankNames();
+    /** All that the window shows and its tables keep, one text a widget or cell; to compare with another. */
+    QStringList snapshot();
+    /** Where the pads table differs from 64 rows of empty pads under their first labels; empty if nowhere. */
+    QString leftOnPads();
+    /** Where the grid differs from 12 rows of empty keys under their labels, AvailableRole aside. */
+    QString leftOnGrid();
+    /** The grid's cells as twelve texts of twelve signs: 'X' where the device has a key, '.' elsewhere. */
+    QStringList keys();
 
     ExpectedDialogs dialogs;
 

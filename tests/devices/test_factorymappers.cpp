@@ -1,0 +1,674 @@
+#include "export/escape.h"
+
+#include <QDomDocument>
+#include <QRegularExpression>
+#include <QSet>
+#include <QtTest>
+
+namespace {
+
+const QString Mappings = ":/icons/Mappings/";
+const QString InSamplesMode = "var '$padmode' 0 ? ";
+const QStringList Devices = {"AKAI APC Mini",           "Novation Launchpad",
+                             "Novation Launchpad S",    "Novation Launchpad Mini",
+                             "Novation Launchpad MKII", "Novation Launchpad Mini MK3",
+                             "Novation Launchpad PRO"};
+
+/** The verbs that the mappers may use, as they stand in VirtualDJ's own list. */
+const QStringList Verbs =
+    QString("blink browser_scroll browser_window color constant cue_color cue_stop cycle delete_cue "
+            "dump effect_active effect_disable_all effect_slider effects_used eq_low filter "
+            "get_constant get_sample_color goto has_cue hot_cue is_sync level load loaded loop "
+            "loop_double loop_exit loop_half master_volume nothing off on os2l_cmd param_bigger pfl "
+            "pioneer_cue play play_pause quantize_all sampler_bank sampler_loaded sampler_play_stop "
+            "sampler_play_stutter sampler_stop sampler_used sampler_volume set shift slicer song_pos "
+            "sync toggle var")
+        .split(' ');
+
+struct Row
+{
+    QString value;
+    QString action;
+};
+
+struct Control
+{
+    QString tag;
+    QString name;
+    QString led;   ///< empty for a control without a LED
+    QString place; ///< such as "pad 3 7" or "across 5", the same on all devices; empty where it has none
+};
+
+/** A file of the catalogue; an empty document where it cannot be read or is not well-formed. */
+QDomDocument read(const QString &fileName)
+{
+    QFile file(Mappings + fileName);
+    QDomDocument document;
+    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
+        return {};
+    return document;
+}
+
+/** Where a control lies for the hand that plays it; the bands above and below the pads count as one. */
+QString placeOf(const QDomElement &element, int padsBefore)
+{
+    const QString tag = element.tagName();
+    const int row = element.attribute("row").toInt();
+    const int col = element.attribute("col").toInt();
+    if (tag == "slider")
+        return QString("slider %1").arg(col + 1);
+    if (tag != "pad" && tag != "button")
+        return {};
+    if (row == 0 || row == 11)
+        return QString("across %1").arg(col - 1);
+    if (col == 0 || col == 11)
+        return QString(col == 0 ? "left %1" : "right %1").arg(row - 1);
+    // By order, for three layouts have two pads in one cell.
+    return QString("pad %1 %2").arg(padsBefore / 8 + 1).arg(padsBefore % 8 + 1);
+}
+
+QList<Control> controlsOf(const QString &device)
+{
+    QList<Control> controls;
+    int pads = 0;
+    const QDomDocument layout = read(device + ".xml");
+    QDomElement element = layout.documentElement().firstChildElement();
+    for (; !element.isNull(); element = element.nextSiblingElement()) {
+        const QString name = element.attribute("name");
+        const QString place = placeOf(element, pads);
+        pads += place.startsWith("pad ");
+        QString led = element.attribute("colorled", element.attribute("led"));
+        if (!led.isEmpty())
+            led += name;
+        controls += {element.tagName(), name, led, place};
+    }
+    return controls;
+}
+
+QList<Row> rowsOf(const QString &device)
+{
+    QList<Row> rows;
+    const QDomDocument mapper = read(device + " mapping.xml");
+    QDomElement map = mapper.documentElement().firstChildElement();
+    for (; !map.isNull(); map = map.nextSiblingElement())
+        rows += {map.attribute("value"), map.attribute("action")};
+    return rows;
+}
+
+QMap<QString, QString> actionsOf(const QString &device)
+{
+    QMap<QString, QString> actions;
+    for (const Row &row : rowsOf(device))
+        actions.insert(row.value, row.action);
+    return actions;
+}
+
+/** Names that a layout knows, and the LEDs of its keys with them. */
+QSet<QString> namesOf(const QString &device)
+{
+    QSet<QString> names;
+    for (const Control &control : controlsOf(device)) {
+        names += control.name;
+        if (!control.led.isEmpty())
+            names += control.led;
+    }
+    return names;
+}
+
+bool isLed(const QString &value)
+{
+    return value.contains("LED_");
+}
+
+/** A row whose LED tells a level rather than a colour or a state. */
+bool isLevel(const QString &value)
+{
+    return QRegularExpression("^LED_FADER_[1-8]$").match(value).hasMatch();
+}
+
+/** The one row that is given to the letter, and so keeps no rule of ours. */
+bool isGiven(const QString &device, const QString &value)
+{
+    return device == "Novation Launchpad" && value == "LED_1.1";
+}
+
+/** Names that a layout has and its factory mapper leaves out. */
+QSet<QString> leftOutOf(const QString &device)
+{
+    if (device != "AKAI APC Mini")
+        return {};
+    QSet<QString> names = {"SOLO", "DEVICE"};
+    for (const Control &control : controlsOf(device)) {
+        if (control.tag == "button" && control.name != "STOP_ALL_CLIPS")
+            names += control.led;
+    }
+    return names;
+}
+
+/**
+ * Cuts a script at its "?", ":" and "&" outside quotes.
+ *
+ * @param marks  takes the marks in their order, one sign each
+ * @return       the parts between the marks, trimmed; a part that lacks is empty
+ */
+QStringList partsOf(const QString &script, QString *marks = nullptr)
+{
+    QStringList parts = {QString()};
+    bool inQuotes = false;
+    for (const QChar sign : script) {
+        inQuotes = inQuotes != (sign == '\'');
+        if (!inQuotes && QString("?:&").contains(sign)) {
+            parts += QString();
+            if (marks)
+                *marks += sign;
+        } else {
+            parts.last() += sign;
+        }
+    }
+    for (QString &part : parts)
+        part = part.trimmed();
+    return parts;
+}
+
+/** The verbs of a part: its first, and the one whose value it compares. */
+QStringList verbsOf(QString part)
+{
+    part.remove(QRegularExpression("^(deck (left|right) |not )+"));
+    const QStringList words = part.split(' ');
+    if (words.first() == "param_bigger")
+        return {words.first(), words.value(2)};
+    return {words.first()};
+}
+
+QString faultOf(const QString &script)
+{
+    if (script.isEmpty())
+        return "empty";
+    if (script.count('\'') % 2)
+        return "quotes are not balanced";
+    if (script.contains(QRegularExpression("[\"<>`\\\\/;()]|&&|  |^ | $")))
+        return "a sign that has no business here";
+
+    QString marks;
+    const QStringList parts = partsOf(script, &marks);
+    if (parts.contains(QString()))
+        return "a part lacks between two marks, or behind the last";
+    QString spaced = parts.first();
+    for (int i = 0; i < marks.size(); ++i)
+        spaced += QString(" %1 ").arg(marks.at(i)) + parts.at(i + 1);
+    if (spaced != script)
+        return "a mark without a blank on both sides";
+    int open = 0;
+    for (const QChar mark : marks) {
+        open += mark == '?' ? 1 : mark == ':' ? -1 : 0;
+        if (open < 0)
+            return "an else without its question";
+    }
+    return open ? QString("a question without its else") : QString();
+}
+
+QString labelled(const QString &device, const QString &value, const QString &what)
+{
+    return device + ", " + value + ": " + what;
+}
+
+void addDevices()
+{
+    QTest::addColumn<QString>("device");
+
+    for (const QString &device : Devices)
+        QTest::newRow(qPrintable(device)) << device;
+}
+
+} // namespace
+
+/** The seven factory mappers: that they cover their layouts, hold what is settled, and follow one plan. */
+class TestFactoryMappers final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    void filesHaveTheForm_data() { addDevices(); }
+    void filesHaveTheForm();
+    void coversTheLayout_data() { addDevices(); }
+    void coversTheLayout();
+    void hasRows_data();
+    void hasRows();
+
+    void rowsStandAsGiven_data();
+    void rowsStandAsGiven();
+    void akaiLeavesKeysFree();
+    void mkiiHasALedRowForEveryButton();
+    void proDrivesTheLights();
+    void proHasRowsForOtherModes();
+
+    void actionsAreSound_data() { addDevices(); }
+    void actionsAreSound();
+    void verbsAreKnown_data() { addDevices(); }
+    void verbsAreKnown();
+    void verbsAreAllInUse();
+    void findsFaults_data();
+    void findsFaults();
+    void ledsEndInAColour_data() { addDevices(); }
+    void ledsEndInAColour();
+    void coloursAreInThePalette_data() { addDevices(); }
+    void coloursAreInThePalette();
+    void ledsFollowTheModeOfTheirKeys_data() { addDevices(); }
+    void ledsFollowTheModeOfTheirKeys();
+    void actionsSurviveAnExport_data() { addDevices(); }
+    void actionsSurviveAnExport();
+
+    void devicesShareOnePlan();
+    void decksAreAlike_data() { addDevices(); }
+    void decksAreAlike();
+};
+
+void TestFactoryMappers::initTestCase()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+void TestFactoryMappers::filesHaveTheForm()
+{
+    QFETCH(const QString, device);
+
+    QFile file(Mappings + device + " mapping.xml");
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll());
+    QStringList lines = text.split('\n');
+    QCOMPARE(lines.takeFirst(), QString("<?xml version=\"1.0\" encoding=\"UTF-8\"?>"));
+    const QString identifier = read(device + ".xml").documentElement().attribute("name");
+    QVERIFY(!identifier.isEmpty());
+    const QRegularExpression head(
+        "^<mapper device=\"" + identifier
+        + "\" author=\"Zarvex\" version=\"8\\d\\d\" date=\"\\d{4}-\\d\\d-\\d\\d\">$");
+    QVERIFY2(head.match(lines.first()).hasMatch(), qPrintable(lines.first()));
+    lines.removeFirst();
+    QCOMPARE(lines.takeLast(), QString());
+    QCOMPARE(lines.takeLast(), QString("</mapper>"));
+
+    // Quotes of a script are entities, but for the row that is given with plain ones.
+    const QRegularExpression row("^\t<map value=\"[A-Z0-9_.]+\" action=\"([^\"<>'&]|&apos;|&amp;)+\"/>$");
+    const QRegularExpression given("^\t<map value=\"LED_1\\.1\" ");
+    for (const QString &line : qAsConst(lines)) {
+        const bool isExcepted = device == "Novation Launchpad" && given.match(line).hasMatch();
+        QVERIFY2(isExcepted || row.match(line).hasMatch(), qPrintable(line));
+    }
+    QCOMPARE(rowsOf(device).size(), lines.size());
+}
+
+/** One row for every key and every LED, but for what is left out on purpose; and no row for anything else. */
+void TestFactoryMappers::coversTheLayout()
+{
+    QFETCH(const QString, device);
+
+    QMap<QString, int> times;
+    for (const Row &row : rowsOf(device))
+        ++times[row.value];
+    const QSet<QString> leftOut = leftOutOf(device);
+    const QSet<QString> names = namesOf(device);
+    QVERIFY(names.contains(leftOut));
+    for (const QString &name : names)
+        QVERIFY2(times.take(name) == (leftOut.contains(name) ? 0 : 1), qPrintable(name));
+
+    if (device == "Novation Launchpad PRO") {
+        QCOMPARE(times.take("LED_USER1_PAD_4_4"), 2);
+        for (auto other = times.cbegin(); other != times.cend(); ++other)
+            QVERIFY2(other.value() == 1, qPrintable(other.key()));
+    } else {
+        QCOMPARE(times.keys(), device == "Novation Launchpad" ? QStringList{"ONEXIT"} : QStringList());
+    }
+}
+
+void TestFactoryMappers::hasRows_data()
+{
+    QTest::addColumn<QString>("device");
+    QTest::addColumn<int>("rows");
+
+    // SHIFT, 64 pads with LEDs, 14 of 16 buttons, one button's LED, nine faders
+    QTest::newRow("AKAI APC Mini") << "AKAI APC Mini" << 1 + 128 + 14 + 1 + 9;
+    // 64 pads and 16 band keys with LEDs, and ONEXIT
+    QTest::newRow("Novation Launchpad") << "Novation Launchpad" << 128 + 32 + 1;
+    QTest::newRow("Novation Launchpad S") << "Novation Launchpad S" << 128 + 32;
+    QTest::newRow("Novation Launchpad Mini") << "Novation Launchpad Mini" << 128 + 32;
+    QTest::newRow("Novation Launchpad MKII") << "Novation Launchpad MKII" << 160;
+    // 64 pads and 12 band keys with LEDs, and 36 controls without a place
+    QTest::newRow("Novation Launchpad Mini MK3") << "Novation Launchpad Mini MK3" << 128 + 24 + 36;
+    QTest::newRow("Novation Launchpad PRO") << "Novation Launchpad PRO" << 1191;
+}
+
+void TestFactoryMappers::hasRows()
+{
+    QFETCH(const QString, device);
+    QFETCH(const int, rows);
+    QCOMPARE(rowsOf(device).size(), rows);
+}
+
+void TestFactoryMappers::rowsStandAsGiven_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("action");
+
+    QTest::newRow("key") << "X1"
+                         << "var &apos;$padmode&apos; 0 ? sampler_volume +5% : deck left slicer "
+                            "&apos;length&apos; -1 &amp; deck right slicer &apos;length&apos; -1";
+    QTest::newRow("LED") << "LED_1.1"
+                         << "var &apos;$padmode&apos; 0 ? get_sample_color 1 : var &apos;$padmode&apos; 1 ? "
+                            "deck left hot_cue 1 ? get_constant 'red' : get_constant '#550000' : nothing";
+    QTest::newRow("row without an element") << "ONEXIT"
+                                            << "set &apos;$flashled&apos; 0";
+}
+
+void TestFactoryMappers::rowsStandAsGiven()
+{
+    QFETCH(const QString, value);
+    QFETCH(QString, action);
+
+    QFile file(Mappings + "Novation Launchpad mapping.xml");
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString row = QString("\n\t<map value=\"%1\" action=\"%2\"/>\n").arg(value, action);
+    QCOMPARE(QString::fromUtf8(file.readAll()).count(row), 1);
+    action.replace("&apos;", "'").replace("&amp;", "&");
+    QCOMPARE(actionsOf("Novation Launchpad").value(value), action);
+}
+
+void TestFactoryMappers::akaiLeavesKeysFree()
+{
+    const QMap<QString, QString> actions = actionsOf("AKAI APC Mini");
+    QStringList buttonLeds;
+    for (const Control &control : controlsOf("AKAI APC Mini")) {
+        if (control.tag == "button" && actions.contains(control.led))
+            buttonLeds += control.led;
+    }
+    QCOMPARE(buttonLeds, QStringList{"LED_STOP_ALL_CLIPS"});
+    for (const QString name : {"SOLO", "DEVICE", "LED_SOLO", "LED_DEVICE"})
+        QVERIFY2(!actions.contains(name), qPrintable(name));
+}
+
+void TestFactoryMappers::mkiiHasALedRowForEveryButton()
+{
+    const QMap<QString, QString> actions = actionsOf("Novation Launchpad MKII");
+    int buttons = 0;
+    for (const Control &control : controlsOf("Novation Launchpad MKII")) {
+        if (control.tag != "button")
+            continue;
+        ++buttons;
+        QVERIFY2(actions.contains(control.led), qPrintable(control.led));
+    }
+    QCOMPARE(buttons, 16);
+}
+
+void TestFactoryMappers::proDrivesTheLights()
+{
+    QMap<QString, QString> driving;
+    for (const Row &row : rowsOf("Novation Launchpad PRO")) {
+        if (row.action.contains("os2l_cmd"))
+            driving.insert(row.value, row.action);
+    }
+    QCOMPARE(driving.size(), 128);
+    for (int pad = 0; pad < 64; ++pad) {
+        const QString name = QString("USER2_PAD_%1_%2").arg(pad / 8 + 1).arg(pad % 8 + 1);
+        const QString command = QString("os2l_cmd %1").arg(pad + 1);
+        QCOMPARE(driving.value(name), command);
+        QVERIFY2(driving.value("LED_" + name).startsWith(command + " ? "), qPrintable(name));
+    }
+    // Nowhere else does a mapper speak to the lights: that is for the export to write.
+    int speaking = 0;
+    for (const QString &device : Devices) {
+        for (const Row &row : rowsOf(device))
+            speaking += row.action.contains("os2l");
+    }
+    QCOMPARE(speaking, 128);
+}
+
+void TestFactoryMappers::proHasRowsForOtherModes()
+{
+    const QSet<QString> names = namesOf("Novation Launchpad PRO");
+    QList<QString> twice;
+    int others = 0;
+    for (const Row &row : rowsOf("Novation Launchpad PRO")) {
+        if (row.value == "LED_USER1_PAD_4_4")
+            twice += row.action;
+        others += !names.contains(row.value);
+    }
+    QCOMPARE(others, 990);
+    QCOMPARE(twice.size(), 2);
+    QCOMPARE(twice.at(0), twice.at(1));
+
+    const QMap<QString, QString> actions = actionsOf("Novation Launchpad PRO");
+    for (const QString name : {"PAD_VEL_1_1", "PAD_VEL_8_8", "USER1_PAD_1_1", "LED_USER1_PAD_8_8"})
+        QVERIFY2(actions.contains(name), qPrintable(name));
+}
+
+void TestFactoryMappers::actionsAreSound()
+{
+    QFETCH(const QString, device);
+    for (const Row &row : rowsOf(device)) {
+        const QString fault = faultOf(row.action);
+        QVERIFY2(fault.isEmpty(), qPrintable(labelled(device, row.value, fault + ": " + row.action)));
+    }
+}
+
+void TestFactoryMappers::verbsAreKnown()
+{
+    QFETCH(const QString, device);
+    for (const Row &row : rowsOf(device)) {
+        for (const QString &part : partsOf(row.action)) {
+            for (const QString &verb : verbsOf(part))
+                QVERIFY2(Verbs.contains(verb), qPrintable(labelled(device, row.value, verb)));
+        }
+    }
+}
+
+/** The list of verbs is no wish list. */
+void TestFactoryMappers::verbsAreAllInUse()
+{
+    QStringList unused = Verbs;
+    for (const QString &device : Devices) {
+        for (const Row &row : rowsOf(device)) {
+            for (const QString &part : partsOf(row.action)) {
+                for (const QString &verb : verbsOf(part))
+                    unused.removeAll(verb);
+            }
+        }
+    }
+    QCOMPARE(unused, QStringList());
+}
+
+void TestFactoryMappers::findsFaults_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<bool>("isSound");
+
+    QTest::newRow("verb") << "play" << true;
+    QTest::newRow("question") << "play ? on : off" << true;
+    QTest::newRow("questions in questions") << "a ? b ? c : d : e ? f & g : h" << true;
+    QTest::newRow("marks in quotes") << "browser_window 'a ? b : c & d'" << true;
+    QTest::newRow("nothing") << "" << false;
+    QTest::newRow("blank") << " " << false;
+    QTest::newRow("bare colon") << "play ? on :" << false;
+    QTest::newRow("bare colon and a blank") << "play ? on : " << false;
+    QTest::newRow("bare question") << "play ? " << false;
+    QTest::newRow("question without an else") << "play ? on" << false;
+    QTest::newRow("else without a question") << "on : off" << false;
+    QTest::newRow("two elses") << "play ? on : off : off" << false;
+    QTest::newRow("bare ampersand") << "play & " << false;
+    QTest::newRow("two ampersands") << "play && sync" << false;
+    QTest::newRow("no blank before a mark") << "play? on : off" << false;
+    QTest::newRow("no blank behind a mark") << "play ? on :off" << false;
+    QTest::newRow("open quote") << "color 'red" << false;
+    QTest::newRow("double quotes") << "color \"red\"" << false;
+    QTest::newRow("bracket") << "play < sync" << false;
+    QTest::newRow("remark") << "play // and so on" << false;
+}
+
+void TestFactoryMappers::findsFaults()
+{
+    QFETCH(const QString, script);
+    QFETCH(const bool, isSound);
+    QCOMPARE(faultOf(script).isEmpty(), isSound);
+}
+
+void TestFactoryMappers::ledsEndInAColour()
+{
+    QFETCH(const QString, device);
+
+    int leds = 0;
+    for (const Row &row : rowsOf(device)) {
+        if (!isLed(row.value) || isLevel(row.value) || isGiven(device, row.value))
+            continue;
+        ++leds;
+        QString marks;
+        const QStringList parts = partsOf(row.action, &marks);
+        const QString verb = verbsOf(parts.last()).first();
+        const QByteArray label = labelled(device, row.value, row.action).toUtf8();
+        QVERIFY2(verb == "color" || verb == "off", label);
+        // It asks first: the LED shows a state.
+        QVERIFY2(marks.startsWith('?'), label);
+        // A query answers with its first statement, so a chain would be lost on a LED.
+        QVERIFY2(!marks.contains('&'), label);
+    }
+    QVERIFY(leds > 0);
+}
+
+/** A device with a palette is asked only for colours that it has. */
+void TestFactoryMappers::coloursAreInThePalette()
+{
+    QFETCH(const QString, device);
+
+    const QDomDocument document = read(device + ".xml");
+    const QDomElement layout = document.documentElement();
+    const bool isRgb = layout.attribute("fullrgb") == "true";
+    const QStringList palette = layout.attribute("colors").split(',');
+    const QRegularExpression rgb("^#[0-9A-F]{6}$");
+    const QRegularExpression color("^color '([^']+)'$");
+    int colours = 0;
+    for (const Row &row : rowsOf(device)) {
+        for (const QString &part : partsOf(row.action)) {
+            if (verbsOf(part).first() != "color")
+                continue;
+            ++colours;
+            const QString name = color.match(part).captured(1);
+            QVERIFY2(isRgb ? rgb.match(name).hasMatch() : palette.contains(name),
+                     qPrintable(labelled(device, row.value, part)));
+        }
+    }
+    QVERIFY(colours > 0);
+}
+
+void TestFactoryMappers::ledsFollowTheModeOfTheirKeys()
+{
+    QFETCH(const QString, device);
+
+    const QMap<QString, QString> actions = actionsOf(device);
+    for (const Control &control : controlsOf(device)) {
+        if (!actions.contains(control.led) || !actions.value(control.name).startsWith(InSamplesMode))
+            continue;
+        QVERIFY2(actions.value(control.led).startsWith(InSamplesMode), qPrintable(control.led));
+    }
+}
+
+/** The wrapping of an export comes off again, in all its forms, and leaves the scripts whole. */
+void TestFactoryMappers::actionsSurviveAnExport()
+{
+    QFETCH(const QString, device);
+
+    const QMap<QString, QString> actions = actionsOf(device);
+    const QStringList keyForms = {
+        "var '$os2l' ? os2l_button 'Strobe' : ", "var '$os2l' ? nothing : ", "var '$os2l' ? os2l_cmd 3 : "};
+    const QStringList ledForms = {
+        "var '$os2l' ? os2l_button 'Strobe' ? color '#ff0000' : color 40% '#ff0000' : ",
+        "var '$os2l' ? os2l_button 'Strobe' ? blink ? color 'red' : color 'black' : color 'black' : ",
+        "var '$os2l' ? os2l_button 'Strobe' ? on : off : ", "var '$os2l' ? color 'black' : ",
+        "var '$os2l' ? off : "};
+    int scripts = 0;
+    for (const Control &control : controlsOf(device)) {
+        const QString action = actions.value(control.name);
+        QCOMPARE(unwrapScript(action), action);
+        if (!action.isEmpty()) {
+            ++scripts;
+            for (const QString &form : keyForms)
+                QCOMPARE(unwrapScript(form + action), action);
+        }
+        if (actions.contains(control.led)) {
+            ++scripts;
+            for (const QString &form : ledForms)
+                QCOMPARE(unwrapScript(form + actions.value(control.led)), actions.value(control.led));
+        }
+        // What the export writes can be read again.
+        QDomDocument document;
+        QVERIFY(document.setContent("<map action=\"" + escapeScript(action) + "\"/>"));
+        QCOMPARE(document.documentElement().attribute("action"), action);
+    }
+    QVERIFY(scripts > 0);
+}
+
+/** Whoever changes controller finds the same thing in the same place. */
+void TestFactoryMappers::devicesShareOnePlan()
+{
+    QMap<QString, QString> plan;
+    QMap<QString, int> devices;
+    for (const QString &device : Devices) {
+        const QMap<QString, QString> actions = actionsOf(device);
+        QSet<QString> places;
+        for (const Control &control : controlsOf(device)) {
+            if (control.place.isEmpty() || !actions.contains(control.name))
+                continue;
+            const QString action = actions.value(control.name);
+            if (!plan.contains(control.place))
+                plan.insert(control.place, action);
+            QVERIFY2(plan.value(control.place) == action, qPrintable(labelled(device, control.name, action)));
+            places += control.place;
+        }
+        for (const QString &place : qAsConst(places))
+            ++devices[place];
+    }
+    for (int pad = 0; pad < 64; ++pad)
+        QCOMPARE(devices.value(QString("pad %1 %2").arg(pad / 8 + 1).arg(pad % 8 + 1)), 7);
+    for (int key = 1; key <= 8; ++key) {
+        QCOMPARE(devices.value(QString("right %1").arg(key)), key == 2 ? 6 : 7);
+        // The Mini MK3 has the rest of the band beside the grid; the AKAI leaves the last key free.
+        QCOMPARE(devices.value(QString("across %1").arg(key)), key <= 4 ? 7 : key == 8 ? 5 : 6);
+    }
+
+    const QMap<QString, QString> miniMk3 = actionsOf("Novation Launchpad Mini MK3");
+    QCOMPARE(miniMk3.value("SESSION"), plan.value("across 5"));
+    QCOMPARE(miniMk3.value("DRUMS"), plan.value("across 6"));
+    QCOMPARE(miniMk3.value("KEYS"), plan.value("across 7"));
+    QCOMPARE(miniMk3.value("USER"), plan.value("across 8"));
+    for (int fader = 1; fader <= 8; ++fader) {
+        QCOMPARE(miniMk3.value(QString("FADER_%1").arg(fader)), plan.value(QString("slider %1").arg(fader)));
+        QCOMPARE(miniMk3.value(QString("LED_FADER_%1").arg(fader)),
+                 plan.value(QString("slider %1").arg(fader)));
+    }
+}
+
+/** In decks mode the right half of the pads does for the right deck what the left half does for the left. */
+void TestFactoryMappers::decksAreAlike()
+{
+    QFETCH(const QString, device);
+
+    const QMap<QString, QString> actions = actionsOf(device);
+    QMap<QString, QString> decks;
+    for (const Control &control : controlsOf(device)) {
+        if (!control.place.startsWith("pad "))
+            continue;
+        const QString action = actions.value(control.name);
+        QVERIFY2(action.startsWith(InSamplesMode + "sampler_play_stop "), qPrintable(action));
+        decks.insert(control.place, action.section(" : ", 1));
+    }
+    QCOMPARE(decks.size(), 64);
+    for (int row = 1; row <= 8; ++row) {
+        for (int column = 1; column <= 4; ++column) {
+            QString left = decks.value(QString("pad %1 %2").arg(row).arg(column));
+            QVERIFY2(left.contains("deck left ") && !left.contains("deck right "), qPrintable(left));
+            QCOMPARE(decks.value(QString("pad %1 %2").arg(row).arg(column + 4)),
+                     left.replace("deck left ", "deck right "));
+        }
+    }
+}
+
+QTEST_GUILESS_MAIN(TestFactoryMappers)
+#include "test_factorymappers.moc"

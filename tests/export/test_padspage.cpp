@@ -1,0 +1,384 @@
+#include "export/padspage.h"
+#include "tables/roles.h"
+#include "tables/vdjmodel.h"
+
+#include <QBuffer>
+#include <QRandomGenerator>
+#include <QTextStream>
+#include <QtTest>
+
+namespace {
+
+/** A pad as a person thinks of it: banks 1 to 8, pads 1 to 16. */
+struct Pad
+{
+    int bank;
+    int number;
+    QString page;
+    QString name;
+    QString button;
+    QString color;
+    QString id = "0";
+};
+
+using Pads = QList<Pad>;
+
+/** Fills a table of eight banks; the given pads over pads at rest. */
+bool fill(QAbstractItemModel &table, const Pads &pads)
+{
+    constexpr int Banks = 8;
+    if (!table.insertRows(0, Banks * 8))
+        return false;
+    Pads all;
+    for (int bank = 1; bank <= Banks; ++bank) {
+        for (int number = 1; number <= 16; ++number) {
+            const QString label = "PAD " + QString::number(number);
+            all += {bank, number, "0", label, label, "#000000", "-1"};
+        }
+    }
+    for (const Pad &pad : all + pads) {
+        const QModelIndex cell = table.index((pad.bank - 1) * 8 + (pad.number - 1) % 8, (pad.number - 1) / 8);
+        if (!table.setData(cell, pad.name, Qt::EditRole) || !table.setData(cell, pad.page, PageRole)
+            || !table.setData(cell, pad.button, DisplayNameRole) || !table.setData(cell, pad.id, ButtonRole)
+            || !table.setData(cell, pad.color, Qt::DecorationRole))
+            return false;
+    }
+    return true;
+}
+
+QByteArray written(const PadsPage &page, const char *codec = "UTF-8")
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly))
+        return "no buffer";
+    QTextStream out(&buffer);
+    out.setCodec(codec);
+    writePadsPage(out, page);
+    out.flush();
+    return bytes;
+}
+
+/** Where two files first differ, for a person; empty where they do not. */
+QString difference(const QByteArray &actual, const QByteArray &expected)
+{
+    if (actual == expected)
+        return {};
+    const QByteArrayList lines = actual.split('\n');
+    const QByteArrayList wanted = expected.split('\n');
+    int line = 0;
+    while (line < lines.size() && line < wanted.size() && lines.at(line) == wanted.at(line))
+        ++line;
+    return QString("line %1\n  is [%2]\n  not [%3]")
+        .arg(QString::number(line + 1), QString::fromUtf8(lines.value(line)),
+             QString::fromUtf8(wanted.value(line)));
+}
+
+QStringList defaultBanks()
+{
+    QStringList banks;
+    for (int bank = 1; bank <= 8; ++bank)
+        banks += "BANK " + QString::number(bank);
+    return banks;
+}
+
+/** Writes a page step by step, in two walks over the table; slow and plain, something to compare with. */
+QString pageByHand(const PadsPage &page)
+{
+    QStringList used = {"", "", "", "", "", "", "", ""};
+    const QAbstractItemModel &table = page.pads;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (int column = 0; column < 2; ++column) {
+            if (table.data(table.index(row, column), PageRole).toInt() > 0)
+                used[row / 8] = "yes";
+        }
+    }
+
+    QVector<QStringList> texts(16);
+    QVector<QStringList> colors(16);
+    QVector<QStringList> actions(16);
+    QString banks;
+    for (int column = 0; column < 2; ++column) {
+        int count = 0;
+        for (int row = 0; row < table.rowCount(); ++row) {
+            const bool inUse = used.at(row / 8) == "yes";
+            if (row % 8 == 0 && inUse) {
+                if (count == 0)
+                    banks = "var &apos;dmxbank&apos; 0 ? get_text &apos;" + page.banks.at(row / 8) + "&apos;";
+                else
+                    banks += " : var &apos;dmxbank&apos; " + QString::number(count) + " ? get_text &apos;"
+                             + page.banks.at(row / 8) + "&apos;";
+                ++count;
+            }
+            const QModelIndex cell = table.index(row, column);
+            const int pagenr = table.data(cell, PageRole).toInt();
+            const int slot = row % 8 + 8 * column;
+            const QString clause = "var &apos;dmxbank&apos; " + QString::number(count - 1) + " ? ";
+            if (pagenr > 0 && inUse) {
+                texts[slot] +=
+                    clause + "get_text &apos;" + table.data(cell, Qt::EditRole).toString() + "&apos;";
+                colors[slot] +=
+                    clause + "color &apos;" + table.data(cell, Qt::DecorationRole).toString() + "&apos;";
+                actions[slot] +=
+                    clause + "os2l_button &apos;" + table.data(cell, DisplayNameRole).toString() + "&apos;";
+            } else if (pagenr == 0 && inUse) {
+                texts[slot] += clause + "get_text &apos;&apos;";
+                colors[slot] += clause + "color &apos;transparent&apos;";
+                actions[slot] += clause + "nothing";
+            }
+        }
+    }
+
+    QString file = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<page name=\"" + page.name + "\">\n";
+    for (int slot = 0; slot < page.padsPerBank; ++slot) {
+        const QString number = QString::number(slot + 1);
+        file += "\t<pad" + number + " name=\"`" + texts.at(slot).join(" : ") + "`\" color=\""
+                + colors.at(slot).join(" : ") + "\">" + actions.at(slot).join(" : ") + "</pad" + number
+                + ">\n";
+    }
+    const QString n = QString::number(used.count("yes"));
+    file += "\t<param1 name=\"`" + banks + "`\">param_bigger 0 ? cycle &apos;dmxbank&apos; " + n
+            + " : cycle &apos;dmxbank&apos; -" + n + "</param1>\n</page>\n";
+    return file;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Pads)
+
+/** The bytes of a Pads Page. */
+class TestPadsPage final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void writesPages_data();
+    void writesPages();
+    void writesInTheCodecOfTheStream_data();
+    void writesInTheCodecOfTheStream();
+    void writesRandomPages_data();
+    void writesRandomPages();
+    void writesFullPages_data();
+    void writesFullPages();
+    void writesNoPadsOfAnEmptyTable();
+    void changesNothing();
+};
+
+void TestPadsPage::writesPages_data()
+{
+    QTest::addColumn<QString>("golden");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QStringList>("banks");
+    QTest::addColumn<int>("padsPerBank");
+    QTest::addColumn<Pads>("pads");
+
+    const QStringList banks = defaultBanks();
+    QStringList movers = banks;
+    movers[2] = "Movers";
+    QStringList raw = banks;
+    raw[0] = "Bank's \"A\" & <B>";
+    QStringList unnamed = banks;
+    unnamed[0] = "";
+    const QString name = "OS2L DMX";
+    const Pad strobe = {1, 1, "1", "Strobe", "Strobe", "#ff0000"};
+    const Pad slow = {1, 3, "2", "Slow", "Strobe Slow", "#00FF7F"};
+
+    QTest::newRow("one bank") << "padspage-one-bank.xml" << name << banks << 8 << Pads{strobe, slow};
+    QTest::newRow("a page that is no number is an empty pad")
+        << "padspage-one-bank.xml" << name << banks << 8
+        << Pads{strobe, slow, {1, 5, "two", "Ghost", "Ghost", "#123456"}};
+    QTest::newRow("a page that is an empty text is an empty pad")
+        << "padspage-one-bank.xml" << name << banks << 8
+        << Pads{strobe, slow, {1, 8, "", "Ghost", "Ghost", "#123456"}};
+    QTest::newRow("a button number without page is an empty pad")
+        << "padspage-one-bank.xml" << name << banks << 8
+        << Pads{strobe, slow, {1, 2, "0", "Ghost", "Ghost", "#123456", "4"}};
+    QTest::newRow("a typed label on an empty pad does not count")
+        << "padspage-one-bank.xml" << name << banks << 8
+        << Pads{strobe, slow, {4, 6, "0", "Mine", "PAD 6", "#ffffff", "-1"}};
+    QTest::newRow("a page without button number counts")
+        << "padspage-one-bank.xml" << name << banks << 8
+        << Pads{{1, 1, "7", "Strobe", "Strobe", "#FF0000", "-1"}, slow};
+    QTest::newRow("pads 9 to 16 of a bank in use are left out of 8 pads")
+        << "padspage-one-bank.xml" << name << banks << 8
+        << Pads{strobe, slow, {1, 9, "1", "Hidden", "Hidden", "#123456"}};
+    QTest::newRow("banks 1 and 3") << "padspage-banks-1-and-3.xml"
+                                   << "Lights" << movers << 8
+                                   << Pads{strobe,
+                                           {1, 5, "1", "Home", "Home", "white"},
+                                           {3, 2, "4", "Blue", "Blue", "#0000FF"},
+                                           {3, 5, "4", "Haze", "Haze on", "#808080"},
+                                           {3, 8, "12", "Off", "Blackout", "#000000"}};
+    QTest::newRow("16 pads") << "padspage-16-pads.xml"
+                             << "Big Page" << banks << 16
+                             << Pads{{2, 1, "1", "Red", "Red", "#ff0000"},
+                                     {2, 9, "1", "Green", "Green", "green"},
+                                     {2, 16, "2", "Last", "The last one", "#0000ff"},
+                                     {5, 10, "3", "Ten", "Button ten", "#FFAA00"},
+                                     {5, 16, "3", "End", "The end", "#AA5500"}};
+    QTest::newRow("8 pads, bank 2 in use by pad 12 alone")
+        << "padspage-second-column-only.xml" << name << banks << 8
+        << Pads{{2, 12, "1", "Hidden", "Hidden", "#123456"}};
+    QTest::newRow("pad 5 in bank 8 alone") << "padspage-pad-5-in-bank-8.xml" << name << banks << 8
+                                           << Pads{{8, 5, "3", "Smoke", "Smoke", "#C0C0C0"}};
+    QTest::newRow("quotes, ampersands and angle brackets go out raw")
+        << "padspage-raw-names.xml"
+        << "Rock & \"Roll\" <1>" << raw << 8
+        << Pads{{1, 1, "1", "It's \"on\" & <off>", "R&B's <\"best\">", "#ff00ff"}};
+    QTest::newRow("empty page name and bank name") << "padspage-empty-page-name.xml"
+                                                   << "" << unnamed << 8 << Pads{strobe};
+    QTest::newRow("negative page in a bank in use is left out")
+        << "padspage-negative-page.xml" << name << banks << 8
+        << Pads{strobe,
+                {1, 2, "-1", "Ghost", "Ghost", "#123456"},
+                {2, 2, "1", "Blue", "Blue", "#0000ff"},
+                {2, 3, "-7", "Ghost", "Ghost", "#123456"},
+                {1, 4, "-1", "Ghost", "Ghost", "#123456"},
+                {2, 4, "-1", "Ghost", "Ghost", "#123456"}};
+    QTest::newRow("no bank in use, though a pad has a button number")
+        << "padspage-no-bank.xml" << name << banks << 8
+        << Pads{{3, 4, "0", "Ghost", "Ghost", "#123456", "7"}};
+    QTest::newRow("negative page does not bring a bank into use")
+        << "padspage-no-bank.xml" << name << banks << 8 << Pads{{3, 4, "-1", "Ghost", "Ghost", "#123456"}};
+    QTest::newRow("page that is no number does not bring a bank into use")
+        << "padspage-no-bank.xml" << name << banks << 8 << Pads{{3, 4, "1a", "Ghost", "Ghost", "#123456"}};
+    QTest::newRow("fewer bank names than banks")
+        << "padspage-short-bank-list.xml" << name << QStringList{"Only one"} << 8
+        << Pads{strobe, {2, 2, "1", "Blue", "Blue", "#0000ff"}};
+}
+
+void TestPadsPage::writesPages()
+{
+    QFETCH(const QString, golden);
+    QFETCH(const QString, name);
+    QFETCH(const QStringList, banks);
+    QFETCH(const int, padsPerBank);
+    QFETCH(const Pads, pads);
+
+    QFile file(QFINDTESTDATA("../data/" + golden));
+    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(golden));
+    VDJModel table;
+    QVERIFY(fill(table, pads));
+    QCOMPARE(difference(written({name, banks, padsPerBank, table}), file.readAll()), QString());
+}
+
+void TestPadsPage::writesInTheCodecOfTheStream_data()
+{
+    QTest::addColumn<QByteArray>("codec");
+
+    QTest::newRow("UTF-8") << QByteArray("UTF-8");
+    QTest::newRow("Latin-1, whatever the first line says") << QByteArray("ISO-8859-1");
+}
+
+void TestPadsPage::writesInTheCodecOfTheStream()
+{
+    QFETCH(const QByteArray, codec);
+
+    QFile file(QFINDTESTDATA("../data/padspage-beyond-ascii.xml"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString golden = QString::fromUtf8(file.readAll());
+    VDJModel table;
+    QVERIFY(fill(table,
+                 {{1, 1, "1", QString::fromUtf8("Nebelstoß"), QString::fromUtf8("Été chaud"), "#ff0000"}}));
+    const PadsPage page = {QString::fromUtf8("Läser & Été"), {QString::fromUtf8("Grüße")}, 8, table};
+    QCOMPARE(difference(written(page, codec), codec == "UTF-8" ? golden.toUtf8() : golden.toLatin1()),
+             QString());
+}
+
+void TestPadsPage::writesRandomPages_data()
+{
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 50; ++seed)
+        QTest::addRow("seed %u", seed) << seed;
+}
+
+void TestPadsPage::writesRandomPages()
+{
+    QFETCH(const quint32, seed);
+
+    const QStringList pages = {"0", "0", "0", "1", "2", "17", "-1", "-30", "", "x", " 3", "2147483647"};
+    const QStringList names = {"Strobe", "It's", "a & b", "<b>", "", " : ", "var ? "};
+    QRandomGenerator random(seed);
+    Pads pads;
+    const int share = 1 + random.bounded(40);
+    for (int bank = 1; bank <= 8; ++bank) {
+        for (int number = 1; number <= 16; ++number) {
+            if (random.bounded(100) < share)
+                pads += {bank,
+                         number,
+                         pages.at(random.bounded(pages.size())),
+                         names.at(random.bounded(names.size())),
+                         names.at(random.bounded(names.size())),
+                         QString::asprintf("#%06x", static_cast<unsigned>(random.bounded(0x1000000))),
+                         QString::number(random.bounded(60))};
+        }
+    }
+    VDJModel table;
+    QVERIFY(fill(table, pads));
+    for (const int padsPerBank : {8, 16}) {
+        const PadsPage page = {"Random", defaultBanks(), padsPerBank, table};
+        QCOMPARE(difference(written(page), pageByHand(page).toUtf8()), QString());
+    }
+}
+
+void TestPadsPage::writesFullPages_data()
+{
+    QTest::addColumn<int>("padsPerBank");
+
+    QTest::newRow("8 pads") << 8;
+    QTest::newRow("16 pads") << 16;
+}
+
+/** All pads of a page have equally many clauses: one for each bank. */
+void TestPadsPage::writesFullPages()
+{
+    QFETCH(const int, padsPerBank);
+
+    Pads pads;
+    for (int bank = 1; bank <= 8; ++bank) {
+        for (int number = 1; number <= 16; ++number)
+            pads += {bank, number, "1", QString("b%1p%2").arg(bank).arg(number), "Button", "#ffffff"};
+    }
+    VDJModel table;
+    QVERIFY(fill(table, pads));
+    const QByteArray file = written({"Full", defaultBanks(), padsPerBank, table});
+
+    const QByteArrayList lines = file.split('\n');
+    QCOMPARE(lines.size(), padsPerBank + 5);
+    QCOMPARE(lines.last(), QByteArray());
+    for (int number = 1; number <= padsPerBank; ++number) {
+        const QByteArray &line = lines.at(number + 1);
+        QVERIFY2(line.startsWith("\t<pad" + QByteArray::number(number) + " name"), line.constData());
+        for (int bank = 1; bank <= 8; ++bank) {
+            const QByteArray clause = "var &apos;dmxbank&apos; " + QByteArray::number(bank - 1) + " ? ";
+            QCOMPARE(line.count(clause), 3);
+            QCOMPARE(line.count(clause + "get_text &apos;b" + QByteArray::number(bank) + "p"
+                                + QByteArray::number(number) + "&apos;"),
+                     1);
+        }
+        QCOMPARE(line.count(" : "), 3 * 7);
+    }
+    QVERIFY(lines.at(padsPerBank + 2).endsWith("&apos; 8 : cycle &apos;dmxbank&apos; -8</param1>"));
+}
+
+void TestPadsPage::writesNoPadsOfAnEmptyTable()
+{
+    QFile file(QFINDTESTDATA("../data/padspage-no-bank.xml"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const VDJModel table;
+    QCOMPARE(difference(written({"OS2L DMX", defaultBanks(), 8, table}), file.readAll()), QString());
+}
+
+void TestPadsPage::changesNothing()
+{
+    VDJModel table;
+    QVERIFY(fill(table, {{2, 12, "1", "Hidden", "Hidden", "#123456"}}));
+    const auto before = table.getlist();
+    const PadsPage page = {"Twice", defaultBanks(), 16, table};
+    const QByteArray first = written(page);
+    QCOMPARE(difference(written(page), first), QString());
+    QCOMPARE(table.getlist(), before);
+}
+
+QTEST_GUILESS_MAIN(TestPadsPage)
+#include "test_padspage.moc"

@@ -1,0 +1,401 @@
+#include "tables/controller.h"
+#include "tables/mydelegate.h"
+#include "tables/roles.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QStyleOptionViewItem>
+#include <QtTest>
+
+namespace {
+
+/** The cell's place in the picture; the picture is larger, so that painting beside the cell shows. */
+const QRect cellRect(13, 7, 90, 40);
+
+/** A grid of keys, each called "Fog" and with a red Live Button. */
+class Grid final
+{
+public:
+    Grid()
+    {
+        model.insertRows(0, 12);
+        for (int row = 0; row < 12; ++row) {
+            for (int column = 0; column < 12; ++column) {
+                model.setData(model.index(row, column), "Fog");
+                model.setData(model.index(row, column), "#ff0000", Qt::DecorationRole);
+            }
+        }
+    }
+
+    QModelIndex set(const QString &text, int role, int row = 2, int column = 2)
+    {
+        const QModelIndex index = model.index(row, column);
+        model.setData(index, text, role);
+        return index;
+    }
+
+    Controller model;
+};
+
+/** A picture with a pattern that no cell has, and a font whose edges are not smoothed. */
+class Canvas final
+{
+public:
+    Canvas() : image(120, 80, QImage::Format_RGB32)
+    {
+        image.fill(QColor("#00ffff"));
+        painter.begin(&image);
+        QFont font = painter.font();
+        font.setPixelSize(20);
+        font.setBold(true);
+        font.setStyleStrategy(QFont::NoAntialias);
+        painter.setFont(font);
+    }
+
+    QImage image;
+    QPainter painter;
+};
+
+QImage painted(const QModelIndex &index, QStyle::State state = QStyle::State_Enabled,
+               const QRect &rect = cellRect)
+{
+    Canvas canvas;
+    QStyleOptionViewItem option;
+    option.rect = rect;
+    option.state = state;
+    Mydelegate().paint(&canvas.painter, option, index);
+    canvas.painter.end();
+    return canvas.image;
+}
+
+/** A cell of the given looks; an invalid swatch colour means a cell without swatch. */
+QImage expected(const QColor &background, const QRect &swatch, const QColor &swatchColor,
+                const QColor &textColor, const QRect &text, const QString &name = "Fog",
+                const QRect &rect = cellRect)
+{
+    Canvas canvas;
+    canvas.painter.fillRect(rect, background);
+    if (swatchColor.isValid())
+        canvas.painter.fillRect(swatch, swatchColor);
+    canvas.painter.setPen(QPen(textColor, 2));
+    canvas.painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, name);
+    canvas.painter.end();
+    return canvas.image;
+}
+
+// For cellRect: from 5 right of the edge, 15 by 15; from 25 right of the edge to 5 left of the other edge.
+const QRect swatchRect(18, 19, 15, 15);
+const QRect textRect(38, 7, 60, 40);
+
+QImage expectedKey(const QColor &background, const QColor &swatchColor = Qt::red, const QString &name = "Fog")
+{
+    return expected(background, swatchRect, swatchColor, Qt::white, textRect, name);
+}
+
+QImage expectedPlain(const QString &name = "Fog")
+{
+    return expected("#303030", {}, {}, "#909090", textRect, name);
+}
+
+int count(const QImage &image, const QRect &rect, const QColor &color)
+{
+    int pixels = 0;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = rect.left(); x <= rect.right(); ++x)
+            pixels += image.pixelColor(x, y) == color;
+    }
+    return pixels;
+}
+
+} // namespace
+
+/** How the cells of the device grid look, to the pixel. */
+class TestMydelegate final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void face();
+    void plainCell();
+    void keyAtRest();
+    void restingGrid();
+    void plainOrKey_data();
+    void plainOrKey();
+    void stateOfKey_data();
+    void stateOfKey();
+    void stateOfPlainCell_data();
+    void stateOfPlainCell();
+    void swatch_data();
+    void swatch();
+    void swatchColor_data();
+    void swatchColor();
+    void textPlace_data();
+    void textPlace();
+    void textOfCell_data();
+    void textOfCell();
+    void painterIsRestored_data();
+    void painterIsRestored();
+};
+
+void TestMydelegate::face()
+{
+    QObject parent;
+    const auto *delegate = new Mydelegate(&parent);
+    QCOMPARE(delegate->parent(), &parent);
+    QCOMPARE(delegate->metaObject()->className(), "Mydelegate");
+    QCOMPARE(delegate->metaObject()->superClass()->className(), "QStyledItemDelegate");
+}
+
+void TestMydelegate::plainCell()
+{
+    Grid grid;
+    const QImage image = painted(grid.set("0", AvailableRole));
+    const int text = count(image, textRect, "#909090");
+    QVERIFY(text > 0);
+    QCOMPARE(count(image, cellRect, "#303030"), 90 * 40 - text);
+    QCOMPARE(count(image, image.rect(), "#00ffff"), 120 * 80 - 90 * 40);
+}
+
+void TestMydelegate::keyAtRest()
+{
+    Grid grid;
+    const QImage image = painted(grid.model.index(2, 2));
+    const int text = count(image, textRect, Qt::white);
+    QVERIFY(text > 0);
+    QCOMPARE(count(image, swatchRect, Qt::red), 15 * 15);
+    QCOMPARE(count(image, cellRect, Qt::black), 90 * 40 - 15 * 15 - text);
+    QCOMPARE(count(image, image.rect(), "#00ffff"), 120 * 80 - 90 * 40);
+}
+
+/** An empty key has a black swatch on black and its label in white. */
+void TestMydelegate::restingGrid()
+{
+    Controller model;
+    model.insertRows(0, 12);
+    model.setData(model.index(2, 2), "PAD 1");
+    const QImage image = painted(model.index(2, 2));
+    QCOMPARE(image, expectedKey(Qt::black, Qt::black, "PAD 1"));
+    QVERIFY(count(image, textRect, Qt::white) > 0);
+}
+
+void TestMydelegate::plainOrKey_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("available");
+    QTest::addColumn<bool>("isPlain");
+    QTest::newRow("pad of the device") << 2 << 2 << "1" << false;
+    QTest::newRow("pad that the device lacks") << 2 << 2 << "0" << true;
+    QTest::newRow("upper left corner is a key") << 0 << 0 << "1" << false;
+    QTest::newRow("upper left corner that the device lacks") << 0 << 0 << "0" << true;
+    QTest::newRow("upper right corner") << 0 << 11 << "1" << true;
+    QTest::newRow("lower left corner") << 11 << 0 << "1" << true;
+    QTest::newRow("lower right corner") << 11 << 11 << "1" << true;
+    QTest::newRow("upper right corner that the device lacks") << 0 << 11 << "0" << true;
+    QTest::newRow("top band beside its right end") << 0 << 10 << "1" << false;
+    QTest::newRow("top band beside its left end") << 0 << 1 << "1" << false;
+    QTest::newRow("right band below its upper end") << 1 << 11 << "1" << false;
+    QTest::newRow("right band above its lower end") << 10 << 11 << "1" << false;
+    QTest::newRow("left band above its lower end") << 10 << 0 << "1" << false;
+    QTest::newRow("bottom band beside its left end") << 11 << 1 << "1" << false;
+    QTest::newRow("bottom band beside its right end") << 11 << 10 << "1" << false;
+    QTest::newRow("available is empty") << 2 << 2 << "" << false;
+    QTest::newRow("available is 00") << 2 << 2 << "00" << false;
+}
+
+void TestMydelegate::plainOrKey()
+{
+    QFETCH(int, row);
+    QFETCH(int, column);
+    QFETCH(QString, available);
+    QFETCH(bool, isPlain);
+    Grid grid;
+    const QImage image = painted(grid.set(available, AvailableRole, row, column));
+    QCOMPARE(image, isPlain ? expectedPlain() : expectedKey(Qt::black));
+}
+
+void TestMydelegate::stateOfKey_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::addColumn<QColor>("background");
+    QTest::newRow("nothing") << int(QStyle::State_None) << QColor(Qt::black);
+    QTest::newRow("at rest") << int(QStyle::State_Enabled | QStyle::State_Active) << QColor(Qt::black);
+    QTest::newRow("under the mouse") << int(QStyle::State_Enabled | QStyle::State_MouseOver)
+                                     << QColor("#202020");
+    QTest::newRow("selected") << int(QStyle::State_Enabled | QStyle::State_Selected) << QColor("#404040");
+    QTest::newRow("selected under the mouse")
+        << int(QStyle::State_Enabled | QStyle::State_Selected | QStyle::State_MouseOver) << QColor("#404040");
+    QTest::newRow("selected in another window") << int(QStyle::State_Selected) << QColor("#404040");
+    QTest::newRow("with the focus") << int(QStyle::State_Enabled | QStyle::State_HasFocus)
+                                    << QColor(Qt::black);
+    QTest::newRow("selected with the focus")
+        << int(QStyle::State_Enabled | QStyle::State_HasFocus | QStyle::State_Selected) << QColor("#404040");
+    QTest::newRow("pressed") << int(QStyle::State_Enabled | QStyle::State_Sunken) << QColor(Qt::black);
+}
+
+void TestMydelegate::stateOfKey()
+{
+    QFETCH(int, state);
+    QFETCH(QColor, background);
+    Grid grid;
+    QCOMPARE(painted(grid.model.index(2, 2), QStyle::State(state)), expectedKey(background));
+}
+
+void TestMydelegate::stateOfPlainCell_data()
+{
+    stateOfKey_data();
+}
+
+void TestMydelegate::stateOfPlainCell()
+{
+    QFETCH(int, state);
+    Grid grid;
+    QCOMPARE(painted(grid.set("0", AvailableRole), QStyle::State(state)), expectedPlain());
+}
+
+void TestMydelegate::swatch_data()
+{
+    QTest::addColumn<QRect>("rect");
+    QTest::addColumn<QRect>("swatch");
+    QTest::newRow("even height") << QRect(13, 7, 90, 40) << QRect(18, 19, 15, 15);
+    QTest::newRow("odd height") << QRect(13, 7, 90, 41) << QRect(18, 20, 15, 15);
+    QTest::newRow("two more") << QRect(13, 7, 90, 42) << QRect(18, 20, 15, 15);
+    QTest::newRow("at the origin") << QRect(0, 0, 90, 40) << QRect(5, 12, 15, 15);
+    QTest::newRow("just high enough") << QRect(13, 30, 90, 15) << QRect(18, 30, 15, 15);
+    QTest::newRow("one more than high enough") << QRect(13, 30, 90, 16) << QRect(18, 30, 15, 15);
+    QTest::newRow("too low by one") << QRect(13, 30, 90, 14) << QRect(18, 30, 15, 15);
+    QTest::newRow("too low by an even number") << QRect(13, 30, 90, 11) << QRect(18, 28, 15, 15);
+    QTest::newRow("too low by an odd number, cut toward zero")
+        << QRect(13, 30, 90, 10) << QRect(18, 28, 15, 15);
+    QTest::newRow("narrow gap") << QRect(13, 7, 10, 40) << QRect(18, 19, 15, 15);
+}
+
+void TestMydelegate::swatch()
+{
+    QFETCH(QRect, rect);
+    QFETCH(QRect, swatch);
+    Grid grid;
+    const QImage image = painted(grid.set("", Qt::EditRole), QStyle::State_Enabled, rect);
+    QCOMPARE(count(image, image.rect(), Qt::red), 15 * 15);
+    QCOMPARE(count(image, swatch, Qt::red), 15 * 15);
+    QCOMPARE(count(image, rect, "#00ffff"), 0);
+}
+
+void TestMydelegate::swatchColor_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QColor>("color");
+    QTest::newRow("digits") << "#102030" << QColor(0x10, 0x20, 0x30);
+    QTest::newRow("upper case") << "#ABCDEF" << QColor(0xab, 0xcd, 0xef);
+    QTest::newRow("colour word") << "lime" << QColor(0, 255, 0);
+    QTest::newRow("as the background") << "#404040" << QColor(0x40, 0x40, 0x40);
+    QTest::newRow("no colour paints black") << "mud" << QColor(Qt::black);
+    QTest::newRow("empty paints black") << "" << QColor(Qt::black);
+}
+
+void TestMydelegate::swatchColor()
+{
+    QFETCH(QString, text);
+    QFETCH(QColor, color);
+    Grid grid;
+    QCOMPARE(painted(grid.set(text, Qt::DecorationRole), QStyle::State_Selected),
+             expectedKey("#404040", color));
+}
+
+void TestMydelegate::textPlace_data()
+{
+    QTest::addColumn<QRect>("rect");
+    QTest::addColumn<QRect>("text");
+    QTest::addColumn<QRect>("swatch");
+    QTest::newRow("even height") << QRect(13, 7, 90, 40) << QRect(38, 7, 60, 40) << QRect(18, 19, 15, 15);
+    QTest::newRow("odd height") << QRect(13, 7, 90, 41) << QRect(38, 7, 60, 41) << QRect(18, 20, 15, 15);
+    QTest::newRow("at the origin") << QRect(0, 0, 100, 60) << QRect(25, 0, 70, 60) << QRect(5, 22, 15, 15);
+    QTest::newRow("narrower than the text")
+        << QRect(13, 7, 40, 40) << QRect(38, 7, 10, 40) << QRect(18, 19, 15, 15);
+    QTest::newRow("a gap too narrow for any text")
+        << QRect(13, 7, 10, 40) << QRect(38, 7, -20, 40) << QRect(18, 19, 15, 15);
+}
+
+void TestMydelegate::textPlace()
+{
+    QFETCH(QRect, rect);
+    QFETCH(QRect, text);
+    QFETCH(QRect, swatch);
+    Grid grid;
+    for (const char *name : {"Fog", "A text that is far too long", "two\nlines", ""}) {
+        const QModelIndex key = grid.set(name, Qt::EditRole);
+        QCOMPARE(painted(key, QStyle::State_Enabled, rect),
+                 expected(Qt::black, swatch, Qt::red, Qt::white, text, name, rect));
+        const QModelIndex plain = grid.set("0", AvailableRole);
+        QCOMPARE(painted(plain, QStyle::State_Enabled, rect),
+                 expected("#303030", {}, {}, "#909090", text, name, rect));
+        grid.set("1", AvailableRole);
+    }
+}
+
+void TestMydelegate::textOfCell_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("letters") << "Fog";
+    QTest::newRow("letters beyond ASCII") << QString::fromUtf8("\xc5\xbb\xc3\xb3\xc5\x82w");
+    QTest::newRow("ampersand stays") << "A & B";
+    QTest::newRow("markup stays") << "<b>A";
+    QTest::newRow("empty text of a gap") << "";
+}
+
+/** The text is the name, neither the Live Button's own nor in the text colour that the key keeps. */
+void TestMydelegate::textOfCell()
+{
+    QFETCH(QString, text);
+    Grid grid;
+    grid.set("other", DisplayNameRole);
+    grid.set("#123456", Qt::ForegroundRole);
+    const QModelIndex index = grid.set(text, Qt::EditRole);
+    QCOMPARE(painted(index), expectedKey(Qt::black, Qt::red, text));
+    grid.set("0", AvailableRole);
+    QCOMPARE(painted(index), expectedPlain(text));
+}
+
+void TestMydelegate::painterIsRestored_data()
+{
+    QTest::addColumn<QString>("available");
+    QTest::newRow("key") << "1";
+    QTest::newRow("plain cell") << "0";
+}
+
+void TestMydelegate::painterIsRestored()
+{
+    QFETCH(QString, available);
+    Grid grid;
+    const QModelIndex index = grid.set(available, AvailableRole);
+    Canvas canvas;
+    QPainter &painter = canvas.painter;
+    painter.setPen(QPen(Qt::magenta, 5, Qt::DotLine));
+    painter.setBrush(QBrush(Qt::yellow, Qt::CrossPattern));
+    painter.setBackground(Qt::cyan);
+    painter.setClipRect(1, 2, 100, 60);
+    painter.translate(3, 4);
+    painter.setOpacity(0.5);
+    const QPen pen = painter.pen();
+    const QBrush brush = painter.brush();
+    const QFont font = painter.font();
+    const QTransform transform = painter.transform();
+    const QRegion clip = painter.clipRegion();
+    const QPainter::RenderHints hints = painter.renderHints();
+
+    QStyleOptionViewItem option;
+    option.rect = cellRect;
+    Mydelegate().paint(&painter, option, index);
+
+    QCOMPARE(painter.pen(), pen);
+    QCOMPARE(painter.brush(), brush);
+    QCOMPARE(painter.background(), QBrush(Qt::cyan));
+    QCOMPARE(painter.font(), font);
+    QCOMPARE(painter.transform(), transform);
+    QCOMPARE(painter.clipRegion(), clip);
+    QCOMPARE(painter.opacity(), 0.5);
+    QCOMPARE(painter.renderHints(), hints);
+}
+
+QTEST_MAIN(TestMydelegate)
+#include "test_mydelegate.moc"

@@ -1,0 +1,451 @@
+#include "support/workspace.h"
+
+#include <QHelpEvent>
+#include <QImage>
+#include <QScrollBar>
+
+namespace {
+
+// The theme, written down a second time: one text for each kind of widget, slips and blanks included.
+
+const char Base[] = "QWidget {color: #cccccc; background-color: #202020;}";
+
+const char Label[] = "QLabel {background-color:transparent; color:#cccccc} ";
+
+const char Panel[] = "QGroupBox {background-color:#303030; color:white;border: 0px solid;}"
+                     " QGroupBox::title {background-color:#303030; color:#909090;} ";
+
+const char ListTable[] =
+    "QTableView {font: normal 12px 'Arial' ;outline: 0; gridline-color: #252525;"
+    " background:black; border: 0px;}"
+    "QTableView::item{background:black; border: 1px solid #404040 ;}"
+    " QTableView:item:selected{color: white;background:#404040; border: 1px solid #404040 ;}"
+    "QTableView:item:focus{background:black; border: 1px solid #404040 ;}"
+    " QTableView:item:focus:selected{background:#404040; border: 1px solid #404040 ;}"
+    " QTableView:item:hover{background:#202020; border: 1px solid #404040;}"
+    "QTableView:item:hover:selected{background:#404040; border: 1px solid #404040;}"
+    " QTableView::indicator:checked {image:url(:/icons/Images/checkbox.png); background-color:"
+    " #202020; color:#aaaaaa; border:1px solid #505050;}"
+    "QTableView::indicator:unchecked {background-color: #202020; color:#aaaaaa; border:1px"
+    " solid #505050;}"
+    "QToolTip {background:#202020;color:white;border: 1px solid #808080;}";
+
+const char GridTable[] = "QTableView {font: normal 12px 'Arial' ;outline: 0; gridline-color: #252525;"
+                         " background:black; border: 0px;}"
+                         "QToolTip {background:#202020;color:white;border: 1px solid #808080;}";
+
+const char TableScrollBar[] =
+    "QScrollBar:vertical {border: 1px solid #505050; background: #202020; width: 20px; margin:"
+    " 0px 0 0px 0;}"
+    "QScrollBar::handle:vertical {border: 0px; background: #707070; min-height:15px; }"
+    "QScrollBar::add-line:vertical {border: 0px; height: 0px;}"
+    "QScrollBar::sub-line:vertical {border: 0px; height: 0px;}"
+    "QScrollBar::up-arrow:vertical {width: 0px; height: 0px; }"
+    " QScrollBar::down-arrow:vertical {width: 0px; height: 0px;}"
+    "QScrollBar::add-page:vertical, QScrollBar::sub-page:vertical {background: none;}";
+
+const char Edit[] = "QLineEdit {color: #cccccc; background-color: black; selection-color: white;"
+                    " selection-background-color: #606060; border: 1px solid #606060;}"
+                    "QLineEdit:focus {border: 1px solid #aaaaaa};";
+
+const char Radio[] = "QRadioButton {color: #cccccc; background-color: #303030; border: 0px;}";
+
+const char Combo[] =
+    "QComboBox {color: #bbbbbb; border: 1px solid #707070; padding: 2px 0px 2px 10px; }"
+    "QComboBox:hover {color: #bbbbbb; border: 1px solid #909090; padding: 2px 0px 2px 10px; }"
+    "QComboBox:disabled {color: #707070; border: 1px solid #404040; padding: 0px 0px 0px 10px;}"
+    "QComboBox::drop-down {image: url(:/icons/Images/arrowdown.png); width:20px;padding: 0px;"
+    " background-color:#505050; border-left-width: 1px; border-left-color: #707070;"
+    " border-left-style: solid;}"
+    "QComboBox QAbstractItemView {padding: 3px 0px 3px 0px; border: 1px solid darkgray;"
+    " selection-background-color: #505050;}"
+    "QScrollBar:vertical {border: 1px solid #505050; background: #202020; width: 20px; margin:"
+    " 0px 0 0px 0;}"
+    "QScrollBar::handle:vertical {border: 0px; background: #707070; min-height:15px; }"
+    "QScrollBar::add-line:vertical {border: 0px; height: 0px;}"
+    "QScrollBar::sub-line:vertical {border: 0px; height: 0px;}"
+    "QScrollBar::up-down:vertical {width: 0px; height: 0px; }"
+    "QScrollBar::up-arrow:vertical {width: 0px; height: 0px; }"
+    "  QScrollBar::add-page:vertical, QScrollBar::sub-page:vertical {background: none;}";
+
+const char Button[] =
+    "QPushButton {color: #cccccc; background-color: #303030;border: 1px solid #505050;}"
+    "QPushButton:hover {color: #ffffff; background-color: #404040;border: 1px solid #606060;}"
+    "QToolTip {background:#202020;color:white;border: 1px solid #808080;}";
+
+const char Menu[] = "QMenu {padding: 2px; background-color: black; border:1px solid #505050;}"
+                    "QMenu::item{color:#aaaaaa; background-color: #101010;}"
+                    "QMenu::item:selected{color:white;background: #404040;}"
+                    "QMenu::separator{height: 1px; margin: 5px; background: #909090; }";
+
+const char Bar[] = "QMenuBar {margin: 0px;spacing: 3px; padding:5px; background-color: black; border:1px"
+                   " solid #505050;}"
+                   "QMenuBar::item{color:#aaaaaa; background-color: #101010;}"
+                   "QMenuBar::item:selected{color:white;background: #404040;}";
+
+const char MessageBoxes[] =
+    "QMessageBox {background-color:#202020; color:#cccccc ; border: 1px solid #505050;}"
+    " QMessageBox QLabel {min-width: 360px; color:white;}"
+    "QMessageBox QPushButton {width: 70; height:20; color: #cccccc; background-color:"
+    " #303030;border: 1px solid #505050;}"
+    "QMessageBox QPushButton:hover {width: 70; height:20; color: #ffffff; background-color:"
+    " #404040;border: 1px solid #606060;}";
+
+/** Which named objects carry which text. */
+struct Dressed
+{
+    const char *sheet;
+    QVector<const char *> objects;
+};
+
+const QVector<Dressed> &dressed()
+{
+    static const QVector<Dressed> list{
+        {Combo, {"bankcombo", "combobox", "mididevices", "devicescombo", "combo_offcolor", "combo_oncolor"}},
+        {Radio, {"radio_outputmidi", "radio_outputpage", "radioButton_16pads", "radioButton_8pads"}},
+        {Menu, {"menuPage", "menuHelp"}},
+        {Bar, {"menuBar"}},
+        {Button, {"pushButton_2", "cleanmidi_button", "cleanpads_button", "loadini"}},
+        {Base, {"centralWidget"}},
+        {Edit, {"padsname", "bankname"}},
+        {Label,
+         {"label_padname", "label_3", "label", "label_2", "label_5", "label_6", "label_7", "bank_label",
+          "bank_label_3", "label_9", "label_10"}},
+        {Panel,
+         {"groupBox", "groupBox_2", "groupBox_3", "groupBox_4", "groupBox_midis", "groupBox_pads",
+          "groupBox_controller"}},
+        {ListTable, {"vdjlistview", "dmxlistview"}},
+        {GridTable, {"tablecontroller"}},
+    };
+    return list;
+}
+
+bool isDressed(const QString &name)
+{
+    for (const Dressed &group : dressed()) {
+        for (const char *object : group.objects) {
+            if (name == object)
+                return true;
+        }
+    }
+    return false;
+}
+
+/** The sheets and tool tips of all widgets of the window, sorted: the tables restack what they consist of. */
+QStringList wardrobe(const QWidget &window)
+{
+    QStringList all{window.styleSheet()};
+    for (const QWidget *widget : window.findChildren<QWidget *>())
+        all += widget->objectName() + ": " + widget->styleSheet() + " | " + widget->toolTip();
+    all.sort();
+    return all;
+}
+
+/** Notes the style sheet of every message box that shows. */
+class BoxSheets final : public QObject
+{
+public:
+    BoxSheets() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && qobject_cast<QMessageBox *>(watched))
+            sheets += static_cast<QMessageBox *>(watched)->styleSheet();
+        return false;
+    }
+
+    QStringList sheets;
+};
+
+QWidget *toolTipLabel()
+{
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (widget->inherits("QTipLabel") && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+/** The dark theme: which sheet lies on which widget, to the letter, and that it is seen. */
+class TestStyles final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void sheet_data();
+    void sheet();
+    void scrollBar_data();
+    void scrollBar();
+    void withoutSheet_data();
+    void withoutSheet();
+    void nothingElseIsDressed();
+    void slip_data();
+    void slip();
+    void toolTip_data();
+    void toolTip();
+    void setAgain();
+    void setAgainMends();
+    void messageBoxes();
+
+    void fontIsArial_data();
+    void fontIsArial();
+    void pixel_data();
+    void pixel();
+    void padsPanelLiesOnTop();
+    void cellToolTipIsDark_data();
+    void cellToolTipIsDark();
+};
+
+void TestStyles::sheet_data()
+{
+    QTest::addColumn<QString>("expected");
+    for (const Dressed &group : dressed()) {
+        for (const char *object : group.objects)
+            QTest::newRow(object) << group.sheet;
+    }
+}
+
+void TestStyles::sheet()
+{
+    QFETCH(const QString, expected);
+    Workspace space;
+    QCOMPARE(space.find<QWidget>(QTest::currentDataTag())->styleSheet(), expected);
+}
+
+void TestStyles::scrollBar_data()
+{
+    QTest::addColumn<QString>("vertical");
+    QTest::addColumn<QString>("horizontal");
+    for (const char *view : {"dmxlistview", "vdjlistview", "tablecontroller"})
+        QTest::newRow(view) << TableScrollBar << QString();
+}
+
+void TestStyles::scrollBar()
+{
+    QFETCH(const QString, vertical);
+    QFETCH(const QString, horizontal);
+    Workspace space;
+    const auto *view = space.find<QTableView>(QTest::currentDataTag());
+    QCOMPARE(view->verticalScrollBar()->styleSheet(), vertical);
+    QCOMPARE(view->horizontalScrollBar()->styleSheet(), horizontal);
+}
+
+void TestStyles::withoutSheet_data()
+{
+    QTest::addColumn<QString>("parent");
+    QTest::newRow("groupBox_colors") << "groupBox_midis";
+    QTest::newRow("label_4") << "centralWidget";
+    QTest::newRow("mainToolBar") << "MainWindow";
+    QTest::newRow("statusBar") << "MainWindow";
+}
+
+void TestStyles::withoutSheet()
+{
+    QFETCH(const QString, parent);
+    Workspace space;
+    const auto *widget = space.find<QWidget>(QTest::currentDataTag());
+    QCOMPARE(widget->styleSheet(), QString());
+    QCOMPARE(widget->parentWidget()->objectName(), parent);
+}
+
+void TestStyles::nothingElseIsDressed()
+{
+    Workspace space;
+    QVERIFY(space.window().styleSheet().isEmpty());
+    QVERIFY(qApp->styleSheet().isEmpty());
+    int scrollBars = 0;
+    for (const QWidget *widget : space.window().findChildren<QWidget *>()) {
+        if (widget->styleSheet().isEmpty() || isDressed(widget->objectName()))
+            continue;
+        QCOMPARE(widget->styleSheet(), QString(TableScrollBar));
+        ++scrollBars;
+    }
+    QCOMPARE(scrollBars, 3);
+}
+
+void TestStyles::slip_data()
+{
+    QTest::addColumn<QByteArray>("object");
+    QTest::addColumn<QString>("slip");
+    QTest::addColumn<int>("count");
+
+    QTest::newRow("stray semicolon behind the page name's last block") << QByteArray("padsname") << "};" << 1;
+    QTest::newRow("stray semicolon behind the bank name's last block") << QByteArray("bankname") << "};" << 1;
+    for (const char *view : {"vdjlistview", "dmxlistview"}) {
+        const QByteArray name(view);
+        QTest::newRow(name + ": single colon, selected") << name << "QTableView:item:selected{" << 1;
+        QTest::newRow(name + ": single colon, focus") << name << "QTableView:item:focus{" << 1;
+        QTest::newRow(name + ": single colon, focus and selected")
+            << name << "QTableView:item:focus:selected{" << 1;
+        QTest::newRow(name + ": single colon, hover") << name << "QTableView:item:hover{" << 1;
+        QTest::newRow(name + ": single colon, hover and selected")
+            << name << "QTableView:item:hover:selected{" << 1;
+        QTest::newRow(name + ": double colon, plain item") << name << "QTableView::item{" << 1;
+    }
+    for (const char *combo :
+         {"bankcombo", "combobox", "mididevices", "devicescombo", "combo_offcolor", "combo_oncolor"}) {
+        const QByteArray name(combo);
+        QTest::newRow(name + ": up-down") << name << "QScrollBar::up-down:vertical" << 1;
+        QTest::newRow(name + ": no down-arrow") << name << "down-arrow" << 0;
+        QTest::newRow(name + ": two blanks") << name << "}  QScrollBar::add-page" << 1;
+    }
+}
+
+void TestStyles::slip()
+{
+    QFETCH(const QByteArray, object);
+    QFETCH(const QString, slip);
+    QFETCH(const int, count);
+    Workspace space;
+    QCOMPARE(space.find<QWidget>(object)->styleSheet().count(slip), count);
+}
+
+void TestStyles::toolTip_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("cleanmidi_button") << "Clean content from All Buttons";
+    QTest::newRow("cleanpads_button") << "Clean content from All Pads";
+    QTest::newRow("pushButton_2") << QString();
+    QTest::newRow("loadini") << QString();
+}
+
+void TestStyles::toolTip()
+{
+    QFETCH(const QString, text);
+    Workspace space;
+    QCOMPARE(space.find<QWidget>(QTest::currentDataTag())->toolTip(), text);
+}
+
+void TestStyles::setAgain()
+{
+    Workspace space;
+    QVERIFY(space.loadSomeShow());
+    const QStringList before = wardrobe(space.window()) + space.snapshot();
+    QVERIFY(space.call("setstyles"));
+    QVERIFY(space.call("setstyles"));
+    QCOMPARE(wardrobe(space.window()) + space.snapshot(), before);
+    QCOMPARE(space.dialogs.faults(), QString());
+}
+
+void TestStyles::setAgainMends()
+{
+    Workspace space;
+    const QStringList before = wardrobe(space.window());
+    for (const Dressed &group : dressed()) {
+        for (const char *object : group.objects) {
+            space.find<QWidget>(object)->setStyleSheet(QString());
+            space.find<QWidget>(object)->setToolTip(QString());
+        }
+    }
+    QVERIFY(space.call("setstyles"));
+    QCOMPARE(wardrobe(space.window()), before);
+}
+
+void TestStyles::messageBoxes()
+{
+    const BoxSheets boxes;
+    Workspace space;
+    space.window();
+    space.dialogs.expect(ExpectedDialogs::Box{"Nothing to Save. Load a Show", {}});
+    space.trigger("actionSave_2");
+    QCOMPARE(space.dialogs.faults(), QString());
+    QCOMPARE(boxes.sheets, QStringList{MessageBoxes});
+}
+
+void TestStyles::fontIsArial_data()
+{
+    QTest::addColumn<int>("points"); // 0 where the form gives the widget no size of its own
+    for (const char *name :
+         {"label_6", "label_5", "label_padname", "cleanpads_button", "cleanmidi_button", "bankcombo"})
+        QTest::newRow(name) << 9;
+    for (const char *name : {"combobox", "loadini", "pushButton_2"})
+        QTest::newRow(name) << 10;
+    for (const char *name :
+         {"label_4", "radio_outputpage", "radio_outputmidi", "padsname", "label_7", "mididevices",
+          "bank_label_3", "devicescombo", "label_10", "label", "combo_offcolor", "label_2", "combo_oncolor",
+          "bank_label", "label_3", "bankname", "radioButton_8pads", "radioButton_16pads", "label_9"})
+        QTest::newRow(name) << 0;
+}
+
+void TestStyles::fontIsArial()
+{
+    QFETCH(const int, points);
+    Workspace space;
+    const QFont font = space.find<QWidget>(QTest::currentDataTag())->font();
+    QCOMPARE(font.family(), QString("Arial"));
+    if (points > 0)
+        QCOMPARE(font.pointSize(), points);
+}
+
+void TestStyles::pixel_data()
+{
+    QTest::addColumn<QByteArray>("object");
+    QTest::addColumn<QPoint>("point");
+    QTest::addColumn<QColor>("color");
+    QTest::newRow("central widget") << QByteArray("centralWidget") << QPoint(3, 3) << QColor("#202020");
+    QTest::newRow("panel") << QByteArray("groupBox_2") << QPoint(3, 430) << QColor("#303030");
+    QTest::newRow("table without rows") << QByteArray("dmxlistview") << QPoint(120, 120) << QColor(Qt::black);
+    QTest::newRow("border of a pad") << QByteArray("vdjlistview") << QPoint(100, 0) << QColor("#404040");
+    QTest::newRow("button") << QByteArray("pushButton_2") << QPoint(4, 4) << QColor("#303030");
+    QTest::newRow("border of a button") << QByteArray("pushButton_2") << QPoint(60, 0) << QColor("#505050");
+    QTest::newRow("line edit") << QByteArray("padsname") << QPoint(185, 5) << QColor(Qt::black);
+    QTest::newRow("border of a line edit") << QByteArray("padsname") << QPoint(90, 0) << QColor("#606060");
+    QTest::newRow("border of a combo box") << QByteArray("bankcombo") << QPoint(10, 0) << QColor("#707070");
+    QTest::newRow("menu bar") << QByteArray("menuBar") << QPoint(600, 10) << QColor(Qt::black);
+}
+
+void TestStyles::pixel()
+{
+    QFETCH(const QByteArray, object);
+    QFETCH(const QPoint, point);
+    QFETCH(const QColor, color);
+    Workspace space;
+    const QImage image = space.find<QWidget>(object)->grab().toImage();
+    QCOMPARE(image.pixelColor(point).name(), color.name());
+}
+
+void TestStyles::padsPanelLiesOnTop()
+{
+    Workspace space;
+    const auto *central = space.find<QWidget>("centralWidget");
+    for (const int y : {175, 176, 177})
+        QCOMPARE(central->childAt(295, y)->objectName(), QString("groupBox_pads"));
+    QCOMPARE(central->childAt(295, 178)->objectName(), QString("groupBox_3"));
+}
+
+void TestStyles::cellToolTipIsDark_data()
+{
+    QTest::addColumn<bool>("isMidi");
+    QTest::newRow("dmxlistview") << false;
+    QTest::newRow("vdjlistview") << false;
+    QTest::newRow("tablecontroller") << true;
+}
+
+void TestStyles::cellToolTipIsDark()
+{
+    QFETCH(const bool, isMidi);
+    Workspace space;
+    QVERIFY2(space.loadSomeShow(), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.putOnPad(0, 0));
+    if (isMidi) {
+        QVERIFY(space.click("radio_outputmidi"));
+        QVERIFY(space.putOnKey(0, 2, 2));
+    }
+    auto *view = space.find<QTableView>(QTest::currentDataTag());
+    const QModelIndex cell = view->model()->index(isMidi ? 2 : 0, isMidi ? 2 : 0);
+    QVERIFY(!cell.data(Qt::ToolTipRole).toString().isEmpty());
+
+    const QPoint point = view->visualRect(cell).center();
+    QHelpEvent help(QEvent::ToolTip, point, view->viewport()->mapToGlobal(point));
+    QCoreApplication::sendEvent(view->viewport(), &help);
+    QTRY_VERIFY(toolTipLabel());
+    const QImage image = toolTipLabel()->grab().toImage();
+    QCOMPARE(image.pixelColor(0, 0).name(), QString("#808080"));
+    QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 1).name(), QString("#808080"));
+    QCOMPARE(image.pixelColor(1, 1).name(), QString("#202020"));
+}
+
+QTEST_MAIN(TestStyles)
+#include "test_styles.moc"
