@@ -5,23 +5,28 @@
 
 namespace {
 
+/** What the program brings along: well-formed, a layout being the root, a factory mapper known by its name. */
+bool isBuiltIn(const QString &path)
+{
+    return path.startsWith(":/");
+}
+
 /** The attributes of all "layout" elements of a file; none if it cannot be read or is not well-formed. */
 QList<QXmlStreamAttributes> readLayouts(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    const QByteArray content = file.readAll();
-    // The factory mappers lie in the same folder, are long, and hold no layout.
-    if (!content.contains("<layout"))
-        return {};
 
     QList<QXmlStreamAttributes> layouts;
-    QXmlStreamReader xml(content);
+    QXmlStreamReader xml(&file);
     xml.setNamespaceProcessing(false);
     while (!xml.atEnd()) {
-        if (xml.readNext() == QXmlStreamReader::StartElement && xml.qualifiedName() == "layout")
-            layouts.append(xml.attributes());
+        if (xml.readNext() != QXmlStreamReader::StartElement || xml.qualifiedName() != "layout")
+            continue;
+        layouts.append(xml.attributes());
+        if (isBuiltIn(path)) // its end tells nothing new, and the start waits for seven of them
+            return layouts;
     }
     return xml.hasError() ? QList<QXmlStreamAttributes>() : layouts;
 }
@@ -57,6 +62,8 @@ QList<CatalogueEntry> readCatalogue(const QString &folder)
 {
     QList<CatalogueEntry> entries;
     for (const QFileInfo &info : QDir(folder).entryInfoList({"*.xml"})) {
+        if (isBuiltIn(folder) && info.fileName().endsWith(" mapping.xml"))
+            continue;
         for (const QXmlStreamAttributes &layout : readLayouts(info.filePath()))
             entries.append(readEntry(layout, folder, info.baseName()));
     }
