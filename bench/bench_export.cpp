@@ -1,0 +1,119 @@
+// Writing a full Pads Page of 8 banks with 16 pads, against one write of the same bytes.
+
+#include "app/mainwindow.h"
+#include "export/padspage.h"
+#include "home.h"
+#include "measure.h"
+#include "tables/roles.h"
+#include "window.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QMessageBox>
+#include <QRadioButton>
+#include <QTableView>
+#include <QTextStream>
+
+namespace {
+
+/** Answers every message box as soon as it is seen. */
+class Answers final : public QObject
+{
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && qobject_cast<QMessageBox *>(watched))
+            QMetaObject::invokeMethod(watched, "accept", Qt::QueuedConnection);
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+void fillPads(QAbstractItemModel &pads)
+{
+    for (int row = 0; row < pads.rowCount(); ++row) {
+        for (int column = 0; column < pads.columnCount(); ++column) {
+            const QModelIndex pad = pads.index(row, column);
+            const int button = row * pads.columnCount() + column;
+            pads.setData(pad, QString("Scene %1").arg(button), Qt::EditRole);
+            pads.setData(pad, QString::number(button / 60 + 1), PageRole);
+            pads.setData(pad, QString("Live Button %1").arg(button), DisplayNameRole);
+            pads.setData(pad, QString::number(button), ButtonRole);
+            pads.setData(pad, "#FF8000", Qt::DecorationRole);
+        }
+    }
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(path));
+    return file.readAll();
+}
+
+double writeAtOnce(const QString &path, const QByteArray &bytes)
+{
+    QFile::remove(path);
+    const double start = Measure::processorSeconds();
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
+    file.close();
+    return Measure::processorSeconds() - start;
+}
+
+double writePage(const QString &path, const PadsPage &page)
+{
+    QFile::remove(path);
+    const double start = Measure::processorSeconds();
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        qFatal("cannot write %s", qPrintable(path));
+    QTextStream out(&file);
+    writePadsPage(out, page);
+    file.close();
+    return Measure::processorSeconds() - start;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const Home home;
+    const QApplication application(argc, argv);
+    MainWindow window(nullptr);
+    window.show();
+    QAbstractItemModel &pads = *Window::find<QTableView>(window, "vdjlistview")->model();
+    fillPads(pads);
+    Window::find<QRadioButton>(window, "radioButton_16pads")->click();
+    QCoreApplication::processEvents();
+
+    Answers answers;
+    QCoreApplication::instance()->installEventFilter(&answers);
+    const QString exported = home.padsFolder() + "/OS2L DMX.xml";
+    const auto exportPage = [&] {
+        QFile::remove(exported);
+        const double start = Measure::processorSeconds();
+        Window::call(window, "exportpage");
+        return Measure::processorSeconds() - start;
+    };
+    exportPage();
+    const QByteArray bytes = contentOf(exported);
+
+    QStringList banks;
+    for (int bank = 1; bank <= 8; ++bank)
+        banks += QString("BANK %1").arg(bank);
+    const PadsPage page = {"OS2L DMX", banks, 16, pads};
+    const QString written = home.padsFolder() + "/written.xml";
+    writePage(written, page);
+    if (bytes.isEmpty() || contentOf(written) != bytes)
+        qFatal("the slot and the function write different pages");
+
+    const auto reference = [&] { return writeAtOnce(home.padsFolder() + "/reference.xml", bytes); };
+    Measure::Report report;
+    report.line("write a full Pads Page to a file",
+                Measure::inTurns(51, reference, [&] { return writePage(written, page); }), 10, 5e-3);
+    report.line("export it from the window, its notice included", Measure::inTurns(51, reference, exportPage),
+                10, 5e-3);
+    return report.exitStatus();
+}
