@@ -19,14 +19,13 @@ QString numbered(const char *band, qint64 number)
 
 QString Grid::label(int row, int col)
 {
-    const QString none = QStringLiteral("");
     if (isGap(row) || isGap(col))
-        return none;
+        return QString("");
     const bool isCorner = col == 0 || col == LastLine;
     if (row == 0)
-        return isCorner ? none : numbered("TOP ", qint64(col) - 1);
+        return isCorner ? QString("") : numbered("TOP ", qint64(col) - 1);
     if (row == LastLine)
-        return isCorner ? none : numbered("BOTTOM ", qint64(col) - 1);
+        return isCorner ? QString("") : numbered("BOTTOM ", qint64(col) - 1);
     if (col == 0)
         return numbered("LEFT ", qint64(row) - 1);
     if (col == LastLine)

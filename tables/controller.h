@@ -43,11 +43,11 @@ public:
     QStringList mimeTypes() const override;
     /** A DragPayload record of 11 texts for each index, marked as coming from this table. */
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
-    /** Whether the data may be dropped on the parent; never on the lines between keys. */
+    /** Whether the data may be dropped on a key; never on the lines between keys. */
     bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                          const QModelIndex &parent) const override;
     /**
-     * Overwrites the parent's key from the first record of a drag.
+     * Overwrites a key from the first record of a drag.
      *
      * A key of this table then empties (target was empty) or takes the target's content (target was
      * filled). A Live Button brings no LED colours, so the key falls back to the device's.
@@ -55,7 +55,7 @@ public:
      * @return false if the data is no DragPayload
      */
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
-                      const QModelIndex &parent) override;
+                      const QModelIndex &to) override;
     /** Copy and move. */
     Qt::DropActions supportedDropActions() const override;
     /** Copy alone: after a move the view would blank the dragged key. */

@@ -46,16 +46,16 @@ public:
     /** A DragPayload record of seven texts for each index, marked as coming from this table. */
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     /**
-     * Overwrites the parent's pad from the first record of a drag.
+     * Overwrites a pad from the first record of a drag.
      *
      * A pad of this table then empties (target was empty) or takes the target's content (target was
-     * filled). A drop beside the pads, with an invalid parent, still ticks the Live Button, and still
+     * filled). A drop beside the pads, with an invalid index, still ticks the Live Button, and still
      * blanks a pad of this table.
      *
      * @return false if the data is no DragPayload
      */
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
-                      const QModelIndex &parent) override;
+                      const QModelIndex &to) override;
     /** Copy and move. */
     Qt::DropActions supportedDropActions() const override;
     /** Copy alone: after a move the view would blank the dragged pad. */
