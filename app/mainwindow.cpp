@@ -1,11 +1,11 @@
 #include "app/mainwindow.h"
 
 #include "app/stylesheets.h"
+#include "app/ui_mainwindow.h"
 #include "tables/controller.h"
 #include "tables/mydelegate.h"
 #include "tables/mymodel.h"
 #include "tables/vdjmodel.h"
-#include "ui_mainwindow.h"
 
 #include <QDir>
 #include <QStandardPaths>

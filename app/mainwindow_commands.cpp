@@ -1,8 +1,8 @@
 #include "app/mainwindow.h"
 
 #include "app/messagebox.h"
+#include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
-#include "ui_mainwindow.h"
 
 #include <QCloseEvent>
 #include <QDesktopServices>

@@ -1,7 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/stylesheets.h"
-#include "ui_mainwindow.h"
+#include "app/ui_mainwindow.h"
 
 #include <QScrollBar>
 

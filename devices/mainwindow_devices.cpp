@@ -1,5 +1,6 @@
 #include "app/mainwindow.h"
 
+#include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
 #include "devices/catalogue.h"
 #include "devices/grid.h"
@@ -7,7 +8,6 @@
 #include "tables/controller.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
-#include "ui_mainwindow.h"
 
 #include <QPixmap>
 #include <QStyle>

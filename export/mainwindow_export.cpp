@@ -1,10 +1,10 @@
 #include "app/mainwindow.h"
 
 #include "app/messagebox.h"
+#include "app/ui_mainwindow.h"
 #include "export/escape.h"
 #include "export/padspage.h"
 #include "tables/vdjmodel.h"
-#include "ui_mainwindow.h"
 
 #include <QFile>
 #include <QTextStream>

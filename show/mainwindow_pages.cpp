@@ -1,11 +1,11 @@
 #include "app/mainwindow.h"
 
+#include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
 #include "export/escape.h"
 #include "show/liveshow.h"
 #include "tables/mymodel.h"
 #include "tables/roles.h"
-#include "ui_mainwindow.h"
 
 #include <algorithm>
 

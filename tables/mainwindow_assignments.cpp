@@ -1,12 +1,12 @@
 #include "app/mainwindow.h"
 
+#include "app/ui_mainwindow.h"
 #include "devices/grid.h"
 #include "tables/assignments.h"
 #include "tables/controller.h"
 #include "tables/mymodel.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
-#include "ui_mainwindow.h"
 
 namespace {
 

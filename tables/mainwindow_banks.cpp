@@ -1,8 +1,8 @@
 #include "app/mainwindow.h"
 
+#include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
 #include "tables/vdjmodel.h"
-#include "ui_mainwindow.h"
 
 void MainWindow::updatebankcombo()
 {
