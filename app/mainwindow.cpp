@@ -5,6 +5,7 @@
 #include "tables/controller.h"
 #include "tables/mydelegate.h"
 #include "tables/mymodel.h"
+#include "tables/padbanks.h"
 #include "tables/vdjmodel.h"
 
 #include <QDir>
@@ -29,9 +30,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     setstyles();
     uncoverColorsLabel();
     connectSignals();
-    nameBanks();
-    ui->bankname->setText(banklist.first());
-    ui->padsname->setText("OS2L DMX");
+    nameAfresh();
 
     updatebankcombo();
     readdefaultmappers();
@@ -124,10 +123,22 @@ void MainWindow::connectSignals()
     connect(controllermodel, &Controller::ItemToUncheck, this, &MainWindow::dmxtoremove2);
 }
 
+void MainWindow::nameAfresh()
+{
+    nameBanks();
+    ui->bankname->setText(banklist.first());
+    namePage();
+}
+
+void MainWindow::namePage()
+{
+    ui->padsname->setText("OS2L DMX");
+}
+
 void MainWindow::nameBanks()
 {
     banklist.clear();
-    for (int bank = 1; bank <= 8; ++bank)
+    for (int bank = 1; bank <= PadBanks::Count; ++bank)
         banklist.append("BANK " + QString::number(bank));
 }
 

@@ -46,15 +46,15 @@ protected slots:
     QString getcolor(const QString &color);
     QString xmlparse(const QString &text);
 
-    // Ticks, removals, cleaning
+    // Ticks, removals, cleaning; of the two dmxtoremove, index is a button number
     void cleanDMX();
     void cleanVDJ();
     void cleanMIDI();
     void CheckChanged(int index, int to);
     void dmxcheckchange(int index);
     void CheckChangedCon(int index, int to, int col);
-    void dmxtoremove(int button);
-    void dmxtoremove2(int button);
+    void dmxtoremove(int index);
+    void dmxtoremove2(int index);
     bool isVDJempty();
     bool isMIDIempty();
     void ondeletevdjaction_triggered();
@@ -134,7 +134,9 @@ private:
     void setUpLiveButtonsView();
     void uncoverColorsLabel();
     void connectSignals();
+    void nameAfresh();
     void nameBanks();
+    void namePage();
     void makeFolders();
     void hideHeaders();
 

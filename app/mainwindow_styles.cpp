@@ -5,46 +5,58 @@
 
 #include <QScrollBar>
 
+namespace {
+
+/** Gives a widget its sheet, unless it has it already: styled anew, its children would lose the window's font. */
+void setSheet(QWidget *widget, const char *sheet)
+{
+    if (widget->styleSheet() != QLatin1String(sheet))
+        widget->setStyleSheet(sheet);
+}
+
+} // namespace
+
 void MainWindow::setstyles()
 {
-    // First of all, since it would style every widget anew that has a sheet of its own by then.
-    ui->centralWidget->setStyleSheet(StyleSheet::centralWidget);
+    // First of all: later it would style every widget anew that has a sheet of its own by then, and take the
+    // window's font away from it.
+    setSheet(ui->centralWidget, StyleSheet::centralWidget);
 
     for (QWidget *combo : {ui->bankcombo, ui->combobox, ui->mididevices, ui->devicescombo, ui->combo_offcolor,
                            ui->combo_oncolor})
-        combo->setStyleSheet(StyleSheet::comboBox);
+        setSheet(combo, StyleSheet::comboBox);
 
     for (QWidget *radio :
          {ui->radio_outputmidi, ui->radio_outputpage, ui->radioButton_16pads, ui->radioButton_8pads})
-        radio->setStyleSheet(StyleSheet::radioButton);
+        setSheet(radio, StyleSheet::radioButton);
 
     for (QWidget *menu : {ui->menuPage, ui->menuHelp})
-        menu->setStyleSheet(StyleSheet::menu);
-    ui->menuBar->setStyleSheet(StyleSheet::menuBar);
+        setSheet(menu, StyleSheet::menu);
+    setSheet(ui->menuBar, StyleSheet::menuBar);
 
-    ui->pushButton_2->setStyleSheet(StyleSheet::pushButton);
-    ui->cleanmidi_button->setStyleSheet(StyleSheet::pushButton);
+    setSheet(ui->pushButton_2, StyleSheet::pushButton);
+    setSheet(ui->cleanmidi_button, StyleSheet::pushButton);
     ui->cleanmidi_button->setToolTip("Clean content from All Buttons");
-    ui->cleanpads_button->setStyleSheet(StyleSheet::pushButton);
+    setSheet(ui->cleanpads_button, StyleSheet::pushButton);
     ui->cleanpads_button->setToolTip("Clean content from All Pads");
-    ui->loadini->setStyleSheet(StyleSheet::pushButton);
+    setSheet(ui->loadini, StyleSheet::pushButton);
 
     for (QWidget *edit : {ui->padsname, ui->bankname})
-        edit->setStyleSheet(StyleSheet::lineEdit);
+        setSheet(edit, StyleSheet::lineEdit);
 
     for (QWidget *label : {ui->label_padname, ui->label_3, ui->label, ui->label_2, ui->label_5, ui->label_6,
                            ui->label_7, ui->bank_label, ui->bank_label_3, ui->label_9, ui->label_10})
-        label->setStyleSheet(StyleSheet::label);
+        setSheet(label, StyleSheet::label);
 
     for (QWidget *box : {ui->groupBox, ui->groupBox_2, ui->groupBox_3, ui->groupBox_4, ui->groupBox_midis,
                          ui->groupBox_pads, ui->groupBox_controller})
-        box->setStyleSheet(StyleSheet::groupBox);
+        setSheet(box, StyleSheet::groupBox);
 
-    ui->vdjlistview->setStyleSheet(StyleSheet::listView);
-    ui->dmxlistview->setStyleSheet(StyleSheet::listView);
-    ui->dmxlistview->verticalScrollBar()->setStyleSheet(StyleSheet::scrollBar);
-    ui->vdjlistview->verticalScrollBar()->setStyleSheet(StyleSheet::scrollBar);
+    setSheet(ui->vdjlistview, StyleSheet::listView);
+    setSheet(ui->dmxlistview, StyleSheet::listView);
+    setSheet(ui->dmxlistview->verticalScrollBar(), StyleSheet::scrollBar);
+    setSheet(ui->vdjlistview->verticalScrollBar(), StyleSheet::scrollBar);
 
-    ui->tablecontroller->setStyleSheet(StyleSheet::controllerGrid);
-    ui->tablecontroller->verticalScrollBar()->setStyleSheet(StyleSheet::scrollBar);
+    setSheet(ui->tablecontroller, StyleSheet::controllerGrid);
+    setSheet(ui->tablecontroller->verticalScrollBar(), StyleSheet::scrollBar);
 }

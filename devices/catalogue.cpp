@@ -25,7 +25,7 @@ QList<QXmlStreamAttributes> readLayouts(const QString &path)
         if (xml.readNext() != QXmlStreamReader::StartElement || xml.qualifiedName() != "layout")
             continue;
         layouts.append(xml.attributes());
-        if (isBuiltIn(path)) // its end tells nothing new, and the start waits for seven of them
+        if (isBuiltIn(path)) // the rest has no part in it, and the start would wait for seven of them
             return layouts;
     }
     return xml.hasError() ? QList<QXmlStreamAttributes>() : layouts;

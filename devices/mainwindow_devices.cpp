@@ -6,6 +6,7 @@
 #include "devices/grid.h"
 #include "tables/assignments.h"
 #include "tables/controller.h"
+#include "tables/padbanks.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
 
@@ -15,9 +16,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr int Banks = 8;
-constexpr int PadRowsPerBank = 8;
 
 void fillWithColors(QComboBox &combo, const QStringList &colors)
 {
@@ -101,8 +99,7 @@ void MainWindow::updatemidicombo(int index)
     if (isRgb)
         return;
 
-    const QString palette = device.value("colors");
-    const QStringList colors = palette.isEmpty() ? QStringList() : palette.split(",");
+    const QStringList colors = device.isEmpty() ? QStringList() : device.value("colors").split(",");
     fillWithColors(*ui->combo_offcolor, colors);
     fillWithColors(*ui->combo_oncolor, colors);
     ui->combo_offcolor->setCurrentIndex(device.value("off").toInt());
@@ -151,11 +148,11 @@ void MainWindow::initpadlist()
 
 void MainWindow::buildPads()
 {
-    for (int bank = 0; bank < Banks; ++bank) {
-        for (int row = PadRowsPerBank; row > 0; --row) { // each new row goes in at the top
+    for (int bank = 0; bank < PadBanks::Count; ++bank) {
+        for (int row = PadBanks::RowsPerBank; row > 0; --row) { // each new row goes in at the top
             vdjmodel->insertRows(0, 1);
             for (int col = 0; col < vdjmodel->columnCount(); ++col) {
-                const QString label = "PAD " + QString::number(row + col * PadRowsPerBank);
+                const QString label = "PAD " + QString::number(row + col * PadBanks::RowsPerBank);
                 Assignments::clearCell(*vdjmodel, vdjmodel->index(0, col), label);
             }
         }

@@ -1,5 +1,6 @@
 #include "export/padspage.h"
 
+#include "tables/padbanks.h"
 #include "tables/roles.h"
 
 #include <QAbstractItemModel>
@@ -8,7 +9,6 @@
 
 namespace {
 
-constexpr int PadRowsPerBank = 8;
 constexpr int Columns = 2;
 
 /** Scripts of one pad, a clause for each bank in use. */
@@ -54,7 +54,7 @@ QVector<int> banksInUse(const QAbstractItemModel &pads)
 {
     QVector<int> banks;
     for (int row = 0; row < pads.rowCount(); ++row) {
-        const int bank = row / PadRowsPerBank;
+        const int bank = row / PadBanks::RowsPerBank;
         if (!banks.isEmpty() && banks.last() == bank)
             continue;
         for (int column = 0; column < Columns; ++column) {
@@ -71,7 +71,7 @@ PadClauses clausesOf(const QAbstractItemModel &pads, const QVector<int> &banks, 
 {
     PadClauses clauses;
     for (int number = 0; number < banks.size(); ++number) {
-        const QModelIndex pad = pads.index(banks.at(number) * PadRowsPerBank + rowInBank, column);
+        const QModelIndex pad = pads.index(banks.at(number) * PadBanks::RowsPerBank + rowInBank, column);
         const int page = pageOf(pad);
         if (page > 0) {
             clauses.texts += whenBank(number, getText(pad.data(Qt::EditRole).toString()));
@@ -112,7 +112,8 @@ void writePadsPage(QTextStream &out, const PadsPage &page)
     out << R"(<?xml version="1.0" encoding="UTF-8"?>)" << Qt::endl;
     out << "<page name=\"" << page.name << "\">" << Qt::endl;
     for (int pad = 0; pad < page.padsPerBank; ++pad)
-        writePad(out, pad + 1, clausesOf(page.pads, banks, pad % PadRowsPerBank, pad / PadRowsPerBank));
+        writePad(out, pad + 1,
+                 clausesOf(page.pads, banks, pad % PadBanks::RowsPerBank, pad / PadBanks::RowsPerBank));
     writeBankParameter(out, banks, page.banks);
     out << "</page>" << Qt::endl;
 }

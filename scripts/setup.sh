@@ -18,7 +18,6 @@ tour_needs=(
 )
 format_needs=('clang-format|clang-format, at best version 14|clang-format --version')
 lint_needs=('clang-tidy|clang-tidy, at best version 14|clang-tidy --version')
-bench_needs=('libbenchmark-dev|Google Benchmark with its development files|pkg-config --exists benchmark')
 
 say() { printf '%s\n' "$*"; }
 

@@ -9,7 +9,8 @@ struct LiveShow
 {
     /**
      * Page records; a page's position is its number. Entry 0 is "All Pages", which stands in no file.
-     * "pageid" is the page's number and "name" its name; all other keys of the file are kept.
+     * "pageid" is the page's number unless the file has such a key, "name" its name; all other keys of the
+     * file are kept.
      */
     QList<Record> pages;
     /**

@@ -58,9 +58,7 @@ bool MainWindow::loadshowname(const QString &path)
     cleanVDJ();
     cleanMIDI();
     initpadlist();
-    nameBanks();
-    ui->bankname->setText(banklist.first());
-    ui->padsname->setText("OS2L DMX");
+    nameAfresh();
     ui->combobox->clear();
 
     const LiveShow show = readLiveShow(path);

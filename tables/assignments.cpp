@@ -1,5 +1,6 @@
 #include "tables/assignments.h"
 
+#include "tables/padbanks.h"
 #include "tables/roles.h"
 
 #include <QAbstractItemModel>
@@ -35,7 +36,7 @@ bool Assignments::holds(const QAbstractItemModel &table, int button, int columns
 
 QString Assignments::padLabel(int row)
 {
-    return "PAD " + QString::number(row % 8 + 1);
+    return "PAD " + QString::number(row % PadBanks::RowsPerBank + 1);
 }
 
 void Assignments::clearCell(QAbstractItemModel &table, const QModelIndex &cell, const QString &label,

@@ -89,16 +89,16 @@ void MainWindow::untickAll()
         untick(row);
 }
 
-void MainWindow::dmxtoremove(int button)
+void MainWindow::dmxtoremove(int index)
 {
-    untickIfGone(button, *vdjmodel, TickedPadColumns);
+    untickIfGone(index, *vdjmodel, TickedPadColumns);
     ui->dmxlistview->setFocus();
     ui->vdjlistview->setFocus();
 }
 
-void MainWindow::dmxtoremove2(int button)
+void MainWindow::dmxtoremove2(int index)
 {
-    untickIfGone(button, *controllermodel, Grid::Size);
+    untickIfGone(index, *controllermodel, Grid::Size);
     ui->dmxlistview->setFocus();
     ui->tablecontroller->setFocus();
 }

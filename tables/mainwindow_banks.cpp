@@ -2,12 +2,13 @@
 
 #include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
+#include "tables/padbanks.h"
 #include "tables/vdjmodel.h"
 
 void MainWindow::updatebankcombo()
 {
     ui->bankcombo->clear();
-    for (int bank = 1; bank <= 8; ++bank)
+    for (int bank = 1; bank <= PadBanks::Count; ++bank)
         ui->bankcombo->addItem(QString::number(bank));
     setTallRows(*ui->bankcombo);
 }
@@ -20,7 +21,7 @@ void MainWindow::showbank(int index)
 
 void MainWindow::showBankRows(int bank)
 {
-    filterRows(*ui->vdjlistview, [bank](int row) { return row / 8 == bank; });
+    filterRows(*ui->vdjlistview, [bank](int row) { return row / PadBanks::RowsPerBank == bank; });
 }
 
 void MainWindow::on_bankcombo_currentIndexChanged(int index)
@@ -41,7 +42,7 @@ void MainWindow::on_bankname_editingFinished()
 void MainWindow::on_padsname_editingFinished()
 {
     if (ui->padsname->text().isEmpty())
-        ui->padsname->setText("OS2L DMX");
+        namePage();
 }
 
 void MainWindow::on_radioButton_8pads_clicked(bool checked)

@@ -65,7 +65,7 @@ public:
     QList<QMap<QString, QString>> getlist() const { return rows; }
 
 signals:
-    /** Part of the table's face to the window; the table itself has no cause to emit it. */
+    /** A Live Button of row index was unticked by the user; as the rows are not checkable, it never comes. */
     void ItemUnchecked(int index);
 
 private:

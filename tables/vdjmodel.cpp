@@ -1,5 +1,6 @@
 #include "tables/vdjmodel.h"
 
+#include "tables/assignments.h"
 #include "tables/dragpayload.h"
 #include "tables/roles.h"
 
@@ -9,7 +10,6 @@
 namespace {
 
 constexpr int Columns = 2;
-constexpr int PadRowsPerBank = 8;
 
 QString numberedThroughAllBanks(int row)
 {
@@ -156,8 +156,7 @@ bool VDJModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*
 
     const QModelIndex source = index(payload->sourceRow(), payload->sourceColumn());
     if (oldid == QLatin1String("-1")) {
-        // The label comes from the row alone: a pad of the second column comes back as "PAD 1" to "PAD 8".
-        clear(source, QStringLiteral("PAD ") + QString::number(source.row() % PadRowsPerBank + 1));
+        clear(source, Assignments::padLabel(source.row()));
         emit ItemMoved(to.row());
     } else {
         setData(source, oldname, Qt::EditRole);

@@ -16,8 +16,8 @@ class QAction;
  * A fresh home folder with a program in it, reached as its users and the meta-object reach it: by object
  * names, slot names and roles.
  *
- * The home folder is a temporary one with Documents/VirtualDJ/Pads and Mappers in it; XDG user folders
- * point into it. Declare one for each test function.
+ * The home folder is a temporary one with Documents/VirtualDJ/Pads and Mappers in it.
+ * Declare one for each test function.
  */
 class Workspace final
 {
@@ -32,7 +32,7 @@ public:
     QString documents() const { return home() + "/Documents"; }
     QString padsFolder() const { return documents() + "/VirtualDJ/Pads"; }
 
-    /** A child of the window by object name; fails loudly (null) where it is missing. */
+    /** A child of the window by object name; ends the test program where it is missing. */
     template<typename T>
     T *find(const char *name)
     {
@@ -136,7 +136,7 @@ public:
 
     /** The eight bank names, asked for bank by bank; the bank that was on show is on show again. */
     QStringList bankNames();
-    /** All that the window shows and its tables keep, one text a widget or cell; to compare with another. */
+    /** Window title, rows in sight, fields and what the tables keep, one text a widget or cell; to compare with another. */
     QStringList snapshot();
     /** Where the pads table differs from 64 rows of empty pads under their first labels; empty if nowhere. */
     QString leftOnPads();

@@ -1,5 +1,6 @@
 #include "support/workspace.h"
 
+#include <QComboBox>
 #include <QHelpEvent>
 #include <QImage>
 #include <QScrollBar>
@@ -373,10 +374,20 @@ void TestStyles::fontIsArial()
 {
     QFETCH(const int, points);
     Workspace space;
-    const QFont font = space.find<QWidget>(QTest::currentDataTag())->font();
-    QCOMPARE(font.family(), QString("Arial"));
-    if (points > 0)
-        QCOMPARE(font.pointSize(), points);
+    const auto *widget = space.find<QWidget>(QTest::currentDataTag());
+    const auto check = [widget, points] {
+        return widget->font().family() == "Arial" && (points == 0 || widget->font().pointSize() == points);
+    };
+    QVERIFY2(check(), "at the start");
+
+    QVERIFY(space.click("radio_outputmidi"));
+    QVERIFY2(check(), "in the other mode");
+    auto *devices = space.find<QComboBox>("devicescombo");
+    devices->setCurrentIndex(devices->findText("Novation Launchpad PRO"));
+    devices->setCurrentIndex(0);
+    QVERIFY2(check(), "after a device without a palette");
+    QVERIFY(space.call("setstyles"));
+    QVERIFY2(check(), "styled again");
 }
 
 void TestStyles::pixel_data()
