@@ -20,6 +20,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     ui->setupUi(this);
     setWindowTitle("Zarvex");
     delegate = new Mydelegate(this);
+    hideHeaders(); // before a model makes them measure their sections, with a bold font of their own
     setUpPadsView();
     setUpGridView();
     setUpLiveButtonsView();
@@ -41,7 +42,6 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     makeFolders();
 
     ui->statusBar->setSizeGripEnabled(false);
-    hideHeaders();
     ui->radioButton_8pads->setChecked(true);
     ui->vdjlistview->hideColumn(1);
     msgstyle = StyleSheet::messageBox;

@@ -80,7 +80,7 @@ QString FreshCopies::next()
         QSettings(m_folder.filePath("none" + QString::number(i)), QSettings::IniFormat);
     malloc_trim(0); // so that none has to tidy up after the one before
 
-    const QString copy = m_folder.filePath(QString::number(++m_copies));
+    QString copy = m_folder.filePath(QString::number(++m_copies));
     if (!QFile::copy(m_folder.filePath("live.ini"), copy))
         qFatal("cannot write %s", qPrintable(copy));
     return copy;

@@ -153,7 +153,7 @@ void MainWindow::buildPads()
             vdjmodel->insertRows(0, 1);
             for (int col = 0; col < vdjmodel->columnCount(); ++col) {
                 const QString label = "PAD " + QString::number(row + col * PadBanks::RowsPerBank);
-                Assignments::clearCell(*vdjmodel, vdjmodel->index(0, col), label);
+                Assignments::setLabel(*vdjmodel, vdjmodel->index(0, col), label);
             }
         }
     }
@@ -165,7 +165,7 @@ void MainWindow::buildGrid()
     controllermodel->insertRows(0, Grid::Size);
     for (int row = 0; row < Grid::Size; ++row) {
         for (int col = 0; col < Grid::Size; ++col)
-            Assignments::clearCell(*controllermodel, controllermodel->index(row, col), getpadtext(row, col));
+            Assignments::setLabel(*controllermodel, controllermodel->index(row, col), getpadtext(row, col));
     }
     setAvailability();
     sizeGrid();

@@ -39,11 +39,16 @@ QString Assignments::padLabel(int row)
     return "PAD " + QString::number(row % PadBanks::RowsPerBank + 1);
 }
 
-void Assignments::clearCell(QAbstractItemModel &table, const QModelIndex &cell, const QString &label,
-                            const QString &color)
+void Assignments::setLabel(QAbstractItemModel &table, const QModelIndex &cell, const QString &label)
 {
     table.setData(cell, label, Qt::EditRole);
     table.setData(cell, label, DisplayNameRole);
+}
+
+void Assignments::clearCell(QAbstractItemModel &table, const QModelIndex &cell, const QString &label,
+                            const QString &color)
+{
+    setLabel(table, cell, label);
     table.setData(cell, "0", PageRole);
     table.setData(cell, "-1", ButtonRole);
     table.setData(cell, color, Qt::DecorationRole);

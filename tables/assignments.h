@@ -30,6 +30,9 @@ bool holds(const QAbstractItemModel &table, int button, int columns);
 /** Label of an emptied pad: "PAD 1" to "PAD 8" by its row alone, in the second column as well. */
 QString padLabel(int row);
 
+/** Sets text and name of a cell to its label; all that a newly inserted cell lacks to be an empty one. */
+void setLabel(QAbstractItemModel &table, const QModelIndex &cell, const QString &label);
+
 /**
  * Takes the Live Button off a pad or key; LED colours, blink and availability stay.
  *
