@@ -1,5 +1,7 @@
 #include "devices/catalogue.h"
 
+#include "devices/xmlfile.h"
+
 #include <QDir>
 #include <QXmlStreamReader>
 
@@ -68,4 +70,19 @@ QList<CatalogueEntry> readCatalogue(const QString &folder)
             entries.append(readEntry(layout, folder, info.baseName()));
     }
     return entries;
+}
+
+QList<Record> findMappers(const QString &folder)
+{
+    QList<Record> found;
+    for (const QFileInfo &info : QDir(folder).entryInfoList({"*.xml"})) {
+        const QDomDocument document =
+            readXmlFile(info.filePath(), LongestMapper, QIODevice::ReadOnly | QIODevice::Text);
+        const QDomNodeList mappers = document.elementsByTagName("mapper");
+        for (int i = 0; i < mappers.size(); ++i) {
+            const QString device = mappers.at(i).toElement().attribute("device");
+            found.append({{"device", device}, {"name", info.baseName()}, {"path", info.filePath()}});
+        }
+    }
+    return found;
 }

@@ -25,3 +25,13 @@ struct CatalogueEntry
  * @return        the entries; a file that cannot be read or is not well-formed has none
  */
 QList<CatalogueEntry> readCatalogue(const QString &folder);
+
+/**
+ * Finds the mappers in a folder, in file name order.
+ *
+ * @param folder  path of a folder, with no slash at the end; a missing one is empty
+ * @return        a mapper record for every "mapper" element of an XML file in it: "device" is the identifier
+ *                of the controller, "name" the file's name up to the first full stop, "path" the file. A file
+ *                that cannot be read, is not well-formed or is larger than any mapper has none.
+ */
+QList<Record> findMappers(const QString &folder);

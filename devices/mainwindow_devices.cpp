@@ -4,6 +4,7 @@
 #include "app/viewhelpers.h"
 #include "devices/catalogue.h"
 #include "devices/grid.h"
+#include "devices/keyrecords.h"
 #include "tables/assignments.h"
 #include "tables/controller.h"
 #include "tables/padbanks.h"
@@ -66,9 +67,18 @@ bool MainWindow::deviceinlist(const QString &device)
     return getdeviceindex(device) >= 0;
 }
 
-void MainWindow::readmappers() {}
+void MainWindow::readmappers()
+{
+    for (const Record &mapper : findMappers(mapperpath)) {
+        if (deviceinlist(mapper.value("device")))
+            mapperlist.append(mapper);
+    }
+}
 
-void MainWindow::getkeynames(const QString & /*file*/, const QString & /*mapping*/) {}
+void MainWindow::getkeynames(const QString &file, const QString &mapping)
+{
+    keylist = readKeyRecords(file, mapping);
+}
 
 QString MainWindow::getpadavail(int row, int col)
 {

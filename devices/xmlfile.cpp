@@ -1,0 +1,96 @@
+#include "devices/xmlfile.h"
+
+#include <QFileInfo>
+#include <QStringView>
+#include <QTextCodec>
+#include <QXmlStreamReader>
+
+namespace {
+
+// A document is taken down by recursion, one call within the other for each level.
+constexpr int DeepestElement = 100;
+
+QString decoded(const QByteArray &bytes)
+{
+    QTextCodec *codec = QTextCodec::codecForUtfText(bytes, nullptr);
+    if (!codec) {
+        QXmlStreamReader xml(bytes);
+        xml.readNext();
+        codec = QTextCodec::codecForName(xml.documentEncoding().toLatin1());
+    }
+    return codec ? codec->toUnicode(bytes) : QString::fromUtf8(bytes);
+}
+
+/** Position behind the next mark from a position on; the end of the text where there is none. */
+qsizetype behind(QStringView text, QLatin1String mark, qsizetype from)
+{
+    const auto position = text.indexOf(mark, from);
+    return position < 0 ? text.size() : position + mark.size();
+}
+
+/** Position of the bracket that closes a start tag; the end of the text where there is none. */
+qsizetype endOfTag(QStringView text, qsizetype from)
+{
+    QChar quote;
+    for (qsizetype i = from; i < text.size(); ++i) {
+        const QChar character = text.at(i);
+        if (quote.isNull() && character == '>')
+            return i;
+        if (quote.isNull() && (character == '"' || character == '\''))
+            quote = character;
+        else if (character == quote)
+            quote = {};
+    }
+    return text.size();
+}
+
+/** Whether a declaration opens a place for others, as a document type with entities of its own does. */
+bool holdsDeclarations(QStringView declaration)
+{
+    return !declaration.startsWith(QLatin1String("<!DOCTYPE")) || declaration.contains('[');
+}
+
+/** Whether a text can be parsed and its document taken down without harm, be it well-formed or not. */
+bool isHarmless(QStringView text)
+{
+    int depth = 0;
+    for (qsizetype at = text.indexOf('<'); at >= 0; at = text.indexOf('<', at)) {
+        const QStringView markup = text.mid(at);
+        if (markup.startsWith(QLatin1String("<!--"))) {
+            at = behind(text, QLatin1String("-->"), at + 4);
+        } else if (markup.startsWith(QLatin1String("<![CDATA["))) {
+            at = behind(text, QLatin1String("]]>"), at);
+        } else if (markup.startsWith(QLatin1String("<?"))) {
+            at = behind(text, QLatin1String("?>"), at);
+        } else if (markup.startsWith(QLatin1String("<!"))) {
+            const auto end = behind(text, QLatin1String(">"), at);
+            if (holdsDeclarations(text.mid(at, end - at)))
+                return false;
+            at = end;
+        } else if (markup.startsWith(QLatin1String("</"))) {
+            --depth;
+            ++at;
+        } else {
+            at = endOfTag(text, at);
+            if (text.at(at - 1) != '/' && ++depth > DeepestElement)
+                return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+QDomDocument readXmlFile(const QString &path, qint64 longest, QIODevice::OpenMode mode)
+{
+    QFile file(path);
+    // What is no file, such as a pipe, could keep the program waiting.
+    if (!QFileInfo(path).isFile() || file.size() > longest || !file.open(mode))
+        return {};
+
+    QDomDocument document;
+    const QString text = decoded(file.read(longest));
+    if (isHarmless(text) && document.setContent(text))
+        return document;
+    return {}; // what was read up to an error would still stand in the other one
+}
