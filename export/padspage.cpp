@@ -1,11 +1,14 @@
 #include "export/padspage.h"
 
+#include "export/script.h"
 #include "tables/padbanks.h"
 #include "tables/roles.h"
 
 #include <QAbstractItemModel>
 #include <QTextStream>
 #include <QVector>
+
+using namespace Script;
 
 namespace {
 
@@ -18,11 +21,6 @@ struct PadClauses
     QStringList colors;
     QStringList actions;
 };
-
-QString quoted(const QString &text)
-{
-    return "&apos;" + text + "&apos;";
-}
 
 QString whenBank(int number, const QString &script)
 {
@@ -75,12 +73,11 @@ PadClauses clausesOf(const QAbstractItemModel &pads, const QVector<int> &banks, 
         const int page = pageOf(pad);
         if (page > 0) {
             clauses.texts += whenBank(number, getText(pad.data(Qt::EditRole).toString()));
-            clauses.colors += whenBank(number, "color " + quoted(pad.data(Qt::DecorationRole).toString()));
-            clauses.actions +=
-                whenBank(number, "os2l_button " + quoted(pad.data(DisplayNameRole).toString()));
+            clauses.colors += whenBank(number, color(pad.data(Qt::DecorationRole).toString()));
+            clauses.actions += whenBank(number, os2lButton(pad.data(DisplayNameRole).toString()));
         } else if (page == 0) {
             clauses.texts += whenBank(number, getText({}));
-            clauses.colors += whenBank(number, "color " + quoted("transparent"));
+            clauses.colors += whenBank(number, color("transparent"));
             clauses.actions += whenBank(number, "nothing");
         }
     }

@@ -1,0 +1,196 @@
+#include "export/mapping.h"
+
+#include "export/escape.h"
+#include "export/script.h"
+#include "tables/roles.h"
+
+#include <QAbstractItemModel>
+#include <QTextStream>
+
+using namespace Script;
+
+namespace {
+
+const QLatin1String Nothing("nothing");
+
+/** A key or another control of the device, with its cell of the grid. */
+struct Key
+{
+    QString name;
+    QString led;
+    QString script;    ///< its own, escaped
+    QString ledScript; ///< its LED's own, escaped
+    QString type;
+    bool hasColorLed;
+    int column; ///< of the layout; for a slider, its number from 0
+    QModelIndex cell;
+};
+
+/** What a LED shows, or the halves of what it shows, lit and at rest. */
+struct Colors
+{
+    QString on;
+    QString off;
+};
+
+Key readKey(const Record &record, const QAbstractItemModel &grid)
+{
+    const QString type = record.value("type");
+    const int column = record.value("col").toInt();
+    return {
+        record.value("value"),
+        record.value("led"),
+        escapeScript(record.value("action")),
+        escapeScript(record.value("ledaction")),
+        type,
+        type == "pad" || record.value("ledtype") == "color",
+        column,
+        grid.index(record.value("row").toInt(), column),
+    };
+}
+
+QString textOf(const QModelIndex &cell, int role)
+{
+    return cell.data(role).toString();
+}
+
+QString eitherOf(const Colors &colors)
+{
+    return colors.on + " : " + colors.off;
+}
+
+bool isRgb(const ControllerMapping &mapping)
+{
+    return mapping.device.value("fullrgb") == "true";
+}
+
+bool isSwitch(const ControllerMapping &mapping, const Key &key)
+{
+    return !mapping.isSimple && key.cell.row() == mapping.switchRow
+           && key.cell.column() == mapping.switchColumn;
+}
+
+QString lightsVariable()
+{
+    return "var " + quoted("$os2l");
+}
+
+/** What a control does: for the lights alone, or for them first and its own script, if any, otherwise. */
+QString forLights(const ControllerMapping &mapping, const QString &lights, const QString &own)
+{
+    if (mapping.isSimple)
+        return lights;
+    return own.isEmpty() ? ifElse(lightsVariable(), lights) : ifElse(lightsVariable(), lights, own);
+}
+
+/** Colours of a pad of a palette device: its own, else the device's. */
+Colors paletteColors(const ControllerMapping &mapping, const QModelIndex &cell)
+{
+    const QString on = textOf(cell, OnColorRole);
+    const QString off = textOf(cell, OffColorRole);
+    return {color(on.isEmpty() ? mapping.defaultOn : on), color(off.isEmpty() ? mapping.defaultOff : off)};
+}
+
+/** Colours of a key with any colour: its Live Button's, dimmed at rest. */
+Colors dimmedColors(const QModelIndex &cell, const QString &brightness)
+{
+    const QString name = textOf(cell, Qt::DecorationRole);
+    return {color(name), color(brightness, name)};
+}
+
+Colors padColors(const ControllerMapping &mapping, const QModelIndex &cell)
+{
+    if (!isRgb(mapping))
+        return paletteColors(mapping, cell);
+    Colors colors = dimmedColors(cell, "40%");
+    if (const QString on = textOf(cell, OnColorRole); !on.isEmpty())
+        colors.on = color(on);
+    if (const QString off = textOf(cell, OffColorRole); !off.isEmpty())
+        colors.off = color(off);
+    return colors;
+}
+
+Colors buttonColors(const ControllerMapping &mapping, const Key &key)
+{
+    if (!key.hasColorLed)
+        return {"on", "off"};
+    if (isRgb(mapping))
+        return dimmedColors(key.cell, "30%");
+    return {color(mapping.defaultOn), color(mapping.defaultOff)};
+}
+
+/** What the LED of a Live Button shows while the button is on, and while it is off. */
+QString litOrNot(const ControllerMapping &mapping, const Key &key)
+{
+    if (key.type == "button") // obeys no colours and no blink of its cell
+        return eitherOf(buttonColors(mapping, key));
+    const Colors colors = padColors(mapping, key.cell);
+    const QString either = eitherOf(colors);
+    return textOf(key.cell, BlinkRole) == "1" ? ifElse("blink", either, colors.off) : either;
+}
+
+QString switchLed(const ControllerMapping &mapping, const Key &key)
+{
+    if (key.type == "button")
+        return lightsVariable();
+    return ifElse(lightsVariable(), eitherOf(isRgb(mapping) ? dimmedColors(key.cell, "30%")
+                                                            : paletteColors(mapping, key.cell)));
+}
+
+/** LED of a key that does nothing for the lights. That the key has a script decides, not that the LED has. */
+QString darkLed(const ControllerMapping &mapping, const Key &key)
+{
+    const QString dark = key.type == "pad" ? color("black") : QString("off");
+    if (mapping.isSimple)
+        return dark;
+    return key.script.isEmpty() ? ifElse(lightsVariable(), dark)
+                                : ifElse(lightsVariable(), dark, key.ledScript);
+}
+
+void writeRow(QTextStream &out, const QString &name, const QString &script)
+{
+    out << "\t<map value=\"" << name << "\" action=\"" << script << "\"/>" << Qt::endl;
+}
+
+/** Rows of a pad or button: the key's, then its LED's. */
+void writeKeyAndLed(QTextStream &out, const ControllerMapping &mapping, const Key &key)
+{
+    if (key.cell.data(ButtonRole).toInt() >= 0) {
+        const QString button = os2lButton(textOf(key.cell, DisplayNameRole));
+        writeRow(out, key.name, forLights(mapping, button, key.script));
+        writeRow(out, key.led, forLights(mapping, ifElse(button, litOrNot(mapping, key)), key.ledScript));
+    } else if (isSwitch(mapping, key)) {
+        writeRow(out, key.name, "toggle " + quoted("$os2l"));
+        writeRow(out, key.led, switchLed(mapping, key));
+    } else {
+        writeRow(out, key.name, forLights(mapping, Nothing, key.script));
+        writeRow(out, key.led, darkLed(mapping, key));
+    }
+}
+
+void writeControl(QTextStream &out, const ControllerMapping &mapping, const Key &key)
+{
+    if (key.type == "pad" || key.type == "button")
+        writeKeyAndLed(out, mapping, key);
+    else if (key.type == "slider")
+        writeRow(out, key.name,
+                 forLights(mapping, "os2l_cmd " + QString::number(qint64(key.column) + 1), key.script));
+    else if (key.type == "ignore")
+        writeRow(out, key.name, key.script);
+    else if (key.type == "empty")
+        writeRow(out, key.name,
+                 key.script.isEmpty() ? QString(Nothing) : forLights(mapping, Nothing, key.script));
+}
+
+} // namespace
+
+void writeMapping(QTextStream &out, const ControllerMapping &mapping)
+{
+    out << R"(<?xml version="1.0" encoding="UTF-8"?>)" << Qt::endl;
+    out << "<mapper device=\"" << mapping.device.value("device")
+        << R"(" author="Zarvex" version="840" date=")" << mapping.date.toString("d-M-yyyy") << "\">"
+        << Qt::endl;
+    for (const Record &record : mapping.keys)
+        writeControl(out, mapping, readKey(record, mapping.grid));
+    out << "</mapper>" << Qt::endl;
+}
