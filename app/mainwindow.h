@@ -12,6 +12,7 @@ class Controller;
 class Mydelegate;
 class MyModel;
 class QAbstractItemModel;
+class QMenu;
 class Ui_MainWindow;
 class VDJModel;
 
@@ -152,6 +153,12 @@ private:
     void noteCheck(int button, const QString &check);
     void clearKey(const QModelIndex &key);
     void focusOnFirstLiveButton();
+    void addLiveButtonEntries(QMenu &menu);
+    void addColorEntries(QMenu &menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());
+    void setOnSelectedKeys(const QVariant &value, int role);
+    void setPaletteColor(int choice, int role);
+    void askForColor(int role);
+    void markAsSwitch(const QModelIndex &key);
     void showBankRows(int bank);
 
     void buildPads();

@@ -1,20 +1,202 @@
 #include "app/mainwindow.h"
 
-void MainWindow::rgbpadchange() {}
-void MainWindow::rgbonpadchange() {}
-void MainWindow::colorpadchange(int /*dat*/) {}
-void MainWindow::coloronpadchange(int /*dat*/) {}
+#include "app/stylesheets.h"
+#include "app/ui_mainwindow.h"
+#include "tables/assignments.h"
+#include "tables/controller.h"
+#include "tables/roles.h"
+
+#include <QColorDialog>
+#include <QMenu>
+
+namespace {
+
+const QList<int> NoKey = {-1, -1};
+
+QIcon swatch(const QString &color)
+{
+    QPixmap pixmap(10, 10);
+    pixmap.fill(QColor(color));
+    return QIcon(pixmap);
+}
+
+/** A styled menu of the window, which is gone after it has closed. */
+QMenu *createMenu(QWidget *window)
+{
+    auto *menu = new QMenu(window);
+    menu->setStyleSheet(StyleSheet::menu);
+    QObject::connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
+    return menu;
+}
+
+QMenu *addSubmenu(QMenu &menu, const QString &title)
+{
+    QMenu *submenu = menu.addMenu(title);
+    submenu->setStyleSheet(StyleSheet::menu);
+    return submenu;
+}
+
+/** Text of a menu entry; the current one has a tick in place of the blank. */
+QString entryText(const QString &text, bool isCurrent)
+{
+    return (isCurrent ? QStringLiteral("✔") : QStringLiteral(" ")) + text;
+}
+
+QStringList paletteOf(const Record &device)
+{
+    return device.value("colors").split(",");
+}
+
+QString defaultColor(const Record &device, const QString &position)
+{
+    return paletteOf(device).value(device.value(position).toInt());
+}
+
+} // namespace
+
+void MainWindow::customMenuRequestedvdj(QPoint pos)
+{
+    if (ui->vdjlistview->indexAt(pos).data(ButtonRole).toInt() < 0)
+        return;
+    QMenu *menu = createMenu(this);
+    connect(menu->addAction("Remove"), &QAction::triggered, this, &MainWindow::ondeletevdjaction_triggered);
+    menu->popup(ui->vdjlistview->viewport()->mapToGlobal(pos));
+}
+
+void MainWindow::customMenuRequested(QPoint pos)
+{
+    menuindex = ui->tablecontroller->indexAt(pos);
+    QMenu *menu = createMenu(this);
+    if (menuindex.data(ButtonRole).toInt() >= 0)
+        addLiveButtonEntries(*menu);
+    menu->addSeparator();
+    QAction *toggle = menu->addAction("Set as Switch");
+    toggle->setCheckable(true);
+    toggle->setChecked(switchkey != NoKey && switchkey == QList<int>{menuindex.row(), menuindex.column()});
+    connect(toggle, &QAction::triggered, this, &MainWindow::ontoggleaction_triggered);
+    menu->popup(ui->tablecontroller->viewport()->mapToGlobal(pos));
+}
+
+void MainWindow::addLiveButtonEntries(QMenu &menu)
+{
+    QAction *remove = menu.addAction("Remove");
+    menu.addSeparator();
+    addColorEntries(*addSubmenu(menu, "Off Color"), OffColorRole, &MainWindow::colorpadchange,
+                    &MainWindow::rgbpadchange);
+    addColorEntries(*addSubmenu(menu, "On Color"), OnColorRole, &MainWindow::coloronpadchange,
+                    &MainWindow::rgbonpadchange);
+    QAction *blink = menu.addAction("Blink");
+    blink->setCheckable(true);
+    blink->setChecked(menuindex.data(BlinkRole).toString() == "1");
+
+    connect(blink, &QAction::triggered, this, &MainWindow::onblinkaction_triggered);
+    connect(remove, &QAction::triggered, this, &MainWindow::ondeleteaction_triggered);
+}
+
+void MainWindow::addColorEntries(QMenu &menu, int role, void (MainWindow::*choose)(int),
+                                 void (MainWindow::*ask)())
+{
+    const QString current = menuindex.data(role).toString();
+    const auto addChoice = [&](const QString &text, bool isCurrent, int choice) {
+        QAction *entry = menu.addAction(entryText(text, isCurrent));
+        connect(entry, &QAction::triggered, this, [this, choose, choice] { (this->*choose)(choice); });
+        return entry;
+    };
+    addChoice("default", current.isEmpty(), 0);
+    menu.addSeparator();
+
+    const Record device = devicelist.value(deviceindex);
+    if (device.value("fullrgb") != "false") { // the page and the export ask for "true"
+        connect(menu.addAction(swatch(current), "Select ..."), &QAction::triggered, this, ask);
+        return;
+    }
+    const QStringList palette = paletteOf(device);
+    for (int i = 0; i < palette.size(); ++i) {
+        const QString &color = palette.at(i);
+        addChoice(color, color == current, i + 1)->setIcon(swatch(color));
+    }
+}
+
+void MainWindow::setOnSelectedKeys(const QVariant &value, int role)
+{
+    for (const QModelIndex &key : ui->tablecontroller->selectionModel()->selectedIndexes())
+        controllermodel->setData(key, value, role);
+}
+
+void MainWindow::setPaletteColor(int choice, int role)
+{
+    setOnSelectedKeys(choice == 0 ? QString() : paletteOf(devicelist.value(deviceindex)).value(choice - 1),
+                      role);
+}
+
+void MainWindow::askForColor(int role)
+{
+    QColor current;
+    current.setNamedColor(menuindex.data(role).toString());
+    const QColor color = QColorDialog::getColor(current, this, "Choose a Color");
+    if (color.isValid())
+        setOnSelectedKeys(color, role);
+}
+
+void MainWindow::colorpadchange(int dat)
+{
+    setPaletteColor(dat, OffColorRole);
+}
+
+void MainWindow::coloronpadchange(int dat)
+{
+    setPaletteColor(dat, OnColorRole);
+}
+
+void MainWindow::rgbpadchange()
+{
+    askForColor(OffColorRole);
+}
+
+void MainWindow::rgbonpadchange()
+{
+    askForColor(OnColorRole);
+}
+
 QString MainWindow::getdeviceoffcolor(int devid)
 {
-    const Record device = devicelist.value(devid);
-    return device.value("colors").split(",").value(device.value("off").toInt());
+    return defaultColor(devicelist.value(devid), "off");
 }
+
 QString MainWindow::getdeviceoncolor(int devid)
 {
-    const Record device = devicelist.value(devid);
-    return device.value("colors").split(",").value(device.value("on").toInt());
+    return defaultColor(devicelist.value(devid), "on");
 }
-void MainWindow::onblinkaction_triggered() {}
-void MainWindow::ontoggleaction_triggered() {}
-void MainWindow::customMenuRequestedvdj(QPoint /*pos*/) {}
-void MainWindow::customMenuRequested(QPoint /*pos*/) {}
+
+void MainWindow::onblinkaction_triggered()
+{
+    const bool blinks = menuindex.data(BlinkRole).toString() == "1";
+    setOnSelectedKeys(blinks ? QString() : QString("1"), BlinkRole);
+}
+
+void MainWindow::ontoggleaction_triggered()
+{
+    const QList<int> clicked = {menuindex.row(), menuindex.column()};
+    const QList<int> old = switchkey;
+    if (old == clicked)
+        switchkey = NoKey;
+    else
+        switchkey = clicked;
+
+    if (old.value(0, -1) >= 0 && old != clicked)
+        ondeletemidiaction_triggered(old.value(0), old.value(1, -1));
+    ondeletemidiaction_triggered(clicked.at(0), clicked.at(1));
+    if (old != clicked)
+        markAsSwitch(menuindex);
+
+    // The grid is drawn again at once.
+    ui->dmxlistview->setFocus(Qt::OtherFocusReason);
+    ui->tablecontroller->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::markAsSwitch(const QModelIndex &key)
+{
+    Assignments::setLabel(*controllermodel, key, "SWITCH");
+    controllermodel->setData(key, "0", AvailableRole);
+    controllermodel->setData(key, "green", Qt::ForegroundRole);
+}
