@@ -31,6 +31,7 @@ public:
     QString home() const { return m_home.path(); }
     QString documents() const { return home() + "/Documents"; }
     QString padsFolder() const { return documents() + "/VirtualDJ/Pads"; }
+    QString mappersFolder() const { return documents() + "/VirtualDJ/Mappers"; }
 
     /** A child of the window by object name; ends the test program where it is missing. */
     template<typename T>
