@@ -81,16 +81,25 @@ bool isHarmless(QStringView text)
 
 } // namespace
 
-QDomDocument readXmlFile(const QString &path, qint64 longest, QIODevice::OpenMode mode)
+std::optional<QByteArray> readFile(const QString &path, qint64 longest, QIODevice::OpenMode mode)
 {
     QFile file(path);
     // What is no file, such as a pipe, could keep the program waiting.
     if (!QFileInfo(path).isFile() || file.size() > longest || !file.open(mode))
         return {};
+    return file.read(longest);
+}
 
+QDomDocument parseXml(const QByteArray &bytes)
+{
     QDomDocument document;
-    const QString text = decoded(file.read(longest));
+    const QString text = decoded(bytes);
     if (isHarmless(text) && document.setContent(text))
         return document;
     return {}; // what was read up to an error would still stand in the other one
+}
+
+QDomDocument readXmlFile(const QString &path, qint64 longest, QIODevice::OpenMode mode)
+{
+    return parseXml(readFile(path, longest, mode).value_or(QByteArray()));
 }

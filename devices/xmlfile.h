@@ -3,17 +3,29 @@
 #include <QDomDocument>
 #include <QIODevice>
 
+#include <optional>
+
 /** Size in bytes above which a layout or a mapper is not read; the largest of VirtualDJ's have a tenth. */
 constexpr qint64 LongestMapper = 4 << 20;
 
 /**
- * Reads an XML file that may come from anywhere and hold anything.
+ * Reads a file that may be anything.
  *
  * @param path     full path of a file, or of a link to one
  * @param longest  size in bytes above which the file is not read
  * @param mode     how to open it; text mode drops every carriage return byte, in any encoding
- * @return         the document, read as UTF-8 unless its byte order mark or its declaration says otherwise.
- *                 Empty where the file is none, cannot be read or is not well-formed; and where taking it in
- *                 could take minutes or the stack, as with declared entities or elements a hundred deep.
+ * @return         its content; nothing where it is no file, is too long or cannot be opened
  */
+std::optional<QByteArray> readFile(const QString &path, qint64 longest, QIODevice::OpenMode mode);
+
+/**
+ * Parses an XML document that may hold anything.
+ *
+ * @param bytes  read as UTF-8 unless a byte order mark or the declaration says otherwise
+ * @return       the document; empty where it is not well-formed, and where taking it in could take minutes or
+ *               the stack, as with declared entities or elements a hundred deep
+ */
+QDomDocument parseXml(const QByteArray &bytes);
+
+/** Reads and parses a file at once; the document is empty where that fails. */
 QDomDocument readXmlFile(const QString &path, qint64 longest, QIODevice::OpenMode mode = QIODevice::ReadOnly);
