@@ -15,6 +15,7 @@ class QAbstractItemModel;
 class QMenu;
 class Ui_MainWindow;
 class VDJModel;
+struct ProjectSettings;
 
 /**
  * The program's one window and its workspace: the loaded show, pads, grid, devices and mappers.
@@ -160,6 +161,10 @@ private:
     void askForColor(int role);
     void markAsSwitch(const QModelIndex &key);
     void showBankRows(int bank);
+
+    void applySettings(const ProjectSettings &settings);
+    void showGridOutput();
+    void showPadsOutput(bool has16Pads);
 
     void buildPads();
     void buildGrid();
