@@ -1,5 +1,6 @@
 #include "app/mainwindow.h"
 
+#include "app/dialog.h"
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
@@ -130,7 +131,12 @@ void MainWindow::on_actionSave_2_triggered()
         savemidiproject(path);
 }
 
-void MainWindow::on_actionAbout_triggered() {}
+void MainWindow::on_actionAbout_triggered()
+{
+    Dialog dialog(nullptr);
+    dialog.setModal(true);
+    dialog.exec();
+}
 
 void MainWindow::on_actionExport_triggered()
 {

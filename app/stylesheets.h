@@ -108,4 +108,11 @@ inline constexpr char messageBox[] =
     "QMessageBox QPushButton:hover {width: 70; height:20; color: #ffffff; background-color: #404040;"
     "border: 1px solid #606060;}";
 
+/** The About dialog. */
+inline constexpr char aboutDialog[] =
+    "QDialog {border:1px solid #606060; background-color: black; }"
+    "QLabel {color: #aaaaaa; background-color:transparent;}"
+    "QPushButton {color: #cccccc; background-color: #303030;border: 1px solid #505050;}"
+    "QPushButton:hover {color: #ffffff; background-color: #404040;border: 1px solid #606060;}";
+
 } // namespace StyleSheet
