@@ -1,0 +1,1245 @@
+#include "project/projectfile.h"
+#include "tables/controller.h"
+#include "tables/roles.h"
+#include "tables/vdjmodel.h"
+
+#include <QBuffer>
+#include <QColor>
+#include <QDomDocument>
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+#include <QStandardItemModel>
+#include <QTemporaryDir>
+#include <QTextCodec>
+#include <QTextStream>
+#include <QtTest>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+namespace {
+
+const QString Club = "/home/dj/Shows/Club/Live/live.ini";
+
+// All that the two tables keep for a cell.
+const QList<int> PadRoles = {Qt::EditRole, DisplayNameRole, PageRole, ButtonRole, Qt::DecorationRole};
+const QList<int> KeyRoles = {Qt::EditRole, DisplayNameRole, PageRole,  ButtonRole,        AvailableRole,
+                             OffColorRole, OnColorRole,     BlinkRole, Qt::DecorationRole};
+
+QStringList defaultBanks()
+{
+    QStringList banks;
+    for (int bank = 1; bank <= 8; ++bank)
+        banks += "BANK " + QString::number(bank);
+    return banks;
+}
+
+/** Writes values into a cell, in the order of the roles. */
+bool set(QAbstractItemModel &table, int row, int column, const QList<int> &roles, const QStringList &values)
+{
+    for (int i = 0; i < roles.size(); ++i) {
+        if (!table.setData(table.index(row, column), values.value(i), roles.at(i)))
+            return false;
+    }
+    return true;
+}
+
+/** Fills a pads table with the 64 rows of a program that has just started. */
+bool fillWithEmptyPads(QAbstractItemModel &pads)
+{
+    bool isFilled = pads.insertRows(0, 64);
+    for (int row = 0; row < 64; ++row) {
+        for (int column = 0; column < 2; ++column) {
+            const QString label = "PAD " + QString::number(row % 8 + 1 + 8 * column);
+            isFilled = isFilled && set(pads, row, column, PadRoles, {label, label, "0", "-1", "#000000"});
+        }
+    }
+    return isFilled;
+}
+
+QString gridLabel(int row, int column)
+{
+    const bool isGap = row == 1 || row == 10 || column == 1 || column == 10;
+    const bool isCorner = (row == 0 || row == 11) && (column == 0 || column == 11);
+    if (isGap || isCorner)
+        return {};
+    if (row == 0)
+        return "TOP " + QString::number(column - 1);
+    if (row == 11)
+        return "BOTTOM " + QString::number(column - 1);
+    if (column == 0)
+        return "LEFT " + QString::number(row - 1);
+    if (column == 11)
+        return "RIGHT " + QString::number(row - 1);
+    return "PAD " + QString::number((row - 2) * 8 + column - 1);
+}
+
+/** Fills a grid with the empty keys of the AKAI: a band at the bottom, another at the right. */
+bool fillWithEmptyKeys(QAbstractItemModel &grid)
+{
+    bool isFilled = grid.insertRows(0, 12);
+    for (int row = 0; row < 12; ++row) {
+        for (int column = 0; column < 12; ++column) {
+            const bool inRows = row >= 2 && row <= 9;
+            const bool inColumns = column >= 2 && column <= 9;
+            const bool isKey = (inRows && (inColumns || column == 11)) || (row == 11 && inColumns);
+            const QString label = gridLabel(row, column);
+            isFilled = isFilled
+                       && set(grid, row, column, KeyRoles,
+                              {label, label, "0", "-1", isKey ? "1" : "0", "", "", "0", "#000000"});
+        }
+    }
+    return isFilled;
+}
+
+template<typename Project>
+QByteArray written(const Project &project, const char *codec = "UTF-8")
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly))
+        return "no buffer";
+    QTextStream out(&buffer);
+    if (codec)
+        out.setCodec(codec);
+    writeProject(out, project);
+    out.flush();
+    return bytes;
+}
+
+/** Where two files first differ, for a person; empty where they do not. */
+QString difference(const QByteArray &actual, const QByteArray &expected)
+{
+    if (actual == expected)
+        return {};
+    const QByteArrayList lines = actual.split('\n');
+    const QByteArrayList wanted = expected.split('\n');
+    int line = 0;
+    while (line < lines.size() && line < wanted.size() && lines.at(line) == wanted.at(line))
+        ++line;
+    return QString("line %1\n  is [%2]\n  not [%3]")
+        .arg(QString::number(line + 1), QString::fromUtf8(lines.value(line)),
+             QString::fromUtf8(wanted.value(line)));
+}
+
+QByteArray golden(const char *name)
+{
+    QFile file(QFINDTESTDATA(QString("../data/") + name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no golden file");
+}
+
+bool writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+QDomDocument parsed(const QByteArray &xml)
+{
+    QDomDocument document;
+    return document.setContent(xml) ? document : QDomDocument();
+}
+
+/** All that a table keeps, one text a cell. */
+QStringList contentOf(const QAbstractItemModel &table)
+{
+    QStringList cells;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (int column = 0; column < table.columnCount(); ++column) {
+            QString cell = QString("%1,%2").arg(row).arg(column);
+            for (const int role : KeyRoles)
+                cell += "|" + table.index(row, column).data(role).toString();
+            cells += cell;
+        }
+    }
+    return cells;
+}
+
+/** A table that notes what is written into it; twelve rows and columns. */
+class Notebook final : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    int rowCount(const QModelIndex & /*parent*/ = {}) const override { return 12; }
+    int columnCount(const QModelIndex & /*parent*/ = {}) const override { return 12; }
+    QVariant data(const QModelIndex & /*index*/, int /*role*/) const override { return {}; }
+
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override
+    {
+        if (!index.isValid())
+            return false;
+        notes += QString("%1,%2 %3=%4 (%5)")
+                     .arg(index.row())
+                     .arg(index.column())
+                     .arg(role)
+                     .arg(value.toString(), value.typeName());
+        return true;
+    }
+
+    QStringList notes;
+};
+
+using Lay = void (*)(const QDomDocument &, QAbstractItemModel &, const std::function<void(int)> &);
+
+/** A key element with all attributes; "row" and "column" as given. */
+QByteArray keyAt(const QByteArray &row, const QByteArray &column, const QByteArray &name)
+{
+    return "<key row=\"" + row + "\" column=\"" + column + "\" name=\"" + name + "\" dspname=\"" + name
+           + "\" pagenr=\"1\" id=\"5\" avail=\"1\" coloroff=\"\" coloron=\"\" blink=\"0\" color=\"#ff0000\" />";
+}
+
+QByteArray projectOf(const QByteArray &content)
+{
+    return "<project type=\"pads\" show=\"s\" >" + content + "</project>";
+}
+
+/** A text of any characters that a project keeps. */
+QString anyText(QRandomGenerator &random)
+{
+    static const QVector<uint> some = {'a',  'Z',    '0',   ' ',    ' ',    '\'',    '>',     '\t',
+                                       '\n', ',',    ';',   '%',    '\\',   '`',     '/',     '=',
+                                       '-',  '!',    ']',   0xE9,   0xDF,   0x142,   0x416,   0x5D0,
+                                       1,    0x3042, 0x301, 0x200D, 0x2028, 0x1F600, 0x1F3B6, 0xFEFF};
+    QString text;
+    for (int left = random.bounded(12); left > 0; --left) {
+        const uint character = some.at(random.bounded(some.size()));
+        text += QString::fromUcs4(&character, 1);
+    }
+    return text;
+}
+
+QString anyColor(QRandomGenerator &random)
+{
+    return QColor::fromRgb(random.bounded(0x1000000)).name();
+}
+
+void fillAtRandom(QAbstractItemModel &table, bool isGrid, QRandomGenerator &random)
+{
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (int column = 0; column < table.columnCount(); ++column) {
+            if (random.bounded(3) != 0)
+                continue;
+            QStringList values = {anyText(random), anyText(random), QString::number(random.bounded(1, 20)),
+                                  QString::number(random.bounded(200))};
+            if (isGrid) {
+                values += QString::number(random.bounded(2));
+                values += random.bounded(2) ? anyColor(random) : "yellow";
+                values += random.bounded(2) ? anyColor(random) : "";
+                values += QStringList{"", "0", "1"}.at(random.bounded(3));
+            }
+            values += anyColor(random);
+            set(table, row, column, isGrid ? KeyRoles : PadRoles, values);
+        }
+    }
+}
+
+QStringList anyBanks(QRandomGenerator &random)
+{
+    QStringList banks;
+    for (int bank = 0; bank < 8; ++bank)
+        banks += anyText(random).remove(',');
+    return banks;
+}
+
+/** A generator for a row of a test; the row prints the number that it starts from. */
+QRandomGenerator seeded(uint seed)
+{
+    qInfo("seed %u", seed);
+    return QRandomGenerator(seed);
+}
+
+/** Reads a project back and writes it anew. */
+template<typename Table>
+QByteArray rewritten(const QString &path, Lay lay, bool isMidi)
+{
+    const auto document = readProject(path);
+    if (!document)
+        return "not read";
+    const QList<ProjectSettings> all = projectSettings(*document);
+    if (all.size() != 1 || all.first().isMidi != isMidi)
+        return "other settings";
+    const ProjectSettings &settings = all.first();
+    Table table;
+    if (!table.insertRows(0, isMidi ? 12 : 64))
+        return "no table";
+    lay(*document, table, [](int) {});
+    if (isMidi)
+        return written(MidiProject{settings.device, settings.show, settings.showName, settings.switchKey,
+                                   settings.offColor.value_or(-1), settings.onColor.value_or(-1),
+                                   settings.exportName, table});
+    return written(PadsProject{settings.show, settings.showName, settings.exportName, settings.has16Pads,
+                               settings.banks, table});
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Lay)
+
+/** The project file: what is written, what is read, and what becomes of files that are none. */
+class TestProjectFile final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+
+    void writesEmptyPads();
+    void writesFilledPads();
+    void writesFreshGrid();
+    void writesFilledGrid();
+    void writesRowByRow();
+    void writesColumnOfHiddenPads();
+    void writesColors_data();
+    void writesColors();
+    void writesSwitch_data();
+    void writesSwitch();
+    void writesBanks_data();
+    void writesBanks();
+    void writesInTheCodecOfTheStream_data();
+    void writesInTheCodecOfTheStream();
+    void writesInTheDefaultCodec_data();
+    void writesInTheDefaultCodec();
+    void writingChangesNothing();
+
+    void readsSettings_data();
+    void readsSettings();
+    void readsSettingsOfMidiInFull();
+    void readsSettingsOfPadsInFull();
+    void readsSettingsOfAllProjects();
+
+    void laysInOrder_data();
+    void laysInOrder();
+    void laysMissingAsEmpty_data();
+    void laysMissingAsEmpty();
+    void emptyNameOfAPadBecomesItsNumber();
+    void laysOnTheRightCell_data();
+    void laysOnTheRightCell();
+    void laterKeyWins();
+    void ticks_data();
+    void ticks();
+    void laysAllKeysOfTheDocument();
+    void laysOnNoRows();
+
+    void readsGoldenFiles_data();
+    void readsGoldenFiles();
+    void readsDocuments_data();
+    void readsDocuments();
+    void refusesDocuments_data();
+    void refusesDocuments();
+    void endsSoonOnBombs_data();
+    void endsSoonOnBombs();
+    void cannotBeOpened_data();
+    void cannotBeOpened();
+    void pipeIsNoFile();
+    void readsHundredsOfThousandsOfKeys();
+
+    void thousandRoundTrips_data();
+    void thousandRoundTrips();
+    void everyCharacterSurvives_data();
+    void everyCharacterSurvives();
+    void unsafeNamesBreakTheFile_data();
+    void unsafeNamesBreakTheFile();
+    void bankWithCommaBecomesTwo();
+
+private:
+    QString write(const QByteArray &content);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QTextCodec *m_codec = nullptr;
+};
+
+void TestProjectFile::initTestCase()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+    m_codec = QTextCodec::codecForLocale();
+}
+
+void TestProjectFile::cleanup()
+{
+    QTextCodec::setCodecForLocale(m_codec);
+}
+
+/** Path of a project with this content. */
+QString TestProjectFile::write(const QByteArray &content)
+{
+    QString path = m_folder->filePath("project.zarvex");
+    return writeFile(path, content) ? path : QString();
+}
+
+void TestProjectFile::writesEmptyPads()
+{
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    const QByteArray bytes = written(PadsProject{"", "", "OS2L DMX", false, defaultBanks(), pads});
+    QCOMPARE(difference(bytes, golden("project-pads-empty.zarvex")), QString());
+    QCOMPARE(bytes.count("\t<key "), 128);
+}
+
+void TestProjectFile::writesFilledPads()
+{
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    QVERIFY(set(pads, 0, 0, PadRoles, {"Strobe", "Strobe", "1", "3", "#FF0000"}));
+    QVERIFY(set(pads, 0, 1, PadRoles, {"Nine's", "It's \"loud\" & <bright>", "2", "12", "yellow"}));
+    QVERIFY(set(pads, 19, 0, PadRoles, {" blanks  around ", "Fog", "3", "40", "#FFF"}));
+    QVERIFY(set(pads, 63, 0, PadRoles, {"a > b &amp; c", "back\\slash %1", "10", "7", "#00A0b1"}));
+    QVERIFY(set(pads, 63, 1, PadRoles, {"0", "", "1", "0", "#000000"}));
+    const QStringList banks = {"Intro",      "Verse, slow", "",       "BANK 4",
+                               "It's \"5\"", "BANK 6",      "BANK 7", "BANK 8"};
+    const QByteArray bytes = written(PadsProject{Club, "Club", "Fri & Sat", true, banks, pads});
+    QCOMPARE(difference(bytes, golden("project-pads-filled.zarvex")), QString());
+}
+
+void TestProjectFile::writesFreshGrid()
+{
+    Controller grid;
+    QVERIFY(grid.insertRows(0, 12));
+    const QByteArray bytes = written(MidiProject{"LAUNCHPAD2", "", "", {-1, -1}, -1, -1, "OS2L DMX", grid});
+    QCOMPARE(difference(bytes, golden("project-midi-empty.zarvex")), QString());
+    QCOMPARE(bytes.count("\t<key "), 144);
+}
+
+void TestProjectFile::writesFilledGrid()
+{
+    Controller grid;
+    QVERIFY(fillWithEmptyKeys(grid));
+    const QString loud = "It's \"loud\" & <bright>";
+    QVERIFY(set(grid, 2, 2, KeyRoles, {"Strobe", "Strobe", "1", "3", "1", "red", "#00FF00", "1", "#FF0000"}));
+    QVERIFY(set(grid, 11, 9, KeyRoles, {"Fog", "Fog", "2", "12", "1", "", "", "", "yellow"}));
+    QVERIFY(set(grid, 0, 2, KeyRoles, {"Left over", "Left over", "1", "0", "0", "", "", "", "blue"}));
+    QVERIFY(set(grid, 9, 11, KeyRoles, {loud, loud, "3", "40", "1", "", "green", "0", "#00A0B1"}));
+    QVERIFY(set(grid, 5, 5, {OffColorRole, BlinkRole}, {"#AA5500", "1"}));
+    QVERIFY(set(grid, 2, 2, {Qt::ForegroundRole}, {"#123456"})); // has no place in the file
+    const QByteArray bytes = written(MidiProject{"APCMINI", Club, "Club", {3, 4}, 3, 1, "Grid \"A\"", grid});
+    QCOMPARE(difference(bytes, golden("project-midi-filled.zarvex")), QString());
+}
+
+void TestProjectFile::writesRowByRow()
+{
+    const QStandardItemModel table(2, 3);
+    QByteArrayList expected = {R"(<?xml version="1.0" encoding="UTF-8"?>)",
+                               R"(<project type="pads" show="" showname="" export="" layout="0" banks="" >)"};
+    for (const char *cell : {"0 0", "0 1", "0 2", "1 0", "1 1", "1 2"}) {
+        const QByteArrayList at = QByteArray(cell).split(' ');
+        expected += "\t<key row=\"" + at.at(0) + "\" column=\"" + at.at(1)
+                    + R"(" name="" dspname="" pagenr="" id="" color="" />)";
+    }
+    expected += "</project>";
+    expected += "";
+    QCOMPARE(written(PadsProject{"", "", "", false, {}, table}).split('\n'), expected);
+}
+
+void TestProjectFile::writesColumnOfHiddenPads()
+{
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    QVERIFY(set(pads, 3, 1, PadRoles, {"Twelve", "Fog", "1", "5", "#0000ff"}));
+    const QByteArray eight = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
+    const QByteArray sixteen = written(PadsProject{Club, "Club", "Page", true, defaultBanks(), pads});
+    const QByteArray hidden =
+        "\t<key row=\"3\" column=\"1\" name=\"Twelve\" dspname=\"Fog\" pagenr=\"1\" id=\"5\" "
+        "color=\"#0000ff\" />\n";
+    QVERIFY(eight.contains(hidden));
+    QCOMPARE(QByteArray(eight).replace(R"( layout="0" )", R"( layout="1" )"), sixteen);
+}
+
+void TestProjectFile::writesColors_data()
+{
+    QTest::addColumn<QString>("color");
+    QTest::addColumn<QByteArray>("inFile");
+    QTest::newRow("lower case") << "#a0b1c2" << QByteArray("#a0b1c2");
+    QTest::newRow("upper case") << "#A0B1C2" << QByteArray("#a0b1c2");
+    QTest::newRow("both") << "#Ff00fF" << QByteArray("#ff00ff");
+    QTest::newRow("word") << "Green" << QByteArray("#008000");
+    QTest::newRow("three digits") << "#FaC" << QByteArray("#ffaacc");
+    QTest::newRow("no colour") << "" << QByteArray("#000000");
+    QTest::newRow("unknown word") << "loud" << QByteArray("#000000");
+}
+
+void TestProjectFile::writesColors()
+{
+    QFETCH(const QString, color);
+    QFETCH(const QByteArray, inFile);
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    QVERIFY(set(pads, 0, 0, {Qt::DecorationRole}, {color}));
+    QCOMPARE(written(PadsProject{"", "", "", false, {}, pads}).split('\n').value(2),
+             R"(	<key row="0" column="0" name="PAD 1" dspname="PAD 1" pagenr="0" id="-1" color=")"
+                 + inFile + "\" />");
+
+    Controller grid;
+    QVERIFY(fillWithEmptyKeys(grid));
+    QVERIFY(set(grid, 0, 0, {Qt::DecorationRole, OffColorRole, OnColorRole}, {color, color, color}));
+    QVERIFY(written(MidiProject{"", "", "", {-1, -1}, 0, 0, "", grid})
+                .split('\n')
+                .value(2)
+                .endsWith(" coloroff=\"" + color.toUtf8() + "\" coloron=\"" + color.toUtf8()
+                          + "\" blink=\"0\" color=\"" + inFile + "\" />"));
+}
+
+void TestProjectFile::writesSwitch_data()
+{
+    QTest::addColumn<QList<int>>("switchKey");
+    QTest::addColumn<QByteArray>("inFile");
+    QTest::newRow("none") << QList<int>{-1, -1} << QByteArray("-1,-1");
+    QTest::newRow("no numbers") << QList<int>{} << QByteArray("-1,-1");
+    QTest::newRow("first key") << QList<int>{0, 0} << QByteArray("0,0");
+    QTest::newRow("row before column") << QList<int>{3, 4} << QByteArray("3,4");
+    QTest::newRow("last key") << QList<int>{11, 11} << QByteArray("11,11");
+}
+
+void TestProjectFile::writesSwitch()
+{
+    QFETCH(const QList<int>, switchKey);
+    QFETCH(const QByteArray, inFile);
+    const QStandardItemModel grid(1, 1);
+    QCOMPARE(written(MidiProject{"D", "s", "n", switchKey, 12, 0, "e", grid}).split('\n').value(1),
+             R"(<project deviceid="D" type="midi" show="s" showname="n" switch=")" + inFile
+                 + R"(" offcolor="12" oncolor="0" export="e" >)");
+}
+
+void TestProjectFile::writesBanks_data()
+{
+    QTest::addColumn<QStringList>("banks");
+    QTest::addColumn<QByteArray>("inFile");
+    QTest::newRow("defaults, no blanks behind the commas")
+        << defaultBanks() << QByteArray("BANK 1,BANK 2,BANK 3,BANK 4,BANK 5,BANK 6,BANK 7,BANK 8");
+    QTest::newRow("none") << QStringList{} << QByteArray("");
+    QTest::newRow("one") << QStringList{"A"} << QByteArray("A");
+    QTest::newRow("empty names") << QStringList{"", "B", "", ""} << QByteArray(",B,,");
+    QTest::newRow("nine") << QStringList{"1", "2", "3", "4", "5", "6", "7", "8", "9"}
+                          << QByteArray("1,2,3,4,5,6,7,8,9");
+    QTest::newRow("commas of their own") << QStringList{"a,b", ", "} << QByteArray("a,b,, ");
+    QTest::newRow("signs go out raw") << QStringList{"\"", "&", "<"} << QByteArray("\",&,<");
+}
+
+void TestProjectFile::writesBanks()
+{
+    QFETCH(const QStringList, banks);
+    QFETCH(const QByteArray, inFile);
+    const QStandardItemModel pads(1, 1);
+    QCOMPARE(written(PadsProject{"s", "n", "e", true, banks, pads}).split('\n').value(1),
+             R"(<project type="pads" show="s" showname="n" export="e" layout="1" banks=")" + inFile + "\" >");
+}
+
+void TestProjectFile::writesInTheCodecOfTheStream_data()
+{
+    QTest::addColumn<QByteArray>("codec");
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("UTF-8") << QByteArray("UTF-8") << QByteArray("Caf\xC3\xA9");
+    QTest::newRow("Latin 1") << QByteArray("ISO-8859-1") << QByteArray("Caf\xE9");
+}
+
+void TestProjectFile::writesInTheCodecOfTheStream()
+{
+    QFETCH(const QByteArray, codec);
+    QFETCH(const QByteArray, name);
+    QStandardItemModel table(1, 1);
+    const QString cafe = QString::fromUtf8("Caf\xC3\xA9");
+    QVERIFY(table.setData(table.index(0, 0), cafe, Qt::EditRole));
+    QCOMPARE(written(PadsProject{cafe, cafe, cafe, false, {cafe, cafe}, table}, codec),
+             R"(<?xml version="1.0" encoding="UTF-8"?>)"
+             "\n<project type=\"pads\" show=\""
+                 + name + "\" showname=\"" + name + "\" export=\"" + name + R"(" layout="0" banks=")" + name
+                 + "," + name + "\" >\n\t<key row=\"0\" column=\"0\" name=\"" + name
+                 + R"(" dspname="" pagenr="" id="" color="" />)"
+                   "\n</project>\n");
+}
+
+void TestProjectFile::writesInTheDefaultCodec_data()
+{
+    writesInTheCodecOfTheStream_data();
+}
+
+void TestProjectFile::writesInTheDefaultCodec()
+{
+    QFETCH(const QByteArray, codec);
+    QFETCH(const QByteArray, name);
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName(codec));
+    const QStandardItemModel grid(1, 1);
+    const QString cafe = QString::fromUtf8("Caf\xC3\xA9");
+    const QByteArray bytes = written(MidiProject{"D", "s", cafe, {0, 0}, 0, 0, "e", grid}, nullptr);
+    QCOMPARE(bytes.split('\n').value(0), QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>)"));
+    QCOMPARE(bytes.split('\n').value(1), R"(<project deviceid="D" type="midi" show="s" showname=")" + name
+                                             + R"(" switch="0,0" offcolor="0" oncolor="0" export="e" >)");
+}
+
+void TestProjectFile::writingChangesNothing()
+{
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    QVERIFY(set(pads, 9, 1, PadRoles, {"Strobe", "Strobe", "1", "3", "#FF0000"}));
+    const QStringList before = contentOf(pads);
+    const QByteArray once = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
+    QCOMPARE(contentOf(pads), before);
+    QCOMPARE(written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads}), once);
+}
+
+void TestProjectFile::readsSettings_data()
+{
+    QTest::addColumn<QByteArray>("attributes");
+    QTest::addColumn<QString>("expected");
+
+    const auto row = [](const char *name, const QByteArray &attributes, const QString &expected) {
+        QTest::newRow(name) << attributes << expected;
+    };
+    row("no attribute", "", "");
+    row("all empty",
+        R"(deviceid="" type="" show="" showname="" switch="" offcolor="" oncolor="" export="" )"
+        R"(layout="" banks="")",
+        "");
+    row("show", R"(show="/a b/Live/live.ini")", "show=/a b/Live/live.ini");
+    row("show name", R"(showname="Club")", "showname=Club");
+    row("export name", R"(export=" Friday ")", "export= Friday ");
+    row("device", R"(deviceid="APCMINI")", "device=APCMINI");
+    row("device of nobody", R"(deviceid="-1")", "device=-1");
+
+    row("type midi", R"(type="midi")", "midi");
+    row("type pads", R"(type="pads")", "");
+    row("type in upper case", R"(type="MIDI")", "");
+    row("type with a blank", R"(type="midi ")", "");
+    row("type beyond both", R"(type="keys")", "");
+
+    row("layout of 16 pads", R"(layout="1")", "16");
+    row("layout of 8 pads", R"(layout="0")", "");
+    row("layout beyond both", R"(layout="2")", "");
+    row("layout told as pads", R"(layout="16")", "");
+    row("layout not told exactly", R"(layout="01")", "");
+    row("layout in a word", R"(layout="true")", "");
+
+    row("banks", R"(banks="A,B,C,D,E,F,G,H")", "banks=A|B|C|D|E|F|G|H");
+    row("three banks", R"(banks="A,B,C")", "banks=A|B|C");
+    row("nine banks", R"(banks="1,2,3,4,5,6,7,8,9")", "banks=1|2|3|4|5|6|7|8|9");
+    row("empty names are kept", R"(banks=",,B,")", "banks=||B|");
+    row("one comma", R"(banks=",")", "banks=|");
+    row("blanks are kept", R"(banks="A , B")", "banks=A | B");
+    row("one blank", R"(banks=" ")", "banks= ");
+
+    row("Switch", R"(switch="3,4")", "switch=3,4");
+    row("Switch at the first cell", R"(switch="0,0")", "switch=0,0");
+    row("no Switch", R"(switch="-1,-1")", "");
+    row("Switch of one part", R"(switch="3")", "");
+    row("Switch of a word", R"(switch="none")", "");
+    row("Switch of two words", R"(switch="a,b")", "switch=0,0");
+    row("Switch of a comma", R"(switch=",")", "switch=0,0");
+    row("Switch of a number and nothing", R"(switch="3,")", "switch=3,0");
+    row("Switch of nothing and a number", R"(switch=",4")", "switch=0,4");
+    row("Switch of three parts", R"(switch="3,4,5")", "switch=3,4");
+    row("Switch beyond the grid", R"(switch="99,-7")", "switch=99,-7");
+    row("Switch with a fraction", R"(switch="1.5,2")", "switch=0,2");
+    row("Switch beyond all numbers", R"(switch="99999999999,2")", "switch=0,2");
+    row("Switch by a semicolon", R"(switch="3;4")", "");
+
+    row("off colour", R"(offcolor="2")", "off=2");
+    row("on colour", R"(oncolor="15")", "on=15");
+    row("colours of position 0", R"(offcolor="0" oncolor="0")", "off=0 on=0");
+    row("colours of none", R"(offcolor="-1" oncolor="-1")", "off=-1 on=-1");
+    row("colours of words", R"(offcolor="red" oncolor="green")", "off=0 on=0");
+    row("colours beyond", R"(offcolor="1000" oncolor="99999999999")", "off=1000 on=0");
+    row("colours not in base 10", R"(offcolor="0x3" oncolor="010")", "off=0 on=10");
+    row("attributes of neither kind", R"(version="2" color="red" name="x" row="1")", "");
+}
+
+void TestProjectFile::readsSettings()
+{
+    QFETCH(const QByteArray, attributes);
+    QFETCH(const QString, expected);
+    const QDomDocument document = parsed("<project " + attributes + "/>");
+    QVERIFY(!document.isNull());
+    const QList<ProjectSettings> all = projectSettings(document);
+    QCOMPARE(all.size(), 1);
+    const ProjectSettings &settings = all.first();
+
+    QStringList read; // what is not empty
+    const auto add = [&read](bool isThere, const QString &text) {
+        if (isThere)
+            read += text;
+    };
+    add(!settings.show.isEmpty(), "show=" + settings.show);
+    add(!settings.showName.isEmpty(), "showname=" + settings.showName);
+    add(!settings.exportName.isEmpty(), "export=" + settings.exportName);
+    add(!settings.device.isEmpty(), "device=" + settings.device);
+    add(settings.isMidi, "midi");
+    add(settings.has16Pads, "16");
+    add(!settings.banks.isEmpty(), "banks=" + settings.banks.join("|"));
+    QCOMPARE(settings.switchKey.size(), 2);
+    add(settings.switchKey != QList<int>({-1, -1}),
+        QString("switch=%1,%2").arg(settings.switchKey.at(0)).arg(settings.switchKey.at(1)));
+    add(settings.offColor.has_value(), "off=" + QString::number(settings.offColor.value_or(0)));
+    add(settings.onColor.has_value(), "on=" + QString::number(settings.onColor.value_or(0)));
+    QCOMPARE(read.join(" "), expected);
+}
+
+void TestProjectFile::readsSettingsOfMidiInFull()
+{
+    const QList<ProjectSettings> all = projectSettings(
+        parsed(R"(<project deviceid="APCMINI" type="midi" show="/home/u/Show/Live/live.ini" showname="Show" )"
+               R"(switch="-1,-1" offcolor="0" oncolor="1" export="OS2L DMX" ></project>)"));
+    QCOMPARE(all.size(), 1);
+    QCOMPARE(all.first().device, QString("APCMINI"));
+    QVERIFY(all.first().isMidi);
+    QCOMPARE(all.first().show, QString("/home/u/Show/Live/live.ini"));
+    QCOMPARE(all.first().showName, QString("Show"));
+    QCOMPARE(all.first().switchKey, QList<int>({-1, -1}));
+    QVERIFY(all.first().offColor == 0);
+    QVERIFY(all.first().onColor == 1);
+    QCOMPARE(all.first().exportName, QString("OS2L DMX"));
+    QCOMPARE(all.first().banks, QStringList());
+}
+
+void TestProjectFile::readsSettingsOfPadsInFull()
+{
+    const QList<ProjectSettings> all = projectSettings(
+        parsed(R"(<project type="pads" show="/home/u/Show/Live/live.ini" showname="Show" export="OS2L DMX" )"
+               R"(layout="0" banks="BANK 1,BANK 2,BANK 3,BANK 4,BANK 5,BANK 6,BANK 7,BANK 8" ></project>)"));
+    QCOMPARE(all.size(), 1);
+    QVERIFY(!all.first().isMidi);
+    QVERIFY(!all.first().has16Pads);
+    QCOMPARE(all.first().show, QString("/home/u/Show/Live/live.ini"));
+    QCOMPARE(all.first().showName, QString("Show"));
+    QCOMPARE(all.first().exportName, QString("OS2L DMX"));
+    QCOMPARE(all.first().banks, defaultBanks());
+    QCOMPARE(all.first().device, QString());
+    QCOMPARE(all.first().switchKey, QList<int>({-1, -1}));
+    QVERIFY(!all.first().offColor.has_value());
+    QVERIFY(!all.first().onColor.has_value());
+}
+
+void TestProjectFile::readsSettingsOfAllProjects()
+{
+    const QList<ProjectSettings> all = projectSettings(
+        parsed(R"(<all><project showname="A"><project showname="B"/></project><key><project showname="C"/>)"
+               R"(</key><Project showname="D"/></all>)"));
+    QStringList names;
+    for (const ProjectSettings &settings : all)
+        names += settings.showName;
+    QCOMPARE(names, QStringList({"A", "B", "C"}));
+    QVERIFY(projectSettings(parsed("<show/>")).isEmpty());
+    QVERIFY(projectSettings({}).isEmpty());
+}
+
+void TestProjectFile::laysInOrder_data()
+{
+    QTest::addColumn<Lay>("lay");
+    QTest::addColumn<QStringList>("expected");
+    // Attributes stand in another order in the file, and those of the grid are there for both.
+    QTest::newRow("pads") << &layOnPads
+                          << QStringList{"3,4 2=n", "3,4 257=d", "3,4 256=7", "3,4 259=8", "3,4 1=#ff0000"};
+    QTest::newRow("grid") << &layOnGrid << QStringList{"3,4 2=n",      "3,4 257=d", "3,4 256=7",
+                                                       "3,4 259=8",    "3,4 260=1", "3,4 261=red",
+                                                       "3,4 262=blue", "3,4 263=1", "3,4 1=#ff0000"};
+}
+
+void TestProjectFile::laysInOrder()
+{
+    QFETCH(const Lay, lay);
+    QFETCH(QStringList, expected);
+    const QDomDocument document = parsed(projectOf(
+        R"(<key color="#ff0000" blink="1" coloron="blue" coloroff="red" avail="1" id="8" pagenr="7" )"
+        R"(dspname="d" name="n" column="4" row="3" other="x" textcolor="#123456" />)"));
+    Notebook table;
+    lay(document, table, [&table](int button) { table.notes += "tick " + QString::number(button); });
+
+    const int tick = table.notes.indexOf("tick 8");
+    QVERIFY(tick >= 0);
+    QVERIFY(tick < table.notes.indexOf("3,4 259=8 (QString)")); // before the cell takes the number
+    table.notes.removeAll("tick 8");
+    for (QString &note : expected)
+        note += " (QString)";
+    QCOMPARE(table.notes, expected);
+}
+
+void TestProjectFile::laysMissingAsEmpty_data()
+{
+    QTest::addColumn<Lay>("lay");
+    QTest::addColumn<QStringList>("expected");
+    QTest::newRow("pads") << &layOnPads
+                          << QStringList{"tick 0", "0,0 2=", "0,0 257=", "0,0 256=", "0,0 259=", "0,0 1="};
+    QTest::newRow("grid") << &layOnGrid
+                          << QStringList{"tick 0",   "0,0 2=",   "0,0 257=", "0,0 256=", "0,0 259=",
+                                         "0,0 260=", "0,0 261=", "0,0 262=", "0,0 263=", "0,0 1="};
+}
+
+void TestProjectFile::laysMissingAsEmpty()
+{
+    QFETCH(const Lay, lay);
+    QFETCH(QStringList, expected);
+    Notebook table;
+    lay(parsed(projectOf("<key/>")), table,
+        [&table](int button) { table.notes += "tick " + QString::number(button); });
+    for (QString &note : table.notes)
+        note.remove(" (QString)");
+    table.notes.sort();
+    expected.sort();
+    QCOMPARE(table.notes, expected);
+}
+
+void TestProjectFile::emptyNameOfAPadBecomesItsNumber()
+{
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    layOnPads(
+        parsed(projectOf(R"(<key row="9" column="1" dspname="Fog" pagenr="1" id="4" color="#00ff00"/>)")),
+        pads, [](int) {});
+    QCOMPARE(pads.index(9, 1).data(Qt::EditRole).toString(), QString("PAD 10"));
+    QCOMPARE(pads.index(9, 1).data(DisplayNameRole).toString(), QString("Fog"));
+
+    Controller grid;
+    QVERIFY(fillWithEmptyKeys(grid));
+    layOnGrid(parsed(projectOf(R"(<key row="2" column="2" dspname="Fog"/>)")), grid, [](int) {});
+    QCOMPARE(grid.index(2, 2).data(Qt::EditRole).toString(), QString());
+    QCOMPARE(grid.index(2, 2).data(DisplayNameRole).toString(), QString("Fog"));
+    QCOMPARE(grid.index(2, 2).data(AvailableRole).toString(), QString());
+}
+
+void TestProjectFile::laysOnTheRightCell_data()
+{
+    QTest::addColumn<QByteArray>("row");
+    QTest::addColumn<QByteArray>("column");
+    QTest::addColumn<QString>("onPads"); // the cell that took it, empty for none
+    QTest::addColumn<QString>("onGrid");
+
+    const auto add = [](const char *name, const QByteArray &row, const QByteArray &column,
+                        const QString &onPads,
+                        const QString &onGrid) { QTest::newRow(name) << row << column << onPads << onGrid; };
+    add("first cell", "0", "0", "0,0", "0,0");
+    add("inside both", "5", "1", "5,1", "5,1");
+    add("last pad", "63", "1", "63,1", "");
+    add("last key", "11", "11", "", "11,11");
+    add("row behind the pads", "64", "0", "", "");
+    add("row behind the grid", "12", "0", "12,0", "");
+    add("column behind the pads", "0", "2", "", "0,2");
+    add("column behind the grid", "0", "12", "", "");
+    add("negative row", "-1", "0", "", "");
+    add("negative column", "0", "-1", "", "");
+    add("both negative", "-1", "-1", "", "");
+    add("huge", "2147483647", "2147483647", "", "");
+    add("beyond all numbers counts as 0", "2147483648", "99999999999999999999", "0,0", "0,0");
+    add("empty counts as 0", "", "", "0,0", "0,0");
+    add("words count as 0", "first", "second", "0,0", "0,0");
+    add("a word for the row", "x", "1", "0,1", "0,1");
+    add("fractions count as 0", "1.0", "1e0", "0,0", "0,0");
+    add("other bases count as 0", "0x5", "0b1", "0,0", "0,0");
+    add("leading zeros", "007", "01", "7,1", "7,1");
+}
+
+void TestProjectFile::laysOnTheRightCell()
+{
+    QFETCH(const QByteArray, row);
+    QFETCH(const QByteArray, column);
+    QFETCH(const QString, onPads);
+    QFETCH(const QString, onGrid);
+    const QDomDocument document = parsed(projectOf(keyAt(row, column, "Strobe")));
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    Controller grid;
+    QVERIFY(fillWithEmptyKeys(grid));
+
+    for (QAbstractItemModel *table :
+         {static_cast<QAbstractItemModel *>(&pads), static_cast<QAbstractItemModel *>(&grid)}) {
+        const bool isGrid = table == &grid;
+        QList<int> ticked;
+        const auto tick = [&ticked](int button) { ticked += button; };
+        isGrid ? layOnGrid(document, *table, tick) : layOnPads(document, *table, tick);
+        QStringList taken;
+        for (int r = 0; r < table->rowCount(); ++r) {
+            for (int c = 0; c < table->columnCount(); ++c) {
+                if (table->index(r, c).data(Qt::EditRole) == QVariant("Strobe"))
+                    taken += QString("%1,%2").arg(r).arg(c);
+            }
+        }
+        QCOMPARE(taken.join(" "), isGrid ? onGrid : onPads);
+        QCOMPARE(ticked, QList<int>{5}); // wherever it lies
+    }
+}
+
+void TestProjectFile::laterKeyWins()
+{
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    layOnPads(
+        parsed(projectOf(keyAt("1", "0", "First") + keyAt("2", "0", "Other") + keyAt("1", "0", "Second"))),
+        pads, [](int) {});
+    QCOMPARE(pads.index(1, 0).data(Qt::EditRole).toString(), QString("Second"));
+    QCOMPARE(pads.index(2, 0).data(Qt::EditRole).toString(), QString("Other"));
+    QCOMPARE(pads.index(0, 0).data(Qt::EditRole).toString(), QString("PAD 1"));
+}
+
+void TestProjectFile::ticks_data()
+{
+    QTest::addColumn<QByteArray>("id");
+    QTest::addColumn<int>("button");
+    QTest::newRow("first") << QByteArray(R"(id="0")") << 0;
+    QTest::newRow("some") << QByteArray(R"(id="17")") << 17;
+    QTest::newRow("empty cell") << QByteArray(R"(id="-1")") << -1;
+    QTest::newRow("missing") << QByteArray() << 0;
+    QTest::newRow("empty") << QByteArray(R"(id="")") << 0;
+    QTest::newRow("word") << QByteArray(R"(id="strobe")") << 0;
+    QTest::newRow("huge") << QByteArray(R"(id="2147483647")") << 2147483647;
+    QTest::newRow("beyond all numbers") << QByteArray(R"(id="2147483648")") << 0;
+    QTest::newRow("far below") << QByteArray(R"(id="-2147483648")") << std::numeric_limits<int>::min();
+}
+
+void TestProjectFile::ticks()
+{
+    QFETCH(const QByteArray, id);
+    QFETCH(const int, button);
+    const QDomDocument document = parsed(projectOf(R"(<key id="3"/><key )" + id + R"(/><key id="3"/>)"));
+    for (const Lay lay : {&layOnPads, &layOnGrid}) {
+        Notebook table;
+        QList<int> ticked;
+        lay(document, table, [&ticked](int ticks) { ticked += ticks; });
+        QCOMPARE(ticked, QList<int>({3, button, 3}));
+    }
+}
+
+void TestProjectFile::laysAllKeysOfTheDocument()
+{
+    const QDomDocument document =
+        parsed("<all>" + keyAt("0", "0", "before") + "<project>" + keyAt("1", "0", "inside") + "<project>"
+               + keyAt("2", "0", "deep") + "</project></project><pad>" + keyAt("3", "0", "elsewhere")
+               + "</pad><Key row=\"4\" column=\"0\" name=\"other\"/></all>");
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    layOnPads(document, pads, [](int) {});
+    QStringList names;
+    for (int row = 0; row < 6; ++row)
+        names += pads.index(row, 0).data(Qt::EditRole).toString();
+    QCOMPARE(names, QStringList({"before", "inside", "deep", "elsewhere", "PAD 5", "PAD 6"}));
+}
+
+void TestProjectFile::laysOnNoRows()
+{
+    const QDomDocument document = parsed(projectOf(keyAt("0", "0", "Strobe")));
+    VDJModel pads;
+    Controller grid;
+    QList<int> ticked;
+    layOnPads(document, pads, [&ticked](int button) { ticked += button; });
+    layOnGrid(document, grid, [&ticked](int button) { ticked += button; });
+    QCOMPARE(ticked, QList<int>({5, 5}));
+    QCOMPARE(pads.rowCount(), 0);
+    QCOMPARE(grid.rowCount(), 0);
+}
+
+void TestProjectFile::readsGoldenFiles_data()
+{
+    QTest::addColumn<bool>("isMidi");
+    QTest::newRow("project-pads-empty.zarvex") << false;
+    QTest::newRow("project-midi-empty.zarvex") << true;
+}
+
+void TestProjectFile::readsGoldenFiles()
+{
+    QFETCH(const bool, isMidi);
+    const QByteArray file = golden(QTest::currentDataTag());
+    const QString path = write(file);
+    QCOMPARE(difference(isMidi ? rewritten<Controller>(path, &layOnGrid, true)
+                               : rewritten<VDJModel>(path, &layOnPads, false),
+                        file),
+             QString());
+}
+
+void TestProjectFile::readsDocuments_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("name");
+
+    const QByteArray declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    const QByteArray cafe = "<project showname=\"Caf\xC3\xA9\" />\n";
+    const QString name = QString::fromUtf8("Caf\xC3\xA9");
+    QTest::newRow("as written") << declaration + cafe << name;
+    QTest::newRow("no declaration") << cafe << name;
+    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF") + declaration + cafe << name;
+    QTest::newRow("carriage returns") << QByteArray(declaration + cafe).replace("\n", "\r\n") << name;
+    QTest::newRow("no line end") << declaration + cafe.trimmed() << name;
+    QTest::newRow("Latin 1 as declared")
+        << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<project showname=\"Caf\xE9\" />")
+        << name;
+    const QString declared16 = QString::fromUtf8(
+        "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<project showname=\"Caf\xC3\xA9\" />\n");
+    QByteArray little("\xFF\xFE");
+    QByteArray big("\xFE\xFF");
+    for (const QChar character : declared16) {
+        little += char(character.cell());
+        little += char(character.row());
+        big += char(character.row());
+        big += char(character.cell());
+    }
+    QTest::newRow("UTF-16, low byte first") << little << name;
+    QTest::newRow("UTF-16, high byte first") << big << name;
+    QTest::newRow("single quotes") << QByteArray("<project showname='Caf\xC3\xA9'/>") << name;
+    QTest::newRow("comment before") << "<!-- <project> & -->" + cafe << name;
+    QTest::newRow("document type") << "<!DOCTYPE project>" + cafe << name;
+    QTest::newRow("document type elsewhere")
+        << "<!DOCTYPE project SYSTEM \"file:///etc/hostname\">" + cafe << name;
+    QTest::newRow("escapes") << QByteArray("<project showname=\"&lt;&amp;&quot;&apos;&gt;&#233;\"/>")
+                             << QString::fromUtf8("<&\"'>\xC3\xA9");
+    QTest::newRow("bracket in a value") << QByteArray("<project showname=\"a > b /> c\"/>") << "a > b /> c";
+    QTest::newRow("text beside") << QByteArray("<project showname=\"A\">words<![CDATA[<key>]]></project>")
+                                 << "A";
+    QTest::newRow("some levels deep")
+        << QByteArray("<a>").repeated(50) + cafe + QByteArray("</a>").repeated(50) << name;
+}
+
+void TestProjectFile::readsDocuments()
+{
+    QFETCH(const QByteArray, content);
+    QFETCH(const QString, name);
+    const auto document = readProject(write(content));
+    QVERIFY(document.has_value());
+    const QList<ProjectSettings> all = projectSettings(*document);
+    QCOMPARE(all.size(), 1);
+    QCOMPARE(all.first().showName, name);
+}
+
+void TestProjectFile::refusesDocuments_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    const QByteArray whole = golden("project-pads-empty.zarvex");
+    QVERIFY(whole.size() > 1000);
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("blanks") << QByteArray(" \n\t\n");
+    QTest::newRow("declaration alone") << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+    QTest::newRow("words") << QByteArray("Save Project");
+    QTest::newRow("zeros") << QByteArray(5000, '\0');
+    QByteArray bytes;
+    for (int i = 0; i < 2048; ++i)
+        bytes += char(i * 37);
+    QTest::newRow("binary") << bytes;
+    QTest::newRow("half of it") << whole.left(whole.size() / 2);
+    QTest::newRow("last sign missing") << whole.left(whole.size() - 2);
+    QTest::newRow("end tag missing") << QByteArray(whole).replace("</project>", "");
+    QTest::newRow("other end tag") << QByteArray(whole).replace("</project>", "</projekt>");
+    QTest::newRow("cut off in the first tag") << whole.left(80);
+    QTest::newRow("two projects side by side") << QByteArray("<project/><project/>");
+    QTest::newRow("words behind") << whole + "words";
+    QTest::newRow("double quote in a name") << QByteArray(whole).replace("PAD 3\"", "PAD \"3\"\"");
+    QTest::newRow("ampersand in a name") << QByteArray(whole).replace("PAD 3\"", "PAD & 3\"");
+    QTest::newRow("bracket in a name") << QByteArray(whole).replace("PAD 3\"", "PAD < 3\"");
+    QTest::newRow("attribute without quotes") << QByteArray("<project show=s />");
+    QTest::newRow("attribute without a value") << QByteArray("<project show />");
+}
+
+void TestProjectFile::refusesDocuments()
+{
+    QFETCH(const QByteArray, content);
+    const QString path = write(content);
+    const auto document = readProject(path);
+    QVERIFY(document.has_value()); // could be opened
+    QVERIFY(projectSettings(*document).isEmpty());
+    Notebook table;
+    QList<int> ticked;
+    layOnPads(*document, table, [&ticked](int button) { ticked += button; });
+    layOnGrid(*document, table, [&ticked](int button) { ticked += button; });
+    QCOMPARE(table.notes, QStringList());
+    QCOMPARE(ticked, QList<int>());
+}
+
+void TestProjectFile::endsSoonOnBombs_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QByteArray entities = "<!DOCTYPE project [<!ENTITY a0 \"lights\">";
+    for (int i = 1; i < 40; ++i) {
+        const QByteArray last = "&a" + QByteArray::number(i - 1) + ";";
+        entities += "<!ENTITY a" + QByteArray::number(i) + " \"" + last.repeated(10) + "\">";
+    }
+    QTest::newRow("entities of entities") << entities + "]><project showname=\"&a39;\" >&a39;</project>";
+    QTest::newRow("entity of itself")
+        << QByteArray("<!DOCTYPE project [<!ENTITY a \"&a;&a;\">]><project showname=\"&a;\" >&a;</project>");
+    QTest::newRow("a million levels")
+        << QByteArray("<key>").repeated(1000000) + QByteArray("</key>").repeated(1000000);
+    QTest::newRow("a million levels, never closed") << QByteArray("<key>").repeated(1000000);
+    QTest::newRow("a million brackets") << QByteArray("<").repeated(1000000);
+    QTest::newRow("a million open comments") << QByteArray("<!--").repeated(1000000);
+    QTest::newRow("a million open quotes") << QByteArray("<a b=\"").repeated(1000000);
+}
+
+void TestProjectFile::endsSoonOnBombs()
+{
+    QFETCH(const QByteArray, content);
+    const QString path = write(content);
+    QElapsedTimer timer;
+    timer.start();
+    const auto document = readProject(path);
+    QVERIFY(document.has_value());
+    QVERIFY(projectSettings(*document).isEmpty());
+    QVERIFY(document->elementsByTagName("key").isEmpty());
+    QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void TestProjectFile::cannotBeOpened_data()
+{
+    QTest::addColumn<QString>("path");
+    const QString folder = m_folder->filePath("folder.zarvex");
+    QVERIFY(QDir().mkpath(folder));
+    const QString huge = m_folder->filePath("huge.zarvex");
+    QFile file(huge);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize((qint64(64) << 20) + 1)); // takes no room on the disk
+    QTest::newRow("no path") << QString();
+    QTest::newRow("missing file") << m_folder->filePath("missing.zarvex");
+    QTest::newRow("missing folder") << m_folder->filePath("missing/project.zarvex");
+    QTest::newRow("folder") << folder;
+    QTest::newRow("file beyond 64 MiB") << huge;
+}
+
+void TestProjectFile::cannotBeOpened()
+{
+    QFETCH(const QString, path);
+    QVERIFY(!readProject(path).has_value());
+}
+
+void TestProjectFile::pipeIsNoFile()
+{
+#ifdef Q_OS_UNIX
+    const QString path = m_folder->filePath("pipe.zarvex");
+    QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    QVERIFY(!readProject(path).has_value());
+    QVERIFY(!readProject("/dev/zero").has_value());
+#else
+    QVERIFY(!readProject("NUL").has_value());
+#endif
+}
+
+void TestProjectFile::readsHundredsOfThousandsOfKeys()
+{
+    QByteArray content = "<project type=\"pads\" show=\"s\" >\n";
+    constexpr int Keys = 200000;
+    for (int i = 0; i < Keys; ++i)
+        content +=
+            "\t"
+            + keyAt(QByteArray::number(i % 64), QByteArray::number(i % 2), "Key " + QByteArray::number(i))
+            + "\n";
+    content += "</project>\n";
+    QVERIFY(content.size() > 20 << 20);
+    const QString path = write(content);
+
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    int ticks = 0;
+    QElapsedTimer timer;
+    timer.start();
+    const auto document = readProject(path);
+    QVERIFY(document.has_value());
+    QCOMPARE(projectSettings(*document).size(), 1);
+    layOnPads(*document, pads, [&ticks](int) { ++ticks; });
+    QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(ticks, Keys);
+    QCOMPARE(pads.index(63, 1).data(Qt::EditRole).toString(), "Key " + QString::number(Keys - 1));
+}
+
+void TestProjectFile::thousandRoundTrips_data()
+{
+    QTest::addColumn<bool>("isMidi");
+    QTest::newRow("pads") << false;
+    QTest::newRow("midi") << true;
+}
+
+void TestProjectFile::thousandRoundTrips()
+{
+    QFETCH(const bool, isMidi);
+    QRandomGenerator random = seeded(isMidi ? 64 : 144);
+    for (int round = 0; round < 1000; ++round) {
+        QByteArray first;
+        QByteArray second;
+        if (isMidi) {
+            Controller grid;
+            QVERIFY(fillWithEmptyKeys(grid));
+            fillAtRandom(grid, true, random);
+            const QList<int> key = {random.bounded(-1, 12), random.bounded(-1, 12)};
+            first =
+                written(MidiProject{anyText(random), anyText(random), anyText(random), key,
+                                    random.bounded(-1, 16), random.bounded(-1, 16), anyText(random), grid});
+            second = rewritten<Controller>(write(first), &layOnGrid, true);
+        } else {
+            VDJModel pads;
+            QVERIFY(fillWithEmptyPads(pads));
+            fillAtRandom(pads, false, random);
+            first = written(PadsProject{anyText(random), anyText(random), anyText(random),
+                                        random.bounded(2) == 1, anyBanks(random), pads});
+            second = rewritten<VDJModel>(write(first), &layOnPads, false);
+        }
+        QVERIFY2(first == second,
+                 qPrintable("round " + QString::number(round) + ", " + difference(second, first)));
+    }
+}
+
+void TestProjectFile::everyCharacterSurvives_data()
+{
+    QTest::addColumn<uint>("first");
+    QTest::addColumn<uint>("last");
+    QTest::newRow("control characters, tab and line feed") << 1U << 0x1FU;
+    QTest::newRow("ASCII") << 0x20U << 0x7FU;
+    QTest::newRow("below the surrogates") << 0x80U << 0xD7FFU;
+    QTest::newRow("above the surrogates") << 0xE000U << 0xFFFDU;
+    QTest::newRow("emoji") << 0x1F300U << 0x1FAFFU;
+}
+
+void TestProjectFile::everyCharacterSurvives()
+{
+    QFETCH(const uint, first);
+    QFETCH(const uint, last);
+    // Those that end a value, and a carriage return, which reading in text mode leaves out.
+    static const QList<uint> unsafe = {'\r', '"', '&', '<'};
+    QString name;
+    for (uint character = first; character <= last; ++character) {
+        if (!unsafe.contains(character))
+            name += QString::fromUcs4(&character, 1);
+    }
+    const QStandardItemModel table(1, 1);
+    const auto document = readProject(write(written(PadsProject{"s", name, "e", false, {}, table})));
+    QVERIFY(document.has_value());
+    QCOMPARE(projectSettings(*document).value(0).showName, name);
+}
+
+void TestProjectFile::unsafeNamesBreakTheFile_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("double quote") << "the \"loud\" one";
+    QTest::newRow("double quote at the end") << "12\"";
+    QTest::newRow("ampersand") << "Drum & Bass";
+    QTest::newRow("ampersand within a word") << "R&B";
+    QTest::newRow("opening bracket") << "a < b";
+    QTest::newRow("tag") << "<b>";
+    QTest::newRow("comment") << "<!-- x -->";
+}
+
+void TestProjectFile::unsafeNamesBreakTheFile()
+{
+    QFETCH(const QString, name);
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    const QStringList plain = defaultBanks();
+    const QList<QByteArray> files = {
+        written(PadsProject{name, "n", "e", false, plain, pads}),
+        written(PadsProject{"s", name, "e", false, plain, pads}),
+        written(PadsProject{"s", "n", name, false, plain, pads}),
+        written(PadsProject{"s", "n", "e", false, {name}, pads}),
+        written(MidiProject{name, "s", "n", {-1, -1}, 0, 0, "e", pads}),
+    };
+    QVERIFY(set(pads, 5, 1, {Qt::EditRole}, {name}));
+    for (const QByteArray &file :
+         files + QList<QByteArray>{written(PadsProject{"s", "n", "e", false, plain, pads})}) {
+        const auto document = readProject(write(file));
+        QVERIFY(document.has_value());
+        QVERIFY(projectSettings(*document).isEmpty());
+        QVERIFY(document->elementsByTagName("key").isEmpty());
+    }
+}
+
+void TestProjectFile::bankWithCommaBecomesTwo()
+{
+    const QStandardItemModel table(1, 1);
+    const QStringList banks = {"Intro", "Verse, slow", "C", "D", "E", "F", "G", "H"};
+    const auto document = readProject(write(written(PadsProject{"s", "n", "e", false, banks, table})));
+    QVERIFY(document.has_value());
+    QCOMPARE(projectSettings(*document).value(0).banks,
+             QStringList({"Intro", "Verse", " slow", "C", "D", "E", "F", "G", "H"}));
+}
+
+QTEST_MAIN(TestProjectFile)
+#include "test_projectfile.moc"
