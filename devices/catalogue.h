@@ -22,7 +22,9 @@ struct CatalogueEntry
  *
  * @param folder  path of a folder of layout and mapper files, with no slash at the end; every "layout"
  *                element of an XML file in it gives one entry
- * @return        the entries; a file that cannot be read or is not well-formed has none
+ * @return        the entries; a file that cannot be read or is not well-formed has none. What the program
+ *                brings along, in folders that begin with ":/", is trusted: of a file there the first layout
+ *                counts, the rest is not read, and files named "... mapping.xml" are passed over.
  */
 QList<CatalogueEntry> readCatalogue(const QString &folder);
 

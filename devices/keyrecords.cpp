@@ -62,7 +62,7 @@ QList<Record> readPads(const QDomDocument &layout, const Scripts &scripts)
 QList<Record> readButtons(const QDomDocument &layout, const Scripts &scripts)
 {
     QList<Record> records;
-    bool isLedMapped = false; // by this button or one before it
+    bool anyLedMapped = false; // not for each button anew: mappers have been built on it
     const QDomNodeList buttons = layout.elementsByTagName("button");
     for (int i = 0; i < buttons.size(); ++i) {
         const QDomElement button = buttons.at(i).toElement();
@@ -70,10 +70,10 @@ QList<Record> readButtons(const QDomDocument &layout, const Scripts &scripts)
         const QString colorLed = button.attribute("colorled");
         const bool hasColorLed = !colorLed.isEmpty();
         const QString led = (hasColorLed ? colorLed : button.attribute("led")) + record.value("value");
-        isLedMapped = isLedMapped || scripts.contains(led);
+        anyLedMapped = anyLedMapped || scripts.contains(led);
         record.insert("led", led);
         record.insert("ledtype", hasColorLed ? "color" : "led");
-        record.insert("ledaction", isLedMapped ? unwrapScript(scripts.value(led)) : record.value("action"));
+        record.insert("ledaction", anyLedMapped ? unwrapScript(scripts.value(led)) : record.value("action"));
         records.append(record);
     }
     return records;

@@ -1,5 +1,6 @@
 #include "devices/xmlfile.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QStringView>
 #include <QTextCodec>
@@ -10,14 +11,23 @@ namespace {
 // A document is taken down by recursion, one call within the other for each level.
 constexpr int DeepestElement = 100;
 
+QTextCodec *codecOf(const QByteArray &bytes)
+{
+    if (QTextCodec *marked = QTextCodec::codecForUtfText(bytes, nullptr))
+        return marked;
+    if (bytes.startsWith(QByteArray("<\0", 2)))
+        return QTextCodec::codecForName("UTF-16LE");
+    if (bytes.startsWith(QByteArray("\0<", 2)))
+        return QTextCodec::codecForName("UTF-16BE");
+    QXmlStreamReader xml(bytes);
+    xml.readNext();
+    return QTextCodec::codecForName(xml.documentEncoding().toLatin1());
+}
+
+/** Decoded here and not by the parser, so that it sees the same text that was looked over. */
 QString decoded(const QByteArray &bytes)
 {
-    QTextCodec *codec = QTextCodec::codecForUtfText(bytes, nullptr);
-    if (!codec) {
-        QXmlStreamReader xml(bytes);
-        xml.readNext();
-        codec = QTextCodec::codecForName(xml.documentEncoding().toLatin1());
-    }
+    QTextCodec *codec = codecOf(bytes);
     return codec ? codec->toUnicode(bytes) : QString::fromUtf8(bytes);
 }
 
@@ -28,8 +38,8 @@ qsizetype behind(QStringView text, QLatin1String mark, qsizetype from)
     return position < 0 ? text.size() : position + mark.size();
 }
 
-/** Position of the bracket that closes a start tag; the end of the text where there is none. */
-qsizetype endOfTag(QStringView text, qsizetype from)
+/** Position of the bracket that closes a tag or declaration; the end of the text where there is none. */
+qsizetype endOfMarkup(QStringView text, qsizetype from)
 {
     QChar quote;
     for (qsizetype i = from; i < text.size(); ++i) {
@@ -63,7 +73,7 @@ bool isHarmless(QStringView text)
         } else if (markup.startsWith(QLatin1String("<?"))) {
             at = behind(text, QLatin1String("?>"), at);
         } else if (markup.startsWith(QLatin1String("<!"))) {
-            const auto end = behind(text, QLatin1String(">"), at);
+            const auto end = endOfMarkup(text, at);
             if (holdsDeclarations(text.mid(at, end - at)))
                 return false;
             at = end;
@@ -71,7 +81,7 @@ bool isHarmless(QStringView text)
             --depth;
             ++at;
         } else {
-            at = endOfTag(text, at);
+            at = endOfMarkup(text, at);
             if (text.at(at - 1) != '/' && ++depth > DeepestElement)
                 return false;
         }

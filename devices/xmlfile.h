@@ -5,7 +5,7 @@
 
 #include <optional>
 
-/** Size in bytes above which a layout or a mapper is not read; the largest of VirtualDJ's have a tenth. */
+/** Size in bytes above which a layout or a mapper is not read; our own largest has an eighth of a megabyte. */
 constexpr qint64 LongestMapper = 4 << 20;
 
 /**
@@ -21,9 +21,9 @@ std::optional<QByteArray> readFile(const QString &path, qint64 longest, QIODevic
 /**
  * Parses an XML document that may hold anything.
  *
- * @param bytes  read as UTF-8 unless a byte order mark or the declaration says otherwise
+ * @param bytes  read as UTF-8 unless a byte order mark or, without one, the declaration says otherwise
  * @return       the document; empty where it is not well-formed, and where taking it in could take minutes or
- *               the stack, as with declared entities or elements a hundred deep
+ *               the stack, as with declared entities or elements more than a hundred deep
  */
 QDomDocument parseXml(const QByteArray &bytes);
 
