@@ -8,11 +8,14 @@
 #include <QPoint>
 #include <QStringList>
 
+#include <functional>
+
 class Controller;
 class Mydelegate;
 class MyModel;
 class QAbstractItemModel;
 class QMenu;
+class QTextStream;
 class Ui_MainWindow;
 class VDJModel;
 struct ProjectSettings;
@@ -162,6 +165,8 @@ private:
     void markAsSwitch(const QModelIndex &key);
     void showBankRows(int bank);
 
+    bool exportTo(const QString &path, const QString &existsText,
+                  const std::function<void(QTextStream &)> &write);
     void applySettings(const ProjectSettings &settings);
     void showGridOutput();
     void showPadsOutput(bool has16Pads);

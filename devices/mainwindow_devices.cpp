@@ -3,6 +3,7 @@
 #include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
 #include "devices/catalogue.h"
+#include "devices/device.h"
 #include "devices/grid.h"
 #include "devices/keyrecords.h"
 #include "tables/assignments.h"
@@ -103,13 +104,13 @@ void MainWindow::updatemidicombo(int index)
     }
     setTallRows(*ui->mididevices);
 
-    const bool isRgb = device.value("fullrgb") == "true";
+    const bool isRgb = Device::isRgb(device);
     setShown(*ui->groupBox_colors, !isRgb);
     ui->label_10->setText(isRgb ? "Colors : Device has RGB Leds." : "Default Colors");
     if (isRgb)
         return;
 
-    const QStringList colors = device.isEmpty() ? QStringList() : device.value("colors").split(",");
+    const QStringList colors = Device::palette(device);
     fillWithColors(*ui->combo_offcolor, colors);
     fillWithColors(*ui->combo_oncolor, colors);
     ui->combo_offcolor->setCurrentIndex(device.value("off").toInt());

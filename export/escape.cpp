@@ -1,5 +1,7 @@
 #include "export/escape.h"
 
+#include "export/script.h"
+
 #include <QStringView>
 
 namespace {
@@ -29,8 +31,8 @@ QString escapeScript(QString text)
 
 QString unwrapScript(const QString &script)
 {
-    const QLatin1String toggle("toggle &apos;$os2l&apos;");
-    const QLatin1String condition("var &apos;$os2l&apos;");
+    static const QString toggle = Script::toggleLights();
+    static const QString condition = Script::lightsHaveKeys();
     // Escaping makes a text longer, never shorter, so a beginning as long as these tells.
     if (script.size() <= toggle.size() && escapeScript(script) == toggle)
         return {};

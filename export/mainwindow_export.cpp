@@ -2,6 +2,7 @@
 
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
+#include "devices/device.h"
 #include "export/escape.h"
 #include "export/mapping.h"
 #include "export/padspage.h"
@@ -14,17 +15,26 @@
 bool MainWindow::exportpage()
 {
     const QString name = ui->padsname->text();
-    QFile file(padspath + "/" + name + ".xml");
-    if (file.exists() && !MessageBox::confirmOverwrite(msgstyle, "Pads Page " + name + " already exists."))
+    const PadsPage page = {name, banklist, ui->radioButton_16pads->isChecked() ? 16 : 8, *vdjmodel};
+    if (!exportTo(padspath + "/" + name + ".xml", "Pads Page " + name + " already exists.",
+                  [&page](QTextStream &out) { writePadsPage(out, page); }))
         return false;
-
-    // The notice comes even where nothing could be written.
-    if (file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        QTextStream out(&file);
-        writePadsPage(out, {name, banklist, ui->radioButton_16pads->isChecked() ? 16 : 8, *vdjmodel});
-    }
     MessageBox::notice(msgstyle, "Pads Page " + name + " is created.",
                        "Select it from VirtualDJ Pads dropdown");
+    return true;
+}
+
+bool MainWindow::exportTo(const QString &path, const QString &existsText,
+                          const std::function<void(QTextStream &)> &write)
+{
+    QFile file(path);
+    if (file.exists() && !MessageBox::confirmOverwrite(msgstyle, existsText))
+        return false;
+    // The user is told that the file is created even where it cannot be opened.
+    if (file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+        QTextStream out(&file);
+        write(out);
+    }
     return true;
 }
 
@@ -38,24 +48,23 @@ bool MainWindow::exportmapping()
     const Record device = devicelist.value(ui->devicescombo->currentIndex());
     const int mapperRow = ui->mididevices->currentIndex();
     const Record mapper = mapperlist.value(getmapperid(device.value("device"), mapperRow));
+    getkeynames(device.value("path"), mapper.value("path"));
+
+    const QStringList palette = Device::palette(device);
+    ControllerMapping mapping = {device, keylist, *controllermodel};
+    mapping.switchRow = switchkey.value(0, -1);
+    mapping.switchColumn = switchkey.value(1, -1);
+    mapping.defaultOff = palette.value(ui->combo_offcolor->currentIndex());
+    mapping.defaultOn = palette.value(ui->combo_oncolor->currentIndex());
+    mapping.isSimple = mapperRow <= 0;
+    mapping.date = QDate::currentDate();
+
     const QString deviceName = device.value("name");
     const QString name = ui->padsname->text();
     const QString fileName = deviceName + " - " + name + " mapping";
-    getkeynames(device.value("path"), mapper.value("path"));
-
-    QFile file(mapperpath + "/" + fileName + ".xml");
-    if (file.exists() && !MessageBox::confirmOverwrite(msgstyle, fileName + " already exists."))
+    if (!exportTo(mapperpath + "/" + fileName + ".xml", fileName + " already exists.",
+                  [&mapping](QTextStream &out) { writeMapping(out, mapping); }))
         return false;
-
-    // The notice comes even where nothing could be written.
-    if (file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        const QStringList palette = device.value("colors").split(",");
-        QTextStream out(&file);
-        writeMapping(out, {device, keylist, *controllermodel, switchkey.value(0, -1), switchkey.value(1, -1),
-                           palette.value(ui->combo_offcolor->currentIndex()),
-                           palette.value(ui->combo_oncolor->currentIndex()), mapperRow <= 0,
-                           QDate::currentDate()});
-    }
     MessageBox::notice(msgstyle, "Mapping " + name + " for " + deviceName + " is created.",
                        "Select it from Controllers tab of VirtualDJ Settings.");
     return true;

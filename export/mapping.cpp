@@ -1,5 +1,6 @@
 #include "export/mapping.h"
 
+#include "devices/device.h"
 #include "export/escape.h"
 #include "export/script.h"
 #include "tables/roles.h"
@@ -10,8 +11,6 @@
 using namespace Script;
 
 namespace {
-
-const QLatin1String Nothing("nothing");
 
 /** A key or another control of the device, with its cell of the grid. */
 struct Key
@@ -26,8 +25,8 @@ struct Key
     QModelIndex cell;
 };
 
-/** What a LED shows, or the halves of what it shows, lit and at rest. */
-struct Colors
+/** Scripts of a LED while its Live Button is on, and while it is off. */
+struct LedScripts
 {
     QString on;
     QString off;
@@ -54,14 +53,10 @@ QString textOf(const QModelIndex &cell, int role)
     return cell.data(role).toString();
 }
 
-QString eitherOf(const Colors &colors)
+/** The second half of a condition. */
+QString eitherOf(const LedScripts &led)
 {
-    return colors.on + " : " + colors.off;
-}
-
-bool isRgb(const ControllerMapping &mapping)
-{
-    return mapping.device.value("fullrgb") == "true";
+    return led.on + " : " + led.off;
 }
 
 bool isSwitch(const ControllerMapping &mapping, const Key &key)
@@ -70,21 +65,16 @@ bool isSwitch(const ControllerMapping &mapping, const Key &key)
            && key.cell.column() == mapping.switchColumn;
 }
 
-QString lightsVariable()
-{
-    return "var " + quoted("$os2l");
-}
-
 /** What a control does: for the lights alone, or for them first and its own script, if any, otherwise. */
 QString forLights(const ControllerMapping &mapping, const QString &lights, const QString &own)
 {
     if (mapping.isSimple)
         return lights;
-    return own.isEmpty() ? ifElse(lightsVariable(), lights) : ifElse(lightsVariable(), lights, own);
+    return own.isEmpty() ? ifElse(lightsHaveKeys(), lights) : ifElse(lightsHaveKeys(), lights, own);
 }
 
 /** Colours of a pad of a palette device: its own, else the device's. */
-Colors paletteColors(const ControllerMapping &mapping, const QModelIndex &cell)
+LedScripts paletteColors(const ControllerMapping &mapping, const QModelIndex &cell)
 {
     const QString on = textOf(cell, OnColorRole);
     const QString off = textOf(cell, OffColorRole);
@@ -92,17 +82,17 @@ Colors paletteColors(const ControllerMapping &mapping, const QModelIndex &cell)
 }
 
 /** Colours of a key with any colour: its Live Button's, dimmed at rest. */
-Colors dimmedColors(const QModelIndex &cell, const QString &brightness)
+LedScripts dimmedColors(const QModelIndex &cell, const QString &brightness)
 {
     const QString name = textOf(cell, Qt::DecorationRole);
     return {color(name), color(brightness, name)};
 }
 
-Colors padColors(const ControllerMapping &mapping, const QModelIndex &cell)
+LedScripts padColors(const ControllerMapping &mapping, const QModelIndex &cell)
 {
-    if (!isRgb(mapping))
+    if (!Device::isRgb(mapping.device))
         return paletteColors(mapping, cell);
-    Colors colors = dimmedColors(cell, "40%");
+    LedScripts colors = dimmedColors(cell, "40%");
     if (const QString on = textOf(cell, OnColorRole); !on.isEmpty())
         colors.on = color(on);
     if (const QString off = textOf(cell, OffColorRole); !off.isEmpty())
@@ -110,11 +100,11 @@ Colors padColors(const ControllerMapping &mapping, const QModelIndex &cell)
     return colors;
 }
 
-Colors buttonColors(const ControllerMapping &mapping, const Key &key)
+LedScripts buttonColors(const ControllerMapping &mapping, const Key &key)
 {
     if (!key.hasColorLed)
         return {"on", "off"};
-    if (isRgb(mapping))
+    if (Device::isRgb(mapping.device))
         return dimmedColors(key.cell, "30%");
     return {color(mapping.defaultOn), color(mapping.defaultOff)};
 }
@@ -124,7 +114,7 @@ QString litOrNot(const ControllerMapping &mapping, const Key &key)
 {
     if (key.type == "button") // obeys no colours and no blink of its cell
         return eitherOf(buttonColors(mapping, key));
-    const Colors colors = padColors(mapping, key.cell);
+    const LedScripts colors = padColors(mapping, key.cell);
     const QString either = eitherOf(colors);
     return textOf(key.cell, BlinkRole) == "1" ? ifElse("blink", either, colors.off) : either;
 }
@@ -132,9 +122,10 @@ QString litOrNot(const ControllerMapping &mapping, const Key &key)
 QString switchLed(const ControllerMapping &mapping, const Key &key)
 {
     if (key.type == "button")
-        return lightsVariable();
-    return ifElse(lightsVariable(), eitherOf(isRgb(mapping) ? dimmedColors(key.cell, "30%")
-                                                            : paletteColors(mapping, key.cell)));
+        return lightsHaveKeys();
+    return ifElse(lightsHaveKeys(),
+                  eitherOf(Device::isRgb(mapping.device) ? dimmedColors(key.cell, "30%")
+                                                         : paletteColors(mapping, key.cell)));
 }
 
 /** LED of a key that does nothing for the lights. That the key has a script decides, not that the LED has. */
@@ -143,8 +134,8 @@ QString darkLed(const ControllerMapping &mapping, const Key &key)
     const QString dark = key.type == "pad" ? color("black") : QString("off");
     if (mapping.isSimple)
         return dark;
-    return key.script.isEmpty() ? ifElse(lightsVariable(), dark)
-                                : ifElse(lightsVariable(), dark, key.ledScript);
+    return key.script.isEmpty() ? ifElse(lightsHaveKeys(), dark)
+                                : ifElse(lightsHaveKeys(), dark, key.ledScript);
 }
 
 void writeRow(QTextStream &out, const QString &name, const QString &script)
@@ -160,7 +151,7 @@ void writeKeyAndLed(QTextStream &out, const ControllerMapping &mapping, const Ke
         writeRow(out, key.name, forLights(mapping, button, key.script));
         writeRow(out, key.led, forLights(mapping, ifElse(button, litOrNot(mapping, key)), key.ledScript));
     } else if (isSwitch(mapping, key)) {
-        writeRow(out, key.name, "toggle " + quoted("$os2l"));
+        writeRow(out, key.name, toggleLights());
         writeRow(out, key.led, switchLed(mapping, key));
     } else {
         writeRow(out, key.name, forLights(mapping, Nothing, key.script));

@@ -24,7 +24,7 @@ struct PadClauses
 
 QString whenBank(int number, const QString &script)
 {
-    return "var " + quoted("dmxbank") + " " + QString::number(number) + " ? " + script;
+    return ifElse(var("dmxbank") + " " + QString::number(number), script);
 }
 
 QString getText(const QString &text)
@@ -78,7 +78,7 @@ PadClauses clausesOf(const QAbstractItemModel &pads, const QVector<int> &banks, 
         } else if (page == 0) {
             clauses.texts += whenBank(number, getText({}));
             clauses.colors += whenBank(number, color("transparent"));
-            clauses.actions += whenBank(number, "nothing");
+            clauses.actions += whenBank(number, Nothing);
         }
     }
     return clauses;

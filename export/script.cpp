@@ -5,6 +5,11 @@ QString Script::quoted(const QString &text)
     return "&apos;" + text + "&apos;";
 }
 
+QString Script::var(const QString &name)
+{
+    return "var " + quoted(name);
+}
+
 QString Script::ifElse(const QString &condition, const QString &then)
 {
     return condition + " ? " + then;
@@ -28,4 +33,14 @@ QString Script::color(const QString &brightness, const QString &name)
 QString Script::os2lButton(const QString &name)
 {
     return "os2l_button " + quoted(name);
+}
+
+QString Script::lightsHaveKeys()
+{
+    return var("$os2l");
+}
+
+QString Script::toggleLights()
+{
+    return "toggle " + quoted("$os2l");
 }

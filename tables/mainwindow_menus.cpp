@@ -2,12 +2,16 @@
 
 #include "app/stylesheets.h"
 #include "app/ui_mainwindow.h"
+#include "devices/device.h"
 #include "tables/assignments.h"
 #include "tables/controller.h"
 #include "tables/roles.h"
 
 #include <QColorDialog>
+#include <QIcon>
+#include <QItemSelectionModel>
 #include <QMenu>
+#include <QPixmap>
 
 namespace {
 
@@ -42,14 +46,9 @@ QString entryText(const QString &text, bool isCurrent)
     return (isCurrent ? QStringLiteral("✔") : QStringLiteral(" ")) + text;
 }
 
-QStringList paletteOf(const Record &device)
-{
-    return device.value("colors").split(",");
-}
-
 QString defaultColor(const Record &device, const QString &position)
 {
-    return paletteOf(device).value(device.value(position).toInt());
+    return Device::palette(device).value(device.value(position).toInt());
 }
 
 } // namespace
@@ -110,7 +109,7 @@ void MainWindow::addColorEntries(QMenu &menu, int role, void (MainWindow::*choos
         connect(menu.addAction(swatch(current), "Select ..."), &QAction::triggered, this, ask);
         return;
     }
-    const QStringList palette = paletteOf(device);
+    const QStringList palette = Device::palette(device);
     for (int i = 0; i < palette.size(); ++i) {
         const QString &color = palette.at(i);
         addChoice(color, color == current, i + 1)->setIcon(swatch(color));
@@ -125,8 +124,8 @@ void MainWindow::setOnSelectedKeys(const QVariant &value, int role)
 
 void MainWindow::setPaletteColor(int choice, int role)
 {
-    setOnSelectedKeys(choice == 0 ? QString() : paletteOf(devicelist.value(deviceindex)).value(choice - 1),
-                      role);
+    const QStringList palette = Device::palette(devicelist.value(deviceindex));
+    setOnSelectedKeys(choice > 0 ? palette.value(choice - 1) : QString(), role);
 }
 
 void MainWindow::askForColor(int role)
@@ -189,7 +188,7 @@ void MainWindow::ontoggleaction_triggered()
     if (old != clicked)
         markAsSwitch(menuindex);
 
-    // The grid is drawn again at once.
+    // The model tells no view of a change; with the focus the grid is painted anew.
     ui->dmxlistview->setFocus(Qt::OtherFocusReason);
     ui->tablecontroller->setFocus(Qt::OtherFocusReason);
 }
