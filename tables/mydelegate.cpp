@@ -1,16 +1,19 @@
 #include "tables/mydelegate.h"
 
+#include "devices/grid.h"
 #include "tables/roles.h"
 
 #include <QPainter>
 
 namespace {
 
+/** Three corners are no keys of any device; the first one obeys its availability, as it always has. */
 bool isPlain(const QModelIndex &index)
 {
-    const bool isBandEnd = (index.row() == 0 && index.column() == 11)
-                           || (index.row() == 11 && (index.column() == 0 || index.column() == 11));
-    return isBandEnd || index.data(AvailableRole).toString() == QLatin1String("0");
+    constexpr int Last = Grid::Size - 1;
+    const bool isCorner = (index.row() == 0 && index.column() == Last)
+                          || (index.row() == Last && (index.column() == 0 || index.column() == Last));
+    return isCorner || index.data(AvailableRole).toString() == QLatin1String("0");
 }
 
 QColor backgroundOf(QStyle::State state)
