@@ -756,7 +756,8 @@ void TestDevicePage::noDeviceIsHarmless()
         QCOMPARE(space.leftOnGrid(), QString());
         QCOMPARE(space.keys(), NoBands);
     } else if (act == "export") {
-        space.dialogs.tolerate("Mapping OS2L DMX for  is created.");
+        space.dialogs.expect(ExpectedDialogs::Box{"Mapping OS2L DMX for  is created.",
+                                                  "Select it from Controllers tab of VirtualDJ Settings."});
         space.trigger("actionExport");
     } else if (act == "colours") {
         QCOMPARE(space.ask<QString>("getdeviceoffcolor", -1), QString());

@@ -204,9 +204,11 @@ void TestLoadShow::answers()
     const QString next = space.writeShow("Next", Workspace::iniWith({2}));
 
     space.dialogs.expect(question(answer));
-    if (answer == QMessageBox::Save)
+    if (answer == QMessageBox::Save) {
         space.dialogs.expect(File{"Save your Zarvex Project", space.documents() + "/Zarvex/projects",
                                   space.home() + "/a.zarvex"});
+        space.dialogs.expect(Box{"Project a is saved.", {}});
+    }
     if (loads)
         space.dialogs.expect(folderDialog(space, next));
     QVERIFY(space.click("loadini"));
