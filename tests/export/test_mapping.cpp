@@ -1,0 +1,1127 @@
+#include "devices/catalogue.h"
+#include "devices/keyrecords.h"
+#include "export/mapping.h"
+#include "tables/controller.h"
+#include "tables/roles.h"
+
+#include <QBuffer>
+#include <QRegularExpression>
+#include <QTextCodec>
+#include <QTextStream>
+#include <QtTest>
+
+namespace {
+
+/** A cell of the key grid, by default one that has a Live Button. */
+struct Cell
+{
+    int row;
+    int col;
+    QString button;
+    QString color;
+    QString on;
+    QString off;
+    QString blink = "0";
+    QString id = "0";
+};
+
+using Cells = QList<Cell>;
+using Keys = QList<Record>;
+
+/** All that a mapper is made from, with the cells that differ from cells at rest. */
+struct Scene
+{
+    Keys keys;
+    Cells cells;
+    bool isSimple = true;
+    QString fullrgb = "true";
+    int switchRow = -1;
+    int switchColumn = -1;
+    QString defaultOn = "red";
+    QString defaultOff = "blue";
+};
+
+const bool Simple = true;
+const bool Wrapped = false;
+
+bool put(QAbstractItemModel &grid, const Cell &cell)
+{
+    const QModelIndex index = grid.index(cell.row, cell.col);
+    return grid.setData(index, cell.button, DisplayNameRole) && grid.setData(index, cell.id, ButtonRole)
+           && grid.setData(index, cell.color, Qt::DecorationRole) && grid.setData(index, cell.on, OnColorRole)
+           && grid.setData(index, cell.off, OffColorRole) && grid.setData(index, cell.blink, BlinkRole);
+}
+
+/** Fills a grid of 12 rows; the given cells over cells at rest. */
+bool fill(QAbstractItemModel &grid, const Cells &cells)
+{
+    if (!grid.insertRows(0, 12))
+        return false;
+    for (const Cell &cell : cells) {
+        if (!put(grid, cell))
+            return false;
+    }
+    return true;
+}
+
+const QDate Date(2026, 3, 5);
+
+ControllerMapping mappingOf(const Scene &scene, const QAbstractItemModel &grid)
+{
+    return {{{"device", "PADBOX"}, {"name", "Pad Box"}, {"fullrgb", scene.fullrgb}},
+            scene.keys,
+            grid,
+            scene.switchRow,
+            scene.switchColumn,
+            scene.defaultOff,
+            scene.defaultOn,
+            scene.isSimple,
+            Date};
+}
+
+QByteArray written(const ControllerMapping &mapping)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly))
+        return "no buffer";
+    QTextStream out(&buffer);
+    out.setCodec("UTF-8");
+    writeMapping(out, mapping);
+    out.flush();
+    return bytes;
+}
+
+/** Where two files first differ, for a person; empty where they do not. */
+QString difference(const QByteArray &actual, const QByteArray &expected)
+{
+    if (actual == expected)
+        return {};
+    const QByteArrayList lines = actual.split('\n');
+    const QByteArrayList wanted = expected.split('\n');
+    int line = 0;
+    while (line < lines.size() && line < wanted.size() && lines.at(line) == wanted.at(line))
+        ++line;
+    return QString("line %1\n  is [%2]\n  not [%3]")
+        .arg(QString::number(line + 1), QString::fromUtf8(lines.value(line)),
+             QString::fromUtf8(wanted.value(line)));
+}
+
+/** A file of the given lines between those that every mapper of the scenes has. */
+QByteArray fileOf(const QStringList &lines)
+{
+    QString file = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                   "<mapper device=\"PADBOX\" author=\"Zarvex\" version=\"840\" date=\"5-3-2026\">\n";
+    for (const QString &line : lines)
+        file += line + "\n";
+    return (file + "</mapper>\n").toUtf8();
+}
+
+QString line(const QString &name, const QString &script)
+{
+    return "\t<map value=\"" + name + "\" action=\"" + script + "\"/>";
+}
+
+/** The lines of one key. */
+QStringList lines(const QString &script, const QString &ledScript)
+{
+    return {line("KEY", script), line("LED_KEY", ledScript)};
+}
+
+/** A pad of the cell in row 2, column 2, unless told otherwise. */
+Record pad(const QString &action = {}, const QString &ledAction = {}, const QString &row = "2",
+           const QString &col = "2")
+{
+    return {{"type", "pad"},          {"value", "KEY"}, {"led", "LED_KEY"}, {"action", action},
+            {"ledaction", ledAction}, {"row", row},     {"col", col}};
+}
+
+Record button(const QString &ledtype, const QString &action = {}, const QString &ledAction = {})
+{
+    Record key = pad(action, ledAction);
+    key["type"] = "button";
+    key["ledtype"] = ledtype;
+    return key;
+}
+
+/** A key without LED. */
+Record control(const QString &type, const QString &action = {}, const QString &col = {})
+{
+    return {{"type", type}, {"value", "KEY"}, {"action", action}, {"row", ""}, {"col", col}};
+}
+
+Record with(Record key, const QString &name, const QString &value)
+{
+    key[name] = value;
+    return key;
+}
+
+/** What stands for a word of a mapper line, and when; the first row whose conditions all hold counts. */
+struct Rule
+{
+    const char *word;
+    const char *conditions;
+    const char *text;
+};
+
+/** A single quote is "&apos;" in the file; capitals and colour names are words of their own. */
+constexpr Rule Rules[] = {
+    // Keys with a Live Button.
+    {"KEY LINE", "pad or button, assigned, simple", "os2l_button 'B'"},
+    {"KEY LINE", "pad or button, assigned, wrapped, A not empty", "var '$os2l' ? os2l_button 'B' : A"},
+    {"KEY LINE", "pad or button, assigned, wrapped, A empty", "var '$os2l' ? os2l_button 'B'"},
+
+    {"LED LINE", "pad or button, assigned, simple", "os2l_button 'B' ? S"},
+    {"LED LINE", "pad or button, assigned, wrapped, LA not empty", "var '$os2l' ? os2l_button 'B' ? S : LA"},
+    {"LED LINE", "pad or button, assigned, wrapped, LA empty", "var '$os2l' ? os2l_button 'B' ? S"},
+
+    {"S", "pad, blink", "blink ? ON : OFF : OFF"},
+    {"S", "pad, no blink", "ON : OFF"},
+
+    {"ON", "fullrgb, coloron not empty", "color 'coloron'"},
+    {"ON", "fullrgb, coloron empty", "color 'C'"},
+    {"ON", "no fullrgb", "color 'X'"},
+    {"OFF", "fullrgb, coloroff not empty", "color 'coloroff'"},
+    {"OFF", "fullrgb, coloroff empty", "color 40% 'C'"},
+    {"OFF", "no fullrgb", "color 'Y'"},
+
+    {"X", "coloron not empty", "coloron"},
+    {"X", "coloron empty", "defon"},
+    {"Y", "coloroff not empty", "coloroff"},
+    {"Y", "coloroff empty", "defoff"},
+
+    {"S", "button, simple LED", "on : off"},
+    {"S", "button, colour LED, fullrgb", "color 'C' : color 30% 'C'"},
+    {"S", "button, colour LED, no fullrgb", "color 'defon' : color 'defoff'"},
+
+    // Keys without a Live Button.
+    {"KEY LINE", "pad or button, free, simple", "nothing"},
+    {"KEY LINE", "pad or button, free, wrapped, Switch", "toggle '$os2l'"},
+    {"KEY LINE", "pad or button, free, wrapped, A not empty", "var '$os2l' ? nothing : A"},
+    {"KEY LINE", "pad or button, free, wrapped, A empty", "var '$os2l' ? nothing"},
+
+    {"LED LINE", "pad, free, simple", "color 'black'"},
+    {"LED LINE", "pad, free, wrapped, Switch", "var '$os2l' ? T"},
+    {"LED LINE", "pad, free, wrapped, A not empty", "var '$os2l' ? color 'black' : LA"},
+    {"LED LINE", "pad, free, wrapped, A empty", "var '$os2l' ? color 'black'"},
+
+    {"LED LINE", "button, free, simple", "off"},
+    {"LED LINE", "button, free, wrapped, Switch", "var '$os2l'"},
+    {"LED LINE", "button, free, wrapped, A not empty", "var '$os2l' ? off : LA"},
+    {"LED LINE", "button, free, wrapped, A empty", "var '$os2l' ? off"},
+
+    {"T", "fullrgb", "color 'C' : color 30% 'C'"},
+    {"T", "no fullrgb", "color 'X' : color 'Y'"},
+
+    // Controls without LED.
+    {"KEY LINE", "slider, simple", "os2l_cmd N"},
+    {"KEY LINE", "slider, wrapped, A not empty", "var '$os2l' ? os2l_cmd N : A"},
+    {"KEY LINE", "slider, wrapped, A empty", "var '$os2l' ? os2l_cmd N"},
+
+    {"KEY LINE", "ignore", "A"},
+
+    {"KEY LINE", "empty, simple", "nothing"},
+    {"KEY LINE", "empty, wrapped, A not empty", "var '$os2l' ? nothing : A"},
+    {"KEY LINE", "empty, wrapped, A empty", "nothing"},
+};
+
+/** The rule of a word under these conditions, null where it stands for nothing. */
+const Rule *ruleOf(const QString &word, const QStringList &conditions)
+{
+    for (const Rule &rule : Rules) {
+        bool holds = rule.word == word;
+        for (const QString &condition : QString(rule.conditions).split(", "))
+            holds = holds && conditions.contains(condition);
+        if (holds)
+            return &rule;
+    }
+    return nullptr;
+}
+
+/** What a word stands for, its own words replaced in turn; the texts of values are final. */
+QString textOf(const QString &word, const QStringList &conditions, const Record &values)
+{
+    if (values.contains(word))
+        return values.value(word);
+    const Rule *rule = ruleOf(word, conditions);
+    if (!rule)
+        return "no rule for " + word;
+    static const QRegularExpression words(
+        "'|\\b(A|LA|B|C|N|S|T|X|Y|ON|OFF|coloron|coloroff|defon|defoff)\\b");
+    const QString text = rule->text;
+    QString result;
+    int end = 0;
+    auto matches = words.globalMatch(text);
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        result += text.mid(end, match.capturedStart() - end);
+        result += match.captured() == "'" ? "&apos;" : textOf(match.captured(), conditions, values);
+        end = match.capturedEnd();
+    }
+    return result + text.mid(end);
+}
+
+/** The combination of this number, as the conditions of the rules; empty behind the last one. */
+QStringList combination(int number)
+{
+    const QList<QStringList> choices = {
+        {"pad", "button", "slider", "ignore", "empty", "knob"},
+        {"simple", "wrapped"},
+        {"assigned", "free"},
+        {"A empty", "A not empty"},
+        {"LA empty", "LA not empty"},
+        {"fullrgb", "no fullrgb"},
+        {"colour LED", "simple LED"},
+        {"coloron empty", "coloron not empty"},
+        {"coloroff empty", "coloroff not empty"},
+        {"blink", "no blink", "no blink, blank"},
+        {"no Switch", "Switch"},
+    };
+    QStringList conditions;
+    for (const QStringList &choice : choices) {
+        conditions += choice.at(number % choice.size()).split(", ");
+        number /= choice.size();
+    }
+    if (number > 0)
+        return {};
+    if (conditions.contains("pad") || conditions.contains("button"))
+        conditions += "pad or button";
+    return conditions;
+}
+
+/** The scene of a combination; its one cell is in row 3, column 4. */
+Scene sceneOf(const QStringList &conditions)
+{
+    const auto has = [&conditions](const char *condition) { return conditions.contains(condition); };
+    const Record key = {{"type", conditions.first()},
+                        {"value", "KEY"},
+                        {"led", "LED_KEY"},
+                        {"ledtype", has("colour LED") ? "color" : "led"},
+                        {"action", has("A not empty") ? "say \"it's\" & play" : ""},
+                        {"ledaction", has("LA not empty") ? "'play' ? on : off" : ""},
+                        {"row", "3"},
+                        {"col", "4"}};
+    const QString steady = has("blank") ? "" : "0";
+    const Cell cell = {3,
+                       4,
+                       has("assigned") ? "Strobe S" : "PAD 11",
+                       "#C86432",
+                       has("coloron not empty") ? "#00FF7F" : "",
+                       has("coloroff not empty") ? "navy" : "",
+                       has("blink") ? "1" : steady,
+                       has("assigned") ? "5" : "-1"};
+    const int switchRow = has("Switch") ? 3 : -1;
+    const int switchColumn = has("Switch") ? 4 : -1;
+    return {{key},     {cell},       has("simple"), has("fullrgb") ? "true" : "false",
+            switchRow, switchColumn, "red",         "blue"};
+}
+
+/** The lines of a combination, by the rules. */
+QStringList linesOf(const QStringList &conditions)
+{
+    const auto has = [&conditions](const char *condition) { return conditions.contains(condition); };
+    const Record values = {
+        {"A", has("A not empty") ? "say &quot;it&apos;s&quot; &amp; play" : ""},
+        {"LA", has("LA not empty") ? "&apos;play&apos; ? on : off" : ""},
+        {"B", "Strobe S"},
+        {"C", "#c86432"},
+        {"N", "5"},
+        {"coloron", "#00FF7F"},
+        {"coloroff", "navy"},
+        {"defon", "red"},
+        {"defoff", "blue"},
+    };
+    QStringList all;
+    for (const QString &word : {QString("KEY LINE"), QString("LED LINE")}) {
+        if (ruleOf(word, conditions))
+            all += line(word == "KEY LINE" ? "KEY" : "LED_KEY", textOf(word, conditions, values));
+    }
+    return all;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Scene)
+Q_DECLARE_METATYPE(Cell)
+Q_DECLARE_METATYPE(Cells)
+
+/** The bytes of a mapper. */
+class TestMapping final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void followsTheRules();
+    void writesLiveButtons_data();
+    void writesLiveButtons();
+    void writesColors_data();
+    void writesColors();
+    void writesFreeKeys_data();
+    void writesFreeKeys();
+    void writesSwitch_data();
+    void writesSwitch();
+    void writesCellsOutsideTheGrid_data();
+    void writesCellsOutsideTheGrid();
+    void writesControls_data();
+    void writesControls();
+    void numbersSliders_data();
+    void numbersSliders();
+    void escapesActions_data();
+    void escapesActions();
+    void leavesOutUnknownTypes_data();
+    void leavesOutUnknownTypes();
+    void keepsTheOrderOfKeys();
+    void writesDates_data();
+    void writesDates();
+    void writesIdentifiersRaw();
+    void writesInTheCodecOfTheStream_data();
+    void writesInTheCodecOfTheStream();
+    void flushesEveryLine();
+    void changesNothing();
+    void writesDevices_data();
+    void writesDevices();
+
+private:
+    void compare();
+};
+
+void TestMapping::initTestCase()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+/** Compares the mapper of the row's scene with the row's lines. */
+void TestMapping::compare()
+{
+    QFETCH(const Scene, scene);
+    QFETCH(const QStringList, expected);
+
+    Controller grid;
+    QVERIFY(fill(grid, scene.cells));
+    QCOMPARE(difference(written(mappingOf(scene, grid)), fileOf(expected)), QString());
+}
+
+void TestMapping::followsTheRules()
+{
+    Controller grid;
+    QVERIFY(fill(grid, {}));
+    int number = 0;
+    int keyLines = 0;
+    int ledLines = 0;
+    for (QStringList conditions = combination(0); !conditions.isEmpty(); conditions = combination(++number)) {
+        const Scene scene = sceneOf(conditions);
+        QVERIFY(put(grid, scene.cells.first()));
+        const QStringList expected = linesOf(conditions);
+        keyLines += expected.size() > 0 ? 1 : 0;
+        ledLines += expected.size() > 1 ? 1 : 0;
+        QVERIFY2(!expected.join("").contains("no rule"), qPrintable(expected.join("\n")));
+        const QString found = difference(written(mappingOf(scene, grid)), fileOf(expected));
+        QVERIFY2(found.isEmpty(), qPrintable(conditions.join(", ") + ": " + found));
+    }
+    // Six types, nine choices of two, one of three; only the knob has no line, only pad and button have two.
+    QCOMPARE(number, 6 * 512 * 3);
+    QCOMPARE(keyLines, 5 * 512 * 3);
+    QCOMPARE(ledLines, 2 * 512 * 3);
+}
+
+void TestMapping::writesLiveButtons_data()
+{
+    QTest::addColumn<Scene>("scene");
+    QTest::addColumn<QStringList>("expected");
+
+    const Cells strobe = {{2, 2, "Strobe", "red", "", ""}};
+    const auto named = [](const QString &name) { return Cells{{2, 2, name, "#ff0000", "", ""}}; };
+    const auto numbered = [](const QString &id) {
+        return Cells{{2, 2, "Strobe", "#ff0000", "", "", "0", id}};
+    };
+    const QStringList plain =
+        lines("os2l_button &apos;Strobe&apos;",
+              "os2l_button &apos;Strobe&apos; ? color &apos;#ff0000&apos; : color 40% &apos;#ff0000&apos;");
+    const auto linesOfName = [&plain](const QString &name) {
+        return QStringList(plain).replaceInStrings("Strobe", name);
+    };
+
+    QTest::newRow("simple") << Scene{{pad()}, strobe} << plain;
+    QTest::newRow("simple, whatever the mapper says")
+        << Scene{{pad("play_pause", "play_pause ? on : off")}, strobe} << plain;
+    QTest::newRow("wrapped")
+        << Scene{{pad("play_pause", "play_pause ? on : off")}, strobe, Wrapped}
+        << lines("var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos; : play_pause",
+                 "var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos; ? color &apos;#ff0000&apos; : "
+                 "color 40% &apos;#ff0000&apos; : play_pause ? on : off");
+    QTest::newRow("wrapped, with an action but no LED action")
+        << Scene{{pad("play_pause")}, strobe, Wrapped}
+        << lines("var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos; : play_pause",
+                 "var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos; ? color &apos;#ff0000&apos; : "
+                 "color 40% &apos;#ff0000&apos;");
+    QTest::newRow("wrapped, with a LED action but no action")
+        << Scene{{pad("", "loop ? on : off")}, strobe, Wrapped}
+        << lines("var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos;",
+                 "var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos; ? color &apos;#ff0000&apos; : "
+                 "color 40% &apos;#ff0000&apos; : loop ? on : off");
+    QTest::newRow("a single quote in a name goes out raw")
+        << Scene{{pad()}, named("It's on")} << linesOfName("It's on");
+    QTest::newRow("double quotes in a name go out raw")
+        << Scene{{pad()}, named("The \"big\" one")} << linesOfName("The \"big\" one");
+    QTest::newRow("ampersands and angle brackets in a name go out raw")
+        << Scene{{pad()}, named("R&B & <live> &amp;")} << linesOfName("R&B & <live> &amp;");
+    QTest::newRow("empty name") << Scene{{pad()}, named("")} << linesOfName("");
+    QTest::newRow("button number 0") << Scene{{pad()}, numbered("0")} << plain;
+    QTest::newRow("large button number") << Scene{{pad()}, numbered("2147483647")} << plain;
+    QTest::newRow("empty button number is 0") << Scene{{pad()}, numbered("")} << plain;
+    QTest::newRow("button number that is no number is 0") << Scene{{pad()}, numbered("none")} << plain;
+    QTest::newRow("two keys on one cell") << Scene{{pad(), pad()}, strobe} << plain + plain;
+    QTest::newRow("LED without name")
+        << Scene{{with(pad(), "led", "")}, strobe}
+        << QStringList{
+               plain.at(0),
+               line(
+                   "",
+                   "os2l_button &apos;Strobe&apos; ? color &apos;#ff0000&apos; : color 40% &apos;#ff0000&apos;")};
+    QTest::newRow("empty row and column are 0")
+        << Scene{{pad("", "", "", "")}, {{0, 0, "Strobe", "#ff0000", "", ""}}} << plain;
+    QTest::newRow("row and column that are no numbers are 0")
+        << Scene{{pad("", "", "abc", "0x2")}, {{0, 0, "Strobe", "#ff0000", "", ""}}} << plain;
+    QTest::newRow("row and column with leading zeros")
+        << Scene{{pad("", "", "010", "09")}, {{10, 9, "Strobe", "#ff0000", "", ""}}} << plain;
+}
+
+void TestMapping::writesLiveButtons()
+{
+    compare();
+}
+
+void TestMapping::writesColors_data()
+{
+    QTest::addColumn<Record>("key");
+    QTest::addColumn<QString>("fullrgb");
+    QTest::addColumn<Cells>("cells");
+    QTest::addColumn<QString>("defaultOn");
+    QTest::addColumn<QString>("defaultOff");
+    QTest::addColumn<QString>("colors");
+
+    const auto cell = [](const QString &color, const QString &on = {}, const QString &off = {},
+                         const QString &blink = "0") {
+        return Cells{{2, 2, "Strobe", color, on, off, blink}};
+    };
+    const Record colorButton = button("color");
+    const auto row = [](const char *name, const Record &key, const QString &fullrgb, const Cells &cells,
+                        const QString &colors, const QString &on = "red", const QString &off = "blue") {
+        QTest::newRow(name) << key << fullrgb << cells << on << off << colors;
+    };
+    const QString palette = "color 'red' : color 'blue'";
+    const QString rgb = "color '#ff00aa' : color 40% '#ff00aa'";
+
+    row("colour of the cell in lower case", pad(), "true", cell("#FF00AA"), rgb);
+    row("colour word of the cell in digits", pad(), "true", cell("orange"),
+        "color '#ffa500' : color 40% '#ffa500'");
+    row("own colours as they stand", pad(), "true", cell("white", "#00FF7F", "Navy"),
+        "color '#00FF7F' : color 'Navy'");
+    row("own colours go out raw", pad(), "true", cell("white", "a&b", "\"<'"),
+        "color 'a&b' : color '\"<RAW'");
+    row("own on colour alone", pad(), "true", cell("#FF00AA", "red"), "color 'red' : color 40% '#ff00aa'");
+    row("own off colour alone", pad(), "true", cell("#FF00AA", "", "red"), "color '#ff00aa' : color 'red'");
+    row("palette", pad(), "false", cell("#FF00AA"), palette);
+    row("palette, own on colour alone", pad(), "false", cell("#FF00AA", "#00FF7F"),
+        "color '#00FF7F' : color 'blue'");
+    row("palette, own off colour alone", pad(), "false", cell("#FF00AA", "", "#00FF7F"),
+        "color 'red' : color '#00FF7F'");
+    row("palette, no default colours", pad(), "false", cell("#FF00AA"), "color '' : color ''", "", "");
+    row("palette, colours as the palette has them", pad(), "false", cell("#FF00AA"),
+        "color ' #AA0000' : color 'Black'", " #AA0000", "Black");
+    row("blink, palette", pad(), "false", cell("white", "", "", "1"),
+        "blink ? color 'red' : color 'blue' : color 'blue'");
+    row("blink, any colour", pad(), "true", cell("#FF00AA", "", "", "1"),
+        "blink ? color '#ff00aa' : color 40% '#ff00aa' : color 40% '#ff00aa'");
+    for (const char *blink : {"", "0", "2", "01", "1 ", "true", "-1"})
+        row(qPrintable(QString("blink is [%1]").arg(blink)), pad(), "false", cell("white", "", "", blink),
+            palette);
+    for (const char *fullrgb : {"", "True", "TRUE", "1", "yes", "true "})
+        row(qPrintable(QString("fullrgb is [%1]").arg(fullrgb)), pad(), fullrgb, cell("white"), palette);
+    row("a pad knows no kind of LED", with(pad(), "ledtype", "led"), "true", cell("#FF00AA"), rgb);
+    row("button, any colour", colorButton, "true", cell("#FF00AA"), "color '#ff00aa' : color 30% '#ff00aa'");
+    row("button, own colours and blink do not count", colorButton, "true",
+        cell("#FF00AA", "red", "green", "1"), "color '#ff00aa' : color 30% '#ff00aa'");
+    row("button, palette", colorButton, "false", cell("#FF00AA"), palette);
+    row("button, palette, own colours and blink do not count", colorButton, "false",
+        cell("#FF00AA", "white", "green", "1"), palette);
+    row("button, palette, no default colours", colorButton, "false", cell("red"), "color '' : color ''", "",
+        "");
+    for (const char *ledtype : {"led", "", "Color", "COLOR", "colour", "color "})
+        row(qPrintable(QString("kind of LED is [%1]").arg(ledtype)), button(ledtype), "true",
+            cell("#FF00AA", "red", "green", "1"), "on : off");
+}
+
+void TestMapping::writesColors()
+{
+    QFETCH(const Record, key);
+    QFETCH(const QString, fullrgb);
+    QFETCH(const Cells, cells);
+    QFETCH(const QString, defaultOn);
+    QFETCH(const QString, defaultOff);
+    QFETCH(QString, colors);
+
+    colors.replace("'", "&apos;").replace("RAW", "'");
+    Controller grid;
+    QVERIFY(fill(grid, cells));
+    const Scene scene = {{key}, cells, Simple, fullrgb, -1, -1, defaultOn, defaultOff};
+    QCOMPARE(difference(written(mappingOf(scene, grid)),
+                        fileOf(lines("os2l_button &apos;Strobe&apos;",
+                                     "os2l_button &apos;Strobe&apos; ? " + colors))),
+             QString());
+}
+
+void TestMapping::writesFreeKeys_data()
+{
+    QTest::addColumn<Scene>("scene");
+    QTest::addColumn<QStringList>("expected");
+
+    const Cells left = {{2, 2, "Ghost", "#ff0000", "red", "green", "1", "-1"}};
+    const Cells negative = {{2, 2, "Ghost", "#ff0000", "red", "green", "1", "-2147483648"}};
+    const QStringList dark = lines("nothing", "color &apos;black&apos;");
+
+    QTest::newRow("pad, simple") << Scene{{pad()}, {}} << dark;
+    QTest::newRow("pad, simple, whatever the mapper says") << Scene{{pad("play", "on")}, {}} << dark;
+    QTest::newRow("colours without a Live Button do not count") << Scene{{pad()}, left} << dark;
+    QTest::newRow("any number below 0 is no Live Button") << Scene{{pad()}, negative} << dark;
+    QTest::newRow("LED without name") << Scene{{with(pad(), "led", "")}, {}}
+                                      << QStringList{dark.at(0), line("", "color &apos;black&apos;")};
+    QTest::newRow("name and LED go out raw")
+        << Scene{{with(with(pad(), "value", "A'\"&<"), "led", "L'\" & >")}, {}}
+        << QStringList{line("A'\"&<", "nothing"), line("L'\" & >", "color &apos;black&apos;")};
+    QTest::newRow("button, simple") << Scene{{button("color")}, {}} << lines("nothing", "off");
+    QTest::newRow("pad, wrapped") << Scene{{pad("play", "play ? on : off")}, {}, Wrapped}
+                                  << lines(
+                                         "var &apos;$os2l&apos; ? nothing : play",
+                                         "var &apos;$os2l&apos; ? color &apos;black&apos; : play ? on : off");
+    QTest::newRow("pad, wrapped, an action without LED action leaves nothing behind the mark")
+        << Scene{{pad("play")}, {}, Wrapped}
+        << lines("var &apos;$os2l&apos; ? nothing : play",
+                 "var &apos;$os2l&apos; ? color &apos;black&apos; : ");
+    QTest::newRow("pad, wrapped, a LED action without action is dropped")
+        << Scene{{pad("", "play ? on : off")}, {}, Wrapped}
+        << lines("var &apos;$os2l&apos; ? nothing", "var &apos;$os2l&apos; ? color &apos;black&apos;");
+    QTest::newRow("pad, wrapped, a blank is an action")
+        << Scene{{pad(" ", " ")}, {}, Wrapped}
+        << lines("var &apos;$os2l&apos; ? nothing :  ",
+                 "var &apos;$os2l&apos; ? color &apos;black&apos; :  ");
+    QTest::newRow("button, wrapped") << Scene{{button("color", "play", "play ? on : off")}, {}, Wrapped}
+                                     << lines("var &apos;$os2l&apos; ? nothing : play",
+                                              "var &apos;$os2l&apos; ? off : play ? on : off");
+    QTest::newRow("button, wrapped, an action without LED action leaves nothing behind the mark")
+        << Scene{{button("led", "play")}, {}, Wrapped}
+        << lines("var &apos;$os2l&apos; ? nothing : play", "var &apos;$os2l&apos; ? off : ");
+    QTest::newRow("button, wrapped, a LED action without action is dropped")
+        << Scene{{button("led", "", "play ? on : off")}, {}, Wrapped}
+        << lines("var &apos;$os2l&apos; ? nothing", "var &apos;$os2l&apos; ? off");
+}
+
+void TestMapping::writesFreeKeys()
+{
+    compare();
+}
+
+void TestMapping::writesSwitch_data()
+{
+    QTest::addColumn<Scene>("scene");
+    QTest::addColumn<QStringList>("expected");
+
+    const Keys keys = {pad("play", "play ? on : off")};
+    const Cells strobe = {{2, 2, "Strobe", "#ff0000", "", ""}};
+    const Cells colored = {{2, 2, "PAD 1", "#FF00AA", "white", "green", "1", "-1"}};
+    const QStringList other = lines("var &apos;$os2l&apos; ? nothing : play",
+                                    "var &apos;$os2l&apos; ? color &apos;black&apos; : play ? on : off");
+    const QString toggle = "toggle &apos;$os2l&apos;";
+    const QString black = "var &apos;$os2l&apos; ? color &apos;#000000&apos; : color 30% &apos;#000000&apos;";
+    const auto asked = [](const QString &on, const QString &off) {
+        return "var &apos;$os2l&apos; ? color &apos;" + on + "&apos; : color &apos;" + off + "&apos;";
+    };
+
+    QTest::newRow("pad") << Scene{keys, {}, Wrapped, "true", 2, 2} << lines(toggle, black);
+    QTest::newRow("pad, the colour of the cell counts, its own colours and blink do not")
+        << Scene{keys, colored, Wrapped, "true", 2, 2}
+        << lines(toggle, "var &apos;$os2l&apos; ? color &apos;#ff00aa&apos; : color 30% &apos;#ff00aa&apos;");
+    QTest::newRow("pad, palette") << Scene{keys, {}, Wrapped, "false", 2, 2}
+                                  << lines(toggle, asked("red", "blue"));
+    QTest::newRow("pad, palette, own colours count, blink does not")
+        << Scene{keys, colored, Wrapped, "false", 2, 2} << lines(toggle, asked("white", "green"));
+    QTest::newRow("pad, palette, no default colours")
+        << Scene{keys, {}, Wrapped, "false", 2, 2, "", ""} << lines(toggle, asked("", ""));
+    QTest::newRow("button with a colour LED")
+        << Scene{{button("color", "play", "on")}, colored, Wrapped, "true", 2, 2}
+        << lines(toggle, "var &apos;$os2l&apos;");
+    QTest::newRow("button with a simple LED")
+        << Scene{{button("led")}, {}, Wrapped, "false", 2, 2} << lines(toggle, "var &apos;$os2l&apos;");
+    QTest::newRow("two keys on its cell") << Scene{{pad(), pad("play")}, {}, Wrapped, "true", 2, 2}
+                                          << lines(toggle, black) + lines(toggle, black);
+    QTest::newRow("key in the corner")
+        << Scene{{pad("", "", "0", "0")}, {}, Wrapped, "true", 0, 0} << lines(toggle, black);
+    QTest::newRow("simple mapper has none")
+        << Scene{keys, {}, Simple, "true", 2, 2} << lines("nothing", "color &apos;black&apos;");
+    QTest::newRow("simple mapper has none, button")
+        << Scene{{button("color")}, {}, Simple, "true", 2, 2} << lines("nothing", "off");
+    QTest::newRow("no effect on a pad with a Live Button")
+        << Scene{{pad("play", "on")}, strobe, Wrapped, "false", 2, 2}
+        << lines("var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos; : play",
+                 "var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos; ? color &apos;red&apos; : color "
+                 "&apos;blue&apos; : on");
+    QTest::newRow("no effect on a button with a Live Button")
+        << Scene{{button("led")}, strobe, Wrapped, "false", 2, 2}
+        << lines("var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos;",
+                 "var &apos;$os2l&apos; ? os2l_button &apos;Strobe&apos; ? on : off");
+    QTest::newRow("no effect on a slider")
+        << Scene{{with(control("slider", "level", "2"), "row", "2")}, {}, Wrapped, "true", 2, 2}
+        << QStringList{line("KEY", "var &apos;$os2l&apos; ? os2l_cmd 3 : level")};
+    QTest::newRow("no effect on a control without cell")
+        << Scene{{control("empty", "shift"), control("ignore", "shift")}, {}, Wrapped, "true", 0, 0}
+        << QStringList{line("KEY", "var &apos;$os2l&apos; ? nothing : shift"), line("KEY", "shift")};
+    QTest::newRow("in another column") << Scene{keys, {}, Wrapped, "true", 2, 3} << other;
+    QTest::newRow("in another row") << Scene{keys, {}, Wrapped, "true", 3, 2} << other;
+    QTest::newRow("row first, then column")
+        << Scene{{pad("play", "play ? on : off", "4", "7")}, {}, Wrapped, "true", 7, 4} << other;
+    QTest::newRow("none") << Scene{keys, {}, Wrapped, "true", -1, -1} << other;
+    QTest::newRow("nowhere") << Scene{keys, {}, Wrapped, "true", 99, 99} << other;
+}
+
+void TestMapping::writesSwitch()
+{
+    compare();
+}
+
+void TestMapping::writesCellsOutsideTheGrid_data()
+{
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<QString>("col");
+
+    QTest::newRow("below") << "99"
+                           << "2";
+    QTest::newRow("just below") << "12"
+                                << "2";
+    QTest::newRow("right") << "2"
+                           << "99";
+    QTest::newRow("just right") << "2"
+                                << "12";
+    QTest::newRow("above") << "-1"
+                           << "2";
+    QTest::newRow("left") << "2"
+                          << "-1";
+    QTest::newRow("far") << "2147483647"
+                         << "-2147483648";
+}
+
+/** A key of a cell that is not there counts as one with a Live Button that has no name and no colour. */
+void TestMapping::writesCellsOutsideTheGrid()
+{
+    QFETCH(const QString, row);
+    QFETCH(const QString, col);
+
+    Controller grid;
+    QVERIFY(fill(grid, {}));
+    const Record key = pad("play", "on", row, col);
+    const int switchRow = row.toInt();
+    const int switchColumn = col.toInt();
+    const QString empty = "os2l_button &apos;&apos;";
+    QCOMPARE(difference(written(mappingOf({{key}, {}, Simple, "true"}, grid)),
+                        fileOf(lines(empty, empty + " ? color &apos;&apos; : color 40% &apos;&apos;"))),
+             QString());
+    QCOMPARE(difference(written(mappingOf({{key}, {}, Simple, "false"}, grid)),
+                        fileOf(lines(empty, empty + " ? color &apos;red&apos; : color &apos;blue&apos;"))),
+             QString());
+    const QString ask = "var &apos;$os2l&apos; ? ";
+    QCOMPARE(difference(written(mappingOf({{key}, {}, Wrapped, "true", switchRow, switchColumn}, grid)),
+                        fileOf(lines(ask + empty + " : play",
+                                     ask + empty + " ? color &apos;&apos; : color 40% &apos;&apos; : on"))),
+             QString());
+    const Controller nothing;
+    QCOMPARE(difference(written(mappingOf({{button("led")}, {}, Wrapped}, nothing)),
+                        fileOf(lines(ask + empty, ask + empty + " ? on : off"))),
+             QString());
+}
+
+void TestMapping::writesControls_data()
+{
+    QTest::addColumn<Scene>("scene");
+    QTest::addColumn<QStringList>("expected");
+
+    const auto key = [](const QString &script) { return QStringList{line("KEY", script)}; };
+    // The corner is where a control without cell would be looked for.
+    const Cells corner = {{0, 0, "Strobe", "red", "", ""}};
+
+    QTest::newRow("slider, simple") << Scene{{control("slider", "level", "7")}, {}} << key("os2l_cmd 8");
+    QTest::newRow("slider, wrapped") << Scene{{control("slider", "level", "7")}, {}, Wrapped}
+                                     << key("var &apos;$os2l&apos; ? os2l_cmd 8 : level");
+    QTest::newRow("slider, wrapped, no action")
+        << Scene{{control("slider", "", "7")}, {}, Wrapped} << key("var &apos;$os2l&apos; ? os2l_cmd 8");
+    QTest::newRow("slider, whatever its cell")
+        << Scene{{control("slider", "level", "0")}, corner} << key("os2l_cmd 1");
+    QTest::newRow("ignore, simple") << Scene{{control("ignore", "level")}, corner} << key("level");
+    QTest::newRow("ignore, wrapped") << Scene{{control("ignore", "level")}, corner, Wrapped} << key("level");
+    QTest::newRow("ignore, simple, no action") << Scene{{control("ignore")}, {}} << key("");
+    QTest::newRow("ignore, wrapped, no action") << Scene{{control("ignore")}, {}, Wrapped} << key("");
+    QTest::newRow("empty, simple") << Scene{{control("empty", "shift")}, corner} << key("nothing");
+    QTest::newRow("empty, simple, no action") << Scene{{control("empty")}, {}} << key("nothing");
+    QTest::newRow("empty, wrapped") << Scene{{control("empty", "shift")}, corner, Wrapped}
+                                    << key("var &apos;$os2l&apos; ? nothing : shift");
+    QTest::newRow("empty, wrapped, no action")
+        << Scene{{control("empty")}, corner, Wrapped} << key("nothing");
+    QTest::newRow("LED names and LED actions do not count")
+        << Scene{{with(with(control("slider", "", "2"), "led", "LED"), "ledaction", "on"),
+                  with(with(control("ignore"), "led", "LED"), "ledaction", "on"),
+                  with(with(control("empty"), "led", "LED"), "ledaction", "on")},
+                 {},
+                 Wrapped}
+        << key("var &apos;$os2l&apos; ? os2l_cmd 3") + key("") + key("nothing");
+}
+
+void TestMapping::writesControls()
+{
+    compare();
+}
+
+void TestMapping::numbersSliders_data()
+{
+    QTest::addColumn<QString>("col");
+    QTest::addColumn<QString>("number");
+
+    QTest::newRow("first") << "0"
+                           << "1";
+    QTest::newRow("outside the grid") << "99"
+                                      << "100";
+    QTest::newRow("negative") << "-1"
+                              << "0";
+    QTest::newRow("leading zero") << "08"
+                                  << "9";
+    QTest::newRow("empty") << ""
+                           << "1";
+    QTest::newRow("no number") << "abc"
+                               << "1";
+    QTest::newRow("hexadecimal") << "0x10"
+                                 << "1";
+    QTest::newRow("fraction") << "1.5"
+                              << "1";
+    QTest::newRow("the largest number") << "2147483647"
+                                        << "2147483648";
+    QTest::newRow("the smallest number") << "-2147483648"
+                                         << "-2147483647";
+    QTest::newRow("too large for a number") << "2147483648"
+                                            << "1";
+}
+
+void TestMapping::numbersSliders()
+{
+    QFETCH(const QString, col);
+    QFETCH(const QString, number);
+
+    Controller grid;
+    QVERIFY(fill(grid, {}));
+    QCOMPARE(difference(written(mappingOf({{control("slider", "", col)}, {}}, grid)),
+                        fileOf({line("KEY", "os2l_cmd " + number)})),
+             QString());
+}
+
+void TestMapping::escapesActions_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("escaped");
+
+    QTest::newRow("single quotes") << "set '$a' 0"
+                                   << "set &apos;$a&apos; 0";
+    QTest::newRow("double quotes") << "set \"$a\" 0"
+                                   << "set &quot;$a&quot; 0";
+    QTest::newRow("ampersand between blanks") << "play & stop"
+                                              << "play &amp; stop";
+    QTest::newRow("two ampersands between blanks") << "a & b & c"
+                                                   << "a &amp; b &amp; c";
+    QTest::newRow("lone ampersand") << "R&B"
+                                    << "R&B";
+    QTest::newRow("ampersand with one blank") << "a& b &c"
+                                              << "a& b &c";
+    QTest::newRow("ampersand at the ends") << "& a &"
+                                           << "& a &";
+    QTest::newRow("angle brackets") << "a < b > c"
+                                    << "a < b > c";
+    QTest::newRow("escaped already") << "&apos; &amp; &quot;"
+                                     << "&apos; &amp; &quot;";
+    QTest::newRow("all at once") << "'a' & \"b\" ? <c> : d&e"
+                                 << "&apos;a&apos; &amp; &quot;b&quot; ? <c> : d&e";
+}
+
+void TestMapping::escapesActions()
+{
+    QFETCH(const QString, action);
+    QFETCH(const QString, escaped);
+
+    Controller grid;
+    QVERIFY(fill(grid, {{2, 2, "B", "#ff0000", "", ""}}));
+    const Keys keys = {pad(action, action),           pad(action, action, "3", "3"),
+                       button("led", action, action), control("slider", action, "0"),
+                       control("ignore", action),     control("empty", action)};
+    const QString ask = "var &apos;$os2l&apos; ? ";
+    const QString button = "os2l_button &apos;B&apos;";
+    const QString rest = " : " + escaped;
+    const QStringList expected =
+        lines(ask + button + rest, ask + button + " ? color &apos;red&apos; : color &apos;blue&apos;" + rest)
+        + lines(ask + "nothing" + rest, ask + "color &apos;black&apos;" + rest)
+        + lines(ask + button + rest, ask + button + " ? on : off" + rest)
+        + QStringList{line("KEY", ask + "os2l_cmd 1" + rest), line("KEY", escaped),
+                      line("KEY", ask + "nothing" + rest)};
+    QCOMPARE(difference(written(mappingOf({keys, {}, Wrapped, "false"}, grid)), fileOf(expected)), QString());
+}
+
+void TestMapping::leavesOutUnknownTypes_data()
+{
+    QTest::addColumn<Record>("key");
+
+    Record untyped = pad("play", "on");
+    untyped.remove("type");
+    QTest::newRow("no type") << untyped;
+    QTest::newRow("no value at all") << Record();
+    for (const char *type : {"", "Pad", "PAD", "pads", " pad", "Button", "Slider", "Ignore", "Empty", "led"})
+        QTest::addRow("[%s]", type) << with(pad("play", "on"), "type", type);
+}
+
+void TestMapping::leavesOutUnknownTypes()
+{
+    QFETCH(const Record, key);
+
+    Controller grid;
+    QVERIFY(fill(grid, {{2, 2, "Strobe", "#ff0000", "", ""}}));
+    for (const bool isSimple : {Simple, Wrapped}) {
+        const QByteArray file =
+            written(mappingOf({{key, control("ignore", "level"), key}, {}, isSimple}, grid));
+        QCOMPARE(difference(file, fileOf({line("KEY", "level")})), QString());
+    }
+}
+
+void TestMapping::keepsTheOrderOfKeys()
+{
+    Controller grid;
+    QVERIFY(fill(grid, {}));
+    QCOMPARE(difference(written(mappingOf({}, grid)), fileOf({})), QString());
+
+    const Keys keys = {with(control("empty"), "value", "E"),  with(button("led"), "value", "B"),
+                       with(control("slider"), "value", "S"), with(pad(), "value", "P"),
+                       with(control("ignore"), "value", "I"), with(control("empty"), "value", "E")};
+    QCOMPARE(
+        difference(written(mappingOf({keys, {}}, grid)),
+                   fileOf({line("E", "nothing"), line("B", "nothing"), line("LED_KEY", "off"),
+                           line("S", "os2l_cmd 1"), line("P", "nothing"),
+                           line("LED_KEY", "color &apos;black&apos;"), line("I", ""), line("E", "nothing")})),
+        QString());
+}
+
+void TestMapping::writesDates_data()
+{
+    QTest::addColumn<QDate>("date");
+    QTest::addColumn<QByteArray>("text");
+
+    QTest::newRow("no leading zeros") << QDate(2026, 3, 5) << QByteArray("5-3-2026");
+    QTest::newRow("two digits") << QDate(2026, 12, 31) << QByteArray("31-12-2026");
+    QTest::newRow("first day") << QDate(2027, 1, 1) << QByteArray("1-1-2027");
+    QTest::newRow("day of two digits, month of one") << QDate(2028, 2, 29) << QByteArray("29-2-2028");
+    QTest::newRow("day of one digit, month of two") << QDate(2030, 10, 9) << QByteArray("9-10-2030");
+}
+
+void TestMapping::writesDates()
+{
+    QFETCH(const QDate, date);
+    QFETCH(const QByteArray, text);
+
+    Controller grid;
+    QVERIFY(fill(grid, {}));
+    ControllerMapping mapping = mappingOf({}, grid);
+    mapping.date = date;
+    QCOMPARE(difference(written(mapping), fileOf({}).replace("5-3-2026", text)), QString());
+}
+
+/** The file names the device by its identifier, as it stands. */
+void TestMapping::writesIdentifiersRaw()
+{
+    Controller grid;
+    QVERIFY(fill(grid, {}));
+    ControllerMapping mapping = mappingOf({}, grid);
+    mapping.device["device"] = "R&B's <\"BOX\"> & more";
+    QCOMPARE(difference(written(mapping), fileOf({}).replace("PADBOX", "R&B's <\"BOX\"> & more")), QString());
+    mapping.device = {};
+    QCOMPARE(difference(written(mapping), fileOf({}).replace("PADBOX", "")), QString());
+}
+
+void TestMapping::writesInTheCodecOfTheStream_data()
+{
+    QTest::addColumn<QByteArray>("codec");
+
+    QTest::newRow("UTF-8") << QByteArray("UTF-8");
+    QTest::newRow("Latin-1, whatever the first line says") << QByteArray("ISO-8859-1");
+    QTest::newRow("the stream's own") << QByteArray();
+}
+
+void TestMapping::writesInTheCodecOfTheStream()
+{
+    QFETCH(const QByteArray, codec);
+
+    const QString name = QString::fromUtf8("Nebelstoß & Été");
+    Controller grid;
+    QVERIFY(fill(grid, {{2, 2, name, "#ff0000", "", ""}}));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QVERIFY(buffer.open(QIODevice::WriteOnly));
+    QTextStream out(&buffer);
+    if (!codec.isEmpty())
+        out.setCodec(codec);
+    writeMapping(out, mappingOf({{button("led")}, {}}, grid));
+    out.flush();
+
+    const QByteArray expected = fileOf(
+        lines("os2l_button &apos;" + name + "&apos;", "os2l_button &apos;" + name + "&apos; ? on : off"));
+    const QTextCodec *used = codec.isEmpty() ? QTextCodec::codecForLocale() : QTextCodec::codecForName(codec);
+    QVERIFY(used);
+    QCOMPARE(bytes, used->fromUnicode(QString::fromUtf8(expected)));
+}
+
+/** Each line has reached the device before the next one begins. */
+void TestMapping::flushesEveryLine()
+{
+    class Writes final : public QIODevice
+    {
+    public:
+        QByteArrayList all;
+
+    protected:
+        qint64 readData(char *, qint64) override { return -1; }
+        qint64 writeData(const char *bytes, qint64 size) override
+        {
+            all += QByteArray(bytes, static_cast<int>(size));
+            return size;
+        }
+    };
+
+    Controller grid;
+    QVERIFY(fill(grid, {}));
+    Writes device;
+    QVERIFY(device.open(QIODevice::WriteOnly));
+    QTextStream out(&device);
+    writeMapping(out, mappingOf({{pad(), control("ignore", "level")}, {}}, grid));
+    const QByteArrayList expected = {
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n",
+        "<mapper device=\"PADBOX\" author=\"Zarvex\" version=\"840\" date=\"5-3-2026\">\n",
+        "\t<map value=\"KEY\" action=\"nothing\"/>\n",
+        "\t<map value=\"LED_KEY\" action=\"color &apos;black&apos;\"/>\n",
+        "\t<map value=\"KEY\" action=\"level\"/>\n",
+        "</mapper>\n",
+    };
+    QCOMPARE(device.all, expected);
+}
+
+void TestMapping::changesNothing()
+{
+    Controller grid;
+    QVERIFY(fill(grid, {{2, 2, "Strobe", "#FF0000", "", "green", ""}}));
+    const auto before = grid.getlist();
+    const ControllerMapping mapping = mappingOf({{pad("play", "on"), pad("", "", "99", "99")}, {}}, grid);
+    const QByteArray first = written(mapping);
+    QCOMPARE(difference(written(mapping), first), QString());
+    QCOMPARE(grid.getlist(), before);
+}
+
+void TestMapping::writesDevices_data()
+{
+    QTest::addColumn<QString>("golden");
+    QTest::addColumn<QString>("device");
+    QTest::addColumn<QString>("defaultOn");
+    QTest::addColumn<QString>("defaultOff");
+    QTest::addColumn<Cells>("bands");
+    QTest::addColumn<Cell>("switchKey");
+
+    const QString free = "-1";
+    QTest::newRow("AKAI APC Mini") << "mapping-apcmini"
+                                   << "AKAI APC Mini"
+                                   << "green"
+                                   << "yellow"
+                                   << Cells{{11, 2, "Bottom first", "#FF00FF", "red", "green", "1"},
+                                            {2, 11, "Right first", "#FFFF00", "", ""},
+                                            {9, 11, "Right last", "#008080", "", ""}}
+                                   << Cell{3, 11, "RIGHT 2", "#000000", "", "", "0", free};
+    QTest::newRow("Novation Launchpad") << "mapping-launchpad"
+                                        << "Novation Launchpad"
+                                        << "#FF0000"
+                                        << "#000000"
+                                        << Cells{{0, 2, "Top first", "#FF00FF", "", "", "1"},
+                                                 {2, 11, "Right first", "#FFFF00", "#AA5500", "#005500"}}
+                                        << Cell{0, 9, "TOP 8", "#000000", "", "", "0", free};
+    QTest::newRow("Novation Launchpad S") << "mapping-launchpads"
+                                          << "Novation Launchpad S"
+                                          << "#FF0000"
+                                          << "#000000"
+                                          << Cells{{0, 9, "Top last", "#FF00FF", "", "#550000", "1"},
+                                                   {9, 11, "Right last", "#FFFF00", "#AA5500", ""}}
+                                          << Cell{5, 5, "PAD 28", "#000000", "#AAFF00", "", "0", free};
+    QTest::newRow("Novation Launchpad Mini")
+        << "mapping-launchpadmini"
+        << "Novation Launchpad Mini"
+        << "#FF0000"
+        << "#000000"
+        << Cells{{0, 4, "Top third", "#FF00FF", "", ""}, {5, 11, "Right fourth", "#FFFF00", "", "", "1"}}
+        << Cell{2, 11, "RIGHT 1", "#000000", "#FFFF00", "#555500", "", free};
+    QTest::newRow("Novation Launchpad MKII") << "mapping-launchpad2"
+                                             << "Novation Launchpad MKII"
+                                             << ""
+                                             << ""
+                                             << Cells{{0, 2, "Top first", "#FF00FF", "red", "green", "1"},
+                                                      {9, 11, "Right last", "#FFFF00", "", ""}}
+                                             << Cell{0, 9, "TOP 8", "#000000", "red", "blue", "0", free};
+    QTest::newRow("Novation Launchpad Mini MK3") << "mapping-nlminimk3"
+                                                 << "Novation Launchpad Mini MK3"
+                                                 << ""
+                                                 << ""
+                                                 << Cells{{0, 5, "Top last", "#FF00FF", "", "", "1"},
+                                                          {2, 11, "Right first", "#FFFF00", "red", "green"}}
+                                                 << Cell{3, 4, "PAD 11", "#000000", "red", "blue", "1", free};
+    QTest::newRow("Novation Launchpad PRO") << "mapping-launchpadpro"
+                                            << "Novation Launchpad PRO"
+                                            << ""
+                                            << ""
+                                            << Cells{{0, 2, "Top first", "#FF00FF", "", "", "1"},
+                                                     {11, 9, "Bottom last", "#FFFF00", "red", ""},
+                                                     {9, 0, "Left last", "#008080", "", "green"},
+                                                     {4, 11, "Right third", "#808080", "", "", "1"}}
+                                            << Cell{2, 0, "LEFT 1", "#804020", "", "", "0", free};
+}
+
+/** The controllers of the catalogue with the same Live Buttons on their pads and some on their bands. */
+void TestMapping::writesDevices()
+{
+    QFETCH(const QString, golden);
+    QFETCH(const QString, device);
+    QFETCH(const QString, defaultOn);
+    QFETCH(const QString, defaultOff);
+    QFETCH(const Cells, bands);
+    QFETCH(const Cell, switchKey);
+
+    const Cells pads = {
+        {2, 2, "Strobe", "#FF0000", "", ""},
+        {2, 5, "Blackout", "#000000", "", "", "1"},
+        {3, 2, "Slow", "#00FF7F", "", "", ""},
+        {3, 3, QString::fromUtf8("Nebelstoß"), "#C0C0C0", "#00FF00", ""},
+        {4, 4, "The \"big\" one", "orange", "red", "green", "1"},
+        {9, 9, "It's R&B <live>", "#123456", "", "blue"},
+    };
+    Controller grid;
+    QVERIFY(fill(grid, pads + bands + Cells{switchKey}));
+    const QList<CatalogueEntry> catalogue = readCatalogue(":/icons/Mappings");
+    const auto entry =
+        std::find_if(catalogue.begin(), catalogue.end(),
+                     [&device](const CatalogueEntry &each) { return each.device.value("name") == device; });
+    QVERIFY(entry != catalogue.end());
+    const Keys keys = readKeyRecords(entry->device.value("path"), entry->mappers.last().value("path"));
+    for (const bool isSimple : {Simple, Wrapped}) {
+        QFile file(QFINDTESTDATA("../data/" + golden + (isSimple ? "-simple.xml" : "-wrapped.xml")));
+        QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(golden));
+        const ControllerMapping mapping = {entry->device, keys,      grid,     switchKey.row, switchKey.col,
+                                           defaultOff,    defaultOn, isSimple, Date};
+        QCOMPARE(difference(written(mapping), file.readAll()), QString());
+    }
+}
+
+QTEST_GUILESS_MAIN(TestMapping)
+#include "test_mapping.moc"
