@@ -3,12 +3,33 @@
 #include "app/stylesheets.h"
 
 #include <QApplication>
+#include <QColorDialog>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QtTest>
+
+namespace {
+
+QString titleOf(const ExpectedDialogs::Box &box)
+{
+    return box.text;
+}
+
+QString titleOf(const ExpectedDialogs::File &file)
+{
+    return file.caption;
+}
+
+QString titleOf(const ExpectedDialogs::Color &color)
+{
+    return color.title;
+}
+
+} // namespace
 
 ExpectedDialogs::ExpectedDialogs()
 {
@@ -19,12 +40,17 @@ ExpectedDialogs::ExpectedDialogs()
 
 void ExpectedDialogs::expect(const Box &box)
 {
-    m_expected.enqueue({true, box, {}});
+    m_expected.enqueue(box);
 }
 
 void ExpectedDialogs::expect(const File &file)
 {
-    m_expected.enqueue({false, {}, file});
+    m_expected.enqueue(file);
+}
+
+void ExpectedDialogs::expect(const Color &color)
+{
+    m_expected.enqueue(color);
 }
 
 void ExpectedDialogs::tolerate(const QString &text)
@@ -36,7 +62,7 @@ QString ExpectedDialogs::faults() const
 {
     QStringList faults = m_faults;
     for (const Expected &expected : m_expected)
-        faults += "never came: " + (expected.isBox ? expected.box.text : expected.file.caption);
+        faults += "never came: " + std::visit([](const auto &dialog) { return titleOf(dialog); }, expected);
     return faults.join("; ");
 }
 
@@ -55,11 +81,14 @@ void ExpectedDialogs::look()
     auto *dialog = qobject_cast<QDialog *>(modal);
     auto *box = qobject_cast<QMessageBox *>(modal);
     auto *fileDialog = qobject_cast<QFileDialog *>(modal);
+    auto *colorDialog = qobject_cast<QColorDialog *>(modal);
 
     const QString text = box ? box->text() : modal->windowTitle();
     const bool isTolerated = m_tolerated.contains(text);
     const bool isExpected = !isTolerated && !m_expected.isEmpty()
-                            && (m_expected.head().isBox ? box != nullptr : fileDialog != nullptr);
+                            && ((box && std::holds_alternative<Box>(m_expected.head()))
+                                || (fileDialog && std::holds_alternative<File>(m_expected.head()))
+                                || (colorDialog && std::holds_alternative<Color>(m_expected.head())));
     if (!isExpected) {
         if (!isTolerated)
             complain("not expected: " + text);
@@ -71,13 +100,15 @@ void ExpectedDialogs::look()
     }
     if (box)
         answer(*box);
-    else
+    else if (fileDialog)
         answer(*fileDialog);
+    else
+        answer(*colorDialog);
 }
 
 void ExpectedDialogs::answer(QMessageBox &box)
 {
-    const Box expected = m_expected.dequeue().box;
+    const auto expected = std::get<Box>(m_expected.dequeue());
     if (box.text() != expected.text)
         complain("text \"" + box.text() + "\" instead of \"" + expected.text + "\"");
     if (box.informativeText() != expected.informative)
@@ -104,7 +135,7 @@ void ExpectedDialogs::answer(QMessageBox &box)
 
 void ExpectedDialogs::answer(QFileDialog &dialog)
 {
-    const File expected = m_expected.dequeue().file;
+    const auto expected = std::get<File>(m_expected.dequeue());
     if (dialog.windowTitle() != expected.caption)
         complain("caption \"" + dialog.windowTitle() + "\" instead of \"" + expected.caption + "\"");
     if (!expected.folder.isEmpty() && dialog.directory().absolutePath() != expected.folder)
@@ -130,4 +161,28 @@ void ExpectedDialogs::answer(QFileDialog &dialog)
     }
     name->setText(QDir::toNativeSeparators(expected.path));
     static_cast<QDialog &>(dialog).accept();
+}
+
+void ExpectedDialogs::answer(QColorDialog &dialog)
+{
+    const auto expected = std::get<Color>(m_expected.dequeue());
+    if (dialog.windowTitle() != expected.title)
+        complain("title \"" + dialog.windowTitle() + "\" instead of \"" + expected.title + "\"");
+    if (dialog.currentColor() != expected.initial)
+        complain("starts with " + dialog.currentColor().name() + " instead of " + expected.initial.name());
+    if (dialog.options())
+        complain("options on: " + dialog.windowTitle());
+
+    if (!expected.answer.isValid()) {
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        return;
+    }
+    dialog.setCurrentColor(expected.answer);
+    auto *buttons = dialog.findChild<QDialogButtonBox *>();
+    if (!buttons || !buttons->button(QDialogButtonBox::Ok)) {
+        complain("no OK on: " + dialog.windowTitle());
+        dialog.reject();
+        return;
+    }
+    buttons->button(QDialogButtonBox::Ok)->click();
 }

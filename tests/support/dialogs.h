@@ -1,9 +1,15 @@
 #pragma once
 
+#include <QColor>
 #include <QMessageBox>
 #include <QObject>
 #include <QQueue>
 #include <QTimer>
+
+#include <variant>
+
+class QColorDialog;
+class QFileDialog;
 
 /**
  * Answers the dialogs that the program opens, in the order in which they are expected.
@@ -41,8 +47,17 @@ public:
         bool showsFoldersOnly = false; ///< must be a dialog of the window that shows and takes folders only
     };
 
+    /** What a colour dialog without options must look like, and the colour to choose in it; an invalid one cancels. */
+    struct Color
+    {
+        QString title;
+        QColor initial;
+        QColor answer;
+    };
+
     void expect(const Box &box);
     void expect(const File &file);
+    void expect(const Color &color);
 
     /**
      * Lets dialogs with this text or caption come, at any time and in any number, beside the expected ones.
@@ -55,16 +70,12 @@ public:
     QString faults() const;
 
 private:
-    struct Expected
-    {
-        bool isBox;
-        Box box;
-        File file;
-    };
+    using Expected = std::variant<Box, File, Color>;
 
     void look();
     void answer(QMessageBox &box);
-    void answer(class QFileDialog &dialog);
+    void answer(QFileDialog &dialog);
+    void answer(QColorDialog &dialog);
     void complain(const QString &what);
 
     QTimer m_timer;

@@ -5,11 +5,15 @@
 #include <QApplication>
 #include <QColor>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
+
+#include <algorithm>
 
 namespace {
 
@@ -209,6 +213,40 @@ bool Workspace::putOnPad(int button, int row, int col)
 bool Workspace::putOnKey(int button, int row, int col)
 {
     return gridView()->isVisible() && drag(dmx()->index(button, 0), gridView(), grid()->index(row, col));
+}
+
+QMenu *Workspace::rightClick(QTableView *view, const QPoint &point)
+{
+    activate();
+    const QWidget *before = QApplication::activePopupWidget();
+    QTest::mousePress(view->viewport(), Qt::RightButton, {}, point);
+    QContextMenuEvent request(QContextMenuEvent::Mouse, point, view->viewport()->mapToGlobal(point));
+    QApplication::sendEvent(view->viewport(), &request);
+    QTest::mouseRelease(view->viewport(), Qt::RightButton, {}, point);
+    QWidget *popup = QApplication::activePopupWidget();
+    return popup == before ? nullptr : qobject_cast<QMenu *>(popup);
+}
+
+QMenu *Workspace::rightClick(QTableView *view, const QModelIndex &cell)
+{
+    return rightClick(view, view->visualRect(cell).center());
+}
+
+bool Workspace::pick(QMenu *menu, const QStringList &path)
+{
+    for (const QString &text : path) {
+        if (!menu || !QTest::qWaitFor([menu] { return menu->isVisible(); }))
+            return false;
+        const QList<QAction *> actions = menu->actions();
+        const auto found = std::find_if(actions.cbegin(), actions.cend(),
+                                        [&text](const QAction *action) { return action->text() == text; });
+        if (found == actions.cend() || !(*found)->isEnabled() || menu->actionGeometry(*found).isEmpty())
+            return false;
+        QMenu *submenu = (*found)->menu();
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(*found).center());
+        menu = submenu;
+    }
+    return !menu;
 }
 
 bool Workspace::isTicked(int row)

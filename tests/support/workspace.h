@@ -11,6 +11,7 @@
 #include <memory>
 
 class QAction;
+class QMenu;
 
 /**
  * A fresh home folder with a program in it, reached as its users and the meta-object reach it: by object
@@ -129,6 +130,23 @@ public:
 
     /** Drags a Live Button, by its row, onto a key; whether the view took the drop. Needs MIDI Mapping mode. */
     bool putOnKey(int button, int row, int col);
+
+    /**
+     * Presses the right mouse button on a table and asks for the context menu there, through events of its
+     * viewport. As for every user, a cell that was not selected becomes the selection.
+     *
+     * @return the menu that popped up, or nothing
+     */
+    QMenu *rightClick(QTableView *view, const QPoint &point);
+    QMenu *rightClick(QTableView *view, const QModelIndex &cell);
+
+    /**
+     * Picks an entry of an open menu with the mouse.
+     *
+     * @param path  texts of the submenus on the way, then the entry's
+     * @return      false where one of them is missing, disabled or out of sight
+     */
+    static bool pick(QMenu *menu, const QStringList &path);
 
     /** Whether the Live Button in a row has its tick. */
     bool isTicked(int row);
