@@ -703,6 +703,8 @@ void TestMapping::writesCellsOutsideTheGrid_data()
                            << "2";
     QTest::newRow("left") << "2"
                           << "-1";
+    QTest::newRow("where a Switch key that is none lies") << "-1"
+                                                          << "-1";
     QTest::newRow("far") << "2147483647"
                          << "-2147483648";
 }
