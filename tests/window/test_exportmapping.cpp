@@ -586,8 +586,10 @@ private slots:
     void usesTheDefaultCodec();
     void noDevice();
     void noMapper();
+    void mapperCalledSimple();
     void mapperChangesAfterTheStart_data();
     void mapperChangesAfterTheStart();
+    void everyExportReadsAnew();
     void changesNothing_data();
     void changesNothing();
     void isNoSave();
@@ -746,55 +748,38 @@ void TestExportMapping::liveButtons_data()
     QTest::addColumn<QString>("script");
     QTest::addColumn<QString>("led");
     const QString none;
-    QTest::newRow("RGB pad, simple") << Mk2 << Simple << "play"
-                                     << "play ? on : off"
-                                     << "PAD_1_1"
-                                     << "os2l_button 'Strobe'"
-                                     << "os2l_button 'Strobe' ? color '#ff0000' : color 40% '#ff0000'";
-    QTest::newRow("RGB pad")
-        << Mk2 << Users << "play_pause"
-        << "play_pause ? on : off"
-        << "PAD_1_1"
-        << "var '$os2l' ? os2l_button 'Strobe' : play_pause"
-        << "var '$os2l' ? os2l_button 'Strobe' ? color '#ff0000' : color 40% '#ff0000' : play_pause ? on : off";
-    QTest::newRow("pad without scripts of its own")
-        << Mk2 << Users << none << none << "PAD_1_1"
-        << "var '$os2l' ? os2l_button 'Strobe'"
-        << "var '$os2l' ? os2l_button 'Strobe' ? color '#ff0000' : color 40% '#ff0000'";
-    QTest::newRow("pad whose LED alone has a script")
-        << Mk2 << Users << none << "play ? on : off"
-        << "PAD_1_1"
-        << "var '$os2l' ? os2l_button 'Strobe'"
-        << "var '$os2l' ? os2l_button 'Strobe' ? color '#ff0000' : color 40% '#ff0000' : play ? on : off";
-    QTest::newRow("palette pad, simple") << Akai << Simple << none << none << "ROW1_PAD1"
-                                         << "os2l_button 'Strobe'"
-                                         << "os2l_button 'Strobe' ? color 'green' : color 'yellow'";
-    QTest::newRow("palette pad") << Classic << Users << "play" << none << "1.1"
-                                 << "var '$os2l' ? os2l_button 'Strobe' : play"
-                                 << "var '$os2l' ? os2l_button 'Strobe' ? color '#FF0000' : color '#000000'";
-    QTest::newRow("button with a plain LED, simple") << Akai << Simple << none << none << "UP"
-                                                     << "os2l_button 'Strobe'"
-                                                     << "os2l_button 'Strobe' ? on : off";
-    QTest::newRow("button with a plain LED")
-        << Akai << Users << "play"
-        << "loop ? on : off"
-        << "UP"
-        << "var '$os2l' ? os2l_button 'Strobe' : play"
-        << "var '$os2l' ? os2l_button 'Strobe' ? on : off : loop ? on : off";
-    QTest::newRow("button whose LED follows its key")
-        << Akai << Users << "play" << none << "UP"
-        << "var '$os2l' ? os2l_button 'Strobe' : play"
-        << "var '$os2l' ? os2l_button 'Strobe' ? on : off : play";
-    QTest::newRow("button with a colour LED, simple")
-        << Mk2 << Simple << none << none << "BUT_HOR_1"
-        << "os2l_button 'Strobe'"
-        << "os2l_button 'Strobe' ? color '#ff0000' : color 30% '#ff0000'";
-    QTest::newRow("button with a colour LED")
-        << Mk2 << Users << "play"
-        << "loop ? on : off"
-        << "BUT_HOR_1"
-        << "var '$os2l' ? os2l_button 'Strobe' : play"
-        << "var '$os2l' ? os2l_button 'Strobe' ? color '#ff0000' : color 30% '#ff0000' : loop ? on : off";
+    const auto row = [](const char *what, int device, int mapperRow, const QString &own,
+                        const QString &ownLed, const QString &key, const QString &script,
+                        const QString &led) {
+        QTest::newRow(what) << device << mapperRow << own << ownLed << key << script << led;
+    };
+    row("RGB pad, simple", Mk2, Simple, "play", "play ? on : off", "PAD_1_1", "os2l_button 'Strobe'",
+        "os2l_button 'Strobe' ? color '#ff0000' : color 40% '#ff0000'");
+    row("RGB pad", Mk2, Users, "play_pause", "play_pause ? on : off", "PAD_1_1",
+        "var '$os2l' ? os2l_button 'Strobe' : play_pause",
+        "var '$os2l' ? os2l_button 'Strobe' ? color '#ff0000' : color 40% '#ff0000' : play_pause ? on : off");
+    row("pad without scripts of its own", Mk2, Users, none, none, "PAD_1_1",
+        "var '$os2l' ? os2l_button 'Strobe'",
+        "var '$os2l' ? os2l_button 'Strobe' ? color '#ff0000' : color 40% '#ff0000'");
+    row("pad whose LED alone has a script", Mk2, Users, none, "play ? on : off", "PAD_1_1",
+        "var '$os2l' ? os2l_button 'Strobe'",
+        "var '$os2l' ? os2l_button 'Strobe' ? color '#ff0000' : color 40% '#ff0000' : play ? on : off");
+    row("palette pad, simple", Akai, Simple, none, none, "ROW1_PAD1", "os2l_button 'Strobe'",
+        "os2l_button 'Strobe' ? color 'green' : color 'yellow'");
+    row("palette pad", Classic, Users, "play", none, "1.1", "var '$os2l' ? os2l_button 'Strobe' : play",
+        "var '$os2l' ? os2l_button 'Strobe' ? color '#FF0000' : color '#000000'");
+    row("button with a plain LED, simple", Akai, Simple, none, none, "UP", "os2l_button 'Strobe'",
+        "os2l_button 'Strobe' ? on : off");
+    row("button with a plain LED", Akai, Users, "play", "loop ? on : off", "UP",
+        "var '$os2l' ? os2l_button 'Strobe' : play",
+        "var '$os2l' ? os2l_button 'Strobe' ? on : off : loop ? on : off");
+    row("button whose LED follows its key", Akai, Users, "play", none, "UP",
+        "var '$os2l' ? os2l_button 'Strobe' : play", "var '$os2l' ? os2l_button 'Strobe' ? on : off : play");
+    row("button with a colour LED, simple", Mk2, Simple, none, none, "BUT_HOR_1", "os2l_button 'Strobe'",
+        "os2l_button 'Strobe' ? color '#ff0000' : color 30% '#ff0000'");
+    row("button with a colour LED", Mk2, Users, "play", "loop ? on : off", "BUT_HOR_1",
+        "var '$os2l' ? os2l_button 'Strobe' : play",
+        "var '$os2l' ? os2l_button 'Strobe' ? color '#ff0000' : color 30% '#ff0000' : loop ? on : off");
 }
 
 void TestExportMapping::liveButtons()
@@ -873,41 +858,33 @@ void TestExportMapping::ownColours_data()
     const QStringList offRed = {"Off Color", "red"};
     const QStringList onBlack = {"On Color", "black"};
     const QString none;
-    QTest::newRow("palette pad, off")
-        << Akai << "LED_ROW1_PAD1" << Clicks{offRed} << none << none << "color 'green' : color 'red'";
-    QTest::newRow("palette pad, on") << Akai << "LED_ROW1_PAD1" << Clicks{onBlack} << none << none
-                                     << "color 'black' : color 'yellow'";
-    QTest::newRow("palette pad, both") << Akai << "LED_ROW1_PAD1" << Clicks{offRed, onBlack} << none << none
-                                       << "color 'black' : color 'red'";
-    QTest::newRow("palette pad, default again")
-        << Akai << "LED_ROW1_PAD1" << Clicks{offRed, onBlack, {"Off Color", "default"}} << none << none
-        << "color 'black' : color 'yellow'";
-    QTest::newRow("palette pad, blinking") << Akai << "LED_ROW1_PAD1" << Clicks{blink} << none << none
-                                           << "blink ? color 'green' : color 'yellow' : color 'yellow'";
-    QTest::newRow("palette pad, all three")
-        << Akai << "LED_ROW1_PAD1" << Clicks{offRed, onBlack, blink} << none << none
-        << "blink ? color 'black' : color 'red' : color 'red'";
-    QTest::newRow("palette pad, no longer blinking") << Akai << "LED_ROW1_PAD1" << Clicks{blink, blink}
-                                                     << none << none << "color 'green' : color 'yellow'";
-    QTest::newRow("palette pad, a colour of another device's")
-        << Akai << "LED_ROW1_PAD1" << Clicks{} << "#55AA00"
-        << "#123456"
-        << "color '#123456' : color '#55AA00'";
-    QTest::newRow("RGB pad, off") << Mk2 << "LED_PAD_1_1" << Clicks{} << "#123456" << none
-                                  << "color '#008000' : color '#123456'";
-    QTest::newRow("RGB pad, on") << Mk2 << "LED_PAD_1_1" << Clicks{} << none << "#123456"
-                                 << "color '#123456' : color 40% '#008000'";
-    QTest::newRow("RGB pad, both, blinking") << Mk2 << "LED_PAD_1_1" << Clicks{blink} << "#123456"
-                                             << "#abcdef"
-                                             << "blink ? color '#abcdef' : color '#123456' : color '#123456'";
-    QTest::newRow("RGB pad, blinking")
-        << Mk2 << "LED_PAD_1_1" << Clicks{blink} << none << none
-        << "blink ? color '#008000' : color 40% '#008000' : color 40% '#008000'";
-    QTest::newRow("button with a plain LED has none")
-        << Akai << "LED_UP" << Clicks{offRed, onBlack, blink} << none << none << "on : off";
-    QTest::newRow("button with a colour LED has none") << Mk2 << "LED_BUT_HOR_1" << Clicks{blink} << "#123456"
-                                                       << "#abcdef"
-                                                       << "color '#008000' : color 30% '#008000'";
+    const auto row = [](const char *what, int device, const QString &led, const Clicks &clicks,
+                        const QString &off, const QString &on, const QString &shows) {
+        QTest::newRow(what) << device << led << clicks << off << on << shows;
+    };
+    row("palette pad, off", Akai, "LED_ROW1_PAD1", {offRed}, none, none, "color 'green' : color 'red'");
+    row("palette pad, on", Akai, "LED_ROW1_PAD1", {onBlack}, none, none, "color 'black' : color 'yellow'");
+    row("palette pad, both", Akai, "LED_ROW1_PAD1", {offRed, onBlack}, none, none,
+        "color 'black' : color 'red'");
+    row("palette pad, default again", Akai, "LED_ROW1_PAD1", {offRed, onBlack, {"Off Color", "default"}},
+        none, none, "color 'black' : color 'yellow'");
+    row("palette pad, blinking", Akai, "LED_ROW1_PAD1", {blink}, none, none,
+        "blink ? color 'green' : color 'yellow' : color 'yellow'");
+    row("palette pad, all three", Akai, "LED_ROW1_PAD1", {offRed, onBlack, blink}, none, none,
+        "blink ? color 'black' : color 'red' : color 'red'");
+    row("palette pad, no longer blinking", Akai, "LED_ROW1_PAD1", {blink, blink}, none, none,
+        "color 'green' : color 'yellow'");
+    row("palette pad, a colour of another device's", Akai, "LED_ROW1_PAD1", {}, "#55AA00", "#123456",
+        "color '#123456' : color '#55AA00'");
+    row("RGB pad, off", Mk2, "LED_PAD_1_1", {}, "#123456", none, "color '#008000' : color '#123456'");
+    row("RGB pad, on", Mk2, "LED_PAD_1_1", {}, none, "#123456", "color '#123456' : color 40% '#008000'");
+    row("RGB pad, both, blinking", Mk2, "LED_PAD_1_1", {blink}, "#123456", "#abcdef",
+        "blink ? color '#abcdef' : color '#123456' : color '#123456'");
+    row("RGB pad, blinking", Mk2, "LED_PAD_1_1", {blink}, none, none,
+        "blink ? color '#008000' : color 40% '#008000' : color 40% '#008000'");
+    row("button with a plain LED has none", Akai, "LED_UP", {offRed, onBlack, blink}, none, none, "on : off");
+    row("button with a colour LED has none", Mk2, "LED_BUT_HOR_1", {blink}, "#123456", "#abcdef",
+        "color '#008000' : color 30% '#008000'");
 }
 
 void TestExportMapping::ownColours()
@@ -941,73 +918,52 @@ void TestExportMapping::ownScripts_data()
     const Scripts none;
     const Scripts pad = {{"PAD_1_1", "play"}, {"LED_PAD_1_1", "play ? on : off"}};
     const Scripts bands = {{"UP", "play"}, {"LEFT", "stop"}, {"LED_LEFT", "stop ? on : off"}, {"PAN", "cue"}};
-    QTest::newRow("pad") << Mk2 << Users << pad << "PAD_1_1"
-                         << "var '$os2l' ? nothing : play";
-    QTest::newRow("pad's LED") << Mk2 << Users << pad << "LED_PAD_1_1"
-                               << "var '$os2l' ? color 'black' : play ? on : off";
-    QTest::newRow("pad, simple") << Mk2 << Simple << pad << "PAD_1_1"
-                                 << "nothing";
-    QTest::newRow("pad's LED, simple") << Mk2 << Simple << pad << "LED_PAD_1_1"
-                                       << "color 'black'";
-    QTest::newRow("pad without a script") << Mk2 << Users << none << "PAD_1_1"
-                                          << "var '$os2l' ? nothing";
-    QTest::newRow("LED of a pad without a script")
-        << Mk2 << Users << Scripts{{"LED_PAD_1_1", "play"}} << "LED_PAD_1_1"
-        << "var '$os2l' ? color 'black'";
-    QTest::newRow("LED without a script, of a pad with one")
-        << Mk2 << Users << Scripts{{"PAD_1_1", "play"}} << "LED_PAD_1_1"
-        << "var '$os2l' ? color 'black' : ";
-    QTest::newRow("button") << Akai << Users << bands << "UP"
-                            << "var '$os2l' ? nothing : play";
-    QTest::newRow("button, simple") << Akai << Simple << bands << "UP"
-                                    << "nothing";
-    QTest::newRow("button's LED, simple") << Akai << Simple << bands << "LED_UP"
-                                          << "off";
-    QTest::newRow("button without a script") << Akai << Users << bands << "SOLO"
-                                             << "var '$os2l' ? nothing";
-    QTest::newRow("LED of a button without a script") << Akai << Users << bands << "LED_SOLO"
-                                                      << "var '$os2l' ? off";
-    QTest::newRow("button's LED before the first that has a script") << Akai << Users << bands << "LED_UP"
-                                                                     << "var '$os2l' ? off : play";
-    QTest::newRow("first button's LED that has a script") << Akai << Users << bands << "LED_LEFT"
-                                                          << "var '$os2l' ? off : stop ? on : off";
-    QTest::newRow("button's LED behind the first that has a script") << Akai << Users << bands << "LED_PAN"
-                                                                     << "var '$os2l' ? off : ";
-    QTest::newRow("button's LED of any colour")
-        << Mk2 << Users << Scripts{{"BUT_HOR_1", "play"}} << "LED_BUT_HOR_1"
-        << "var '$os2l' ? off : play";
+    const auto row = [](const char *what, int device, int mapperRow, const Scripts &scripts,
+                        const QString &name, const QString &exported) {
+        QTest::newRow(what) << device << mapperRow << scripts << name << exported;
+    };
+    row("pad", Mk2, Users, pad, "PAD_1_1", "var '$os2l' ? nothing : play");
+    row("pad's LED", Mk2, Users, pad, "LED_PAD_1_1", "var '$os2l' ? color 'black' : play ? on : off");
+    row("pad, simple", Mk2, Simple, pad, "PAD_1_1", "nothing");
+    row("pad's LED, simple", Mk2, Simple, pad, "LED_PAD_1_1", "color 'black'");
+    row("pad without a script", Mk2, Users, none, "PAD_1_1", "var '$os2l' ? nothing");
+    row("LED of a pad without a script", Mk2, Users, {{"LED_PAD_1_1", "play"}}, "LED_PAD_1_1",
+        "var '$os2l' ? color 'black'");
+    row("LED without a script, of a pad with one", Mk2, Users, {{"PAD_1_1", "play"}}, "LED_PAD_1_1",
+        "var '$os2l' ? color 'black' : ");
+    row("button", Akai, Users, bands, "UP", "var '$os2l' ? nothing : play");
+    row("button, simple", Akai, Simple, bands, "UP", "nothing");
+    row("button's LED, simple", Akai, Simple, bands, "LED_UP", "off");
+    row("button without a script", Akai, Users, bands, "SOLO", "var '$os2l' ? nothing");
+    row("LED of a button without a script", Akai, Users, bands, "LED_SOLO", "var '$os2l' ? off");
+    row("button's LED before the first that has a script", Akai, Users, bands, "LED_UP",
+        "var '$os2l' ? off : play");
+    row("first button's LED that has a script", Akai, Users, bands, "LED_LEFT",
+        "var '$os2l' ? off : stop ? on : off");
+    row("button's LED behind the first that has a script", Akai, Users, bands, "LED_PAN",
+        "var '$os2l' ? off : ");
+    row("button's LED of any colour", Mk2, Users, {{"BUT_HOR_1", "play"}}, "LED_BUT_HOR_1",
+        "var '$os2l' ? off : play");
 
-    QTest::newRow("fader") << Akai << Users << Scripts{{"SLIDER3", "filter"}} << "SLIDER3"
-                           << "var '$os2l' ? os2l_cmd 3 : filter";
-    QTest::newRow("fader without a script") << Akai << Users << none << "SLIDER8"
-                                            << "var '$os2l' ? os2l_cmd 8";
-    QTest::newRow("fader, simple") << Akai << Simple << Scripts{{"SLIDER1", "filter"}} << "SLIDER1"
-                                   << "os2l_cmd 1";
-    QTest::newRow("control left alone") << MiniMk3 << Users << Scripts{{"SESSION", "play"}} << "SESSION"
-                                        << "play";
-    QTest::newRow("control left alone, simple") << Pro << Simple << none << "DNC_LED_ABLETON_MODE"
-                                                << factoryScripts(Pro).value("DNC_LED_ABLETON_MODE");
-    QTest::newRow("control left alone, without a script") << MiniMk3 << Users << none << "SESSION"
-                                                          << "";
-    QTest::newRow("silenced control") << Akai << Users << Scripts{{"SHIFT", "shift"}} << "SHIFT"
-                                      << "var '$os2l' ? nothing : shift";
-    QTest::newRow("silenced control without a script") << Akai << Users << none << "SHIFT"
-                                                       << "nothing";
-    QTest::newRow("silenced control, simple") << Akai << Simple << Scripts{{"SHIFT", "shift"}} << "SHIFT"
-                                              << "nothing";
+    row("fader", Akai, Users, {{"SLIDER3", "filter"}}, "SLIDER3", "var '$os2l' ? os2l_cmd 3 : filter");
+    row("fader without a script", Akai, Users, none, "SLIDER8", "var '$os2l' ? os2l_cmd 8");
+    row("fader, simple", Akai, Simple, {{"SLIDER1", "filter"}}, "SLIDER1", "os2l_cmd 1");
+    row("control left alone", MiniMk3, Users, {{"SESSION", "play"}}, "SESSION", "play");
+    row("control left alone, simple", Pro, Simple, none, "DNC_LED_ABLETON_MODE",
+        factoryScripts(Pro).value("DNC_LED_ABLETON_MODE"));
+    row("control left alone, without a script", MiniMk3, Users, none, "SESSION", "");
+    row("silenced control", Akai, Users, {{"SHIFT", "shift"}}, "SHIFT", "var '$os2l' ? nothing : shift");
+    row("silenced control without a script", Akai, Users, none, "SHIFT", "nothing");
+    row("silenced control, simple", Akai, Simple, {{"SHIFT", "shift"}}, "SHIFT", "nothing");
 
-    QTest::newRow("quotes, ampersands and brackets")
-        << Mk2 << Users << Scripts{{"PAD_1_1", "say 'x' \"y\" & go && a<b>c&d"}} << "PAD_1_1"
-        << "var '$os2l' ? nothing : say 'x' &quot;y&quot; &amp; go && a<b>c&d";
-    QTest::newRow("wrapped by an earlier export")
-        << Mk2 << Users << Scripts{{"PAD_1_1", "var '$os2l' ? os2l_button 'Old' : play"}} << "PAD_1_1"
-        << "var '$os2l' ? nothing : play";
-    QTest::newRow("Switch of an earlier export")
-        << Mk2 << Users << Scripts{{"PAD_1_1", "toggle '$os2l'"}} << "PAD_1_1"
-        << "var '$os2l' ? nothing";
-    QTest::newRow("control left alone that was wrapped")
-        << MiniMk3 << Users << Scripts{{"SESSION", "var '$os2l' ? nothing : play"}} << "SESSION"
-        << "play";
+    row("quotes, ampersands and brackets", Mk2, Users, {{"PAD_1_1", "say 'x' \"y\" & go && a<b>c&d"}},
+        "PAD_1_1", "var '$os2l' ? nothing : say 'x' &quot;y&quot; &amp; go && a<b>c&d");
+    row("wrapped by an earlier export", Mk2, Users, {{"PAD_1_1", "var '$os2l' ? os2l_button 'Old' : play"}},
+        "PAD_1_1", "var '$os2l' ? nothing : play");
+    row("Switch of an earlier export", Mk2, Users, {{"PAD_1_1", "toggle '$os2l'"}}, "PAD_1_1",
+        "var '$os2l' ? nothing");
+    row("control left alone that was wrapped", MiniMk3, Users, {{"SESSION", "var '$os2l' ? nothing : play"}},
+        "SESSION", "play");
 }
 
 void TestExportMapping::ownScripts()
@@ -1037,25 +993,25 @@ void TestExportMapping::switches_data()
     const QStringList none;
     const QStringList own = {"red", "black"};
     const QString toggle = "toggle '$os2l'";
-    QTest::newRow("RGB pad") << Mk2 << Users << "PAD_1_1" << none << toggle
-                             << "var '$os2l' ? color '#000000' : color 30% '#000000'";
-    QTest::newRow("RGB pad with colours of its own") << Mk2 << Users << "PAD_1_1" << own << toggle
-                                                     << "var '$os2l' ? color '#000000' : color 30% '#000000'";
-    QTest::newRow("palette pad") << Akai << Users << "ROW1_PAD1" << none << toggle
-                                 << "var '$os2l' ? color 'green' : color 'yellow'";
-    QTest::newRow("palette pad with colours of its own")
-        << Akai << Users << "ROW1_PAD1" << own << toggle << "var '$os2l' ? color 'black' : color 'red'";
-    QTest::newRow("button with a plain LED") << Akai << Users << "UP" << own << toggle << "var '$os2l'";
-    QTest::newRow("button with a colour LED")
-        << Mk2 << Users << "BUT_HOR_1" << none << toggle << "var '$os2l'";
-    QTest::newRow("pad around the factory mapper")
-        << Akai << Factory << "ROW1_PAD1" << none << toggle << "var '$os2l' ? color 'green' : color 'yellow'";
-    QTest::newRow("RGB pad, simple") << Mk2 << Simple << "PAD_1_1" << none << "nothing"
-                                     << "color 'black'";
-    QTest::newRow("palette pad, simple") << Akai << Simple << "ROW1_PAD1" << own << "nothing"
-                                         << "color 'black'";
-    QTest::newRow("button, simple") << Akai << Simple << "UP" << none << "nothing"
-                                    << "off";
+    const auto row = [](const char *what, int device, int mapperRow, const QString &key,
+                        const QStringList &colors, const QString &script, const QString &led) {
+        QTest::newRow(what) << device << mapperRow << key << colors << script << led;
+    };
+    row("RGB pad", Mk2, Users, "PAD_1_1", none, toggle,
+        "var '$os2l' ? color '#000000' : color 30% '#000000'");
+    row("RGB pad with colours of its own", Mk2, Users, "PAD_1_1", own, toggle,
+        "var '$os2l' ? color '#000000' : color 30% '#000000'");
+    row("palette pad", Akai, Users, "ROW1_PAD1", none, toggle,
+        "var '$os2l' ? color 'green' : color 'yellow'");
+    row("palette pad with colours of its own", Akai, Users, "ROW1_PAD1", own, toggle,
+        "var '$os2l' ? color 'black' : color 'red'");
+    row("button with a plain LED", Akai, Users, "UP", own, toggle, "var '$os2l'");
+    row("button with a colour LED", Mk2, Users, "BUT_HOR_1", none, toggle, "var '$os2l'");
+    row("pad around the factory mapper", Akai, Factory, "ROW1_PAD1", none, toggle,
+        "var '$os2l' ? color 'green' : color 'yellow'");
+    row("RGB pad, simple", Mk2, Simple, "PAD_1_1", none, "nothing", "color 'black'");
+    row("palette pad, simple", Akai, Simple, "ROW1_PAD1", own, "nothing", "color 'black'");
+    row("button, simple", Akai, Simple, "UP", none, "nothing", "off");
 }
 
 void TestExportMapping::switches()
@@ -1437,6 +1393,18 @@ void TestExportMapping::noMapper()
     QCOMPARE(exported(space, Akai), file("APCMINI", {}));
 }
 
+void TestExportMapping::mapperCalledSimple()
+{
+    Workspace space;
+    const QString name = "Simple OS2L mapping"; // as the first mapper is called, which alone is simple
+    QVERIFY(store(space.mappersFolder() + "/" + name + ".xml", mapper("LAUNCHPAD2", {{"PAD_1_1", "play"}})));
+    QVERIFY2(start(space, Mk2, Users), qPrintable(space.dialogs.faults()));
+    QCOMPARE(space.find<QComboBox>("mididevices")->currentText(), name);
+    QVERIFY(space.putOnKey(Strobe, 2, 2));
+    QVERIFY2(exports(space, Mk2), qPrintable(space.dialogs.faults()));
+    QCOMPARE(in(exported(space, Mk2), "PAD_1_1"), script("var '$os2l' ? os2l_button 'Strobe' : play"));
+}
+
 void TestExportMapping::mapperChangesAfterTheStart_data()
 {
     QTest::addColumn<QByteArray>("content"); // null where the file is gone
@@ -1468,6 +1436,30 @@ void TestExportMapping::mapperChangesAfterTheStart()
     QVERIFY(content.isNull() ? QFile::remove(path) : store(path, content));
     QVERIFY2(exports(space, Mk2), qPrintable(space.dialogs.faults()));
     QCOMPARE(difference(exported(space, Mk2), hasKeys ? expected(plan) : file("LAUNCHPAD2", {})), QString());
+}
+
+void TestExportMapping::everyExportReadsAnew()
+{
+    Workspace space;
+    QVERIFY2(startWith(space, Mk2, {{"PAD_1_1", "play"}}), qPrintable(space.dialogs.faults()));
+    Plan plan = {Mk2, false, {{"PAD_1_1", "play"}}};
+    QVERIFY(assign(space, plan, Fog, {2, 2}));
+    QVERIFY2(exports(space, Mk2), qPrintable(space.dialogs.faults()));
+    QCOMPARE(difference(exported(space, Mk2), expected(plan)), QString());
+
+    plan.scripts = {{"PAD_1_1", "cue"}};
+    QVERIFY(store(space.mappersFolder() + "/Mine.xml", mapper("LAUNCHPAD2", plan.scripts)));
+    QVERIFY(assign(space, plan, Strobe, {2, 3}));
+    space.dialogs.expect(overwrite(Mk2, QMessageBox::Yes));
+    QVERIFY2(exports(space, Mk2), qPrintable(space.dialogs.faults()));
+    QCOMPARE(difference(exported(space, Mk2), expected(plan)), QString());
+
+    QVERIFY(space.choose("devicescombo", Pro));
+    plan.device = Pro;
+    plan.isSimple = true;
+    plan.scripts = factoryScripts(Pro);
+    QVERIFY2(exports(space, Pro), qPrintable(space.dialogs.faults()));
+    QCOMPARE(difference(exported(space, Pro), expected(plan)), QString());
 }
 
 void TestExportMapping::changesNothing_data()
