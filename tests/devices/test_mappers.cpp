@@ -1,0 +1,623 @@
+#include "devices/catalogue.h"
+#include "devices/xmlfile.h"
+#include "support/workspace.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QDomDocument>
+#include <QElapsedTimer>
+#include <QTextCodec>
+
+#include <sys/stat.h>
+
+namespace {
+
+/** Name and content, in the order in which the files are written. */
+using Files = QList<QPair<QString, QByteArray>>;
+
+/** What the AKAI's combo box offers without any mapper on disk. */
+const QStringList BuiltIn = {"Simple OS2L mapping", "AKAI APC Mini mapping (factory)"};
+
+/** A mapper for a controller. */
+QByteArray mapper(const QByteArray &device = "APCMINI", const QByteArray &body = {})
+{
+    return "<mapper device=\"" + device + "\">" + body + "</mapper>";
+}
+
+/** An AKAI mapper from its start tag on, to be closed or not. */
+QByteArray opened(const QByteArray &rest)
+{
+    return "<mapper device=\"APCMINI\">" + rest;
+}
+
+QByteArray nested(int depth, const QByteArray &opening = "<x>", const QByteArray &closing = "</x>")
+{
+    return opening.repeated(depth) + closing.repeated(depth);
+}
+
+/** A text in an encoding, without a byte order mark. */
+QByteArray encoded(const QString &text, const char *codec)
+{
+    const std::unique_ptr<QTextEncoder> encoder(
+        QTextCodec::codecForName(codec)->makeEncoder(QTextCodec::IgnoreHeader));
+    return encoder->fromUnicode(text);
+}
+
+QByteArray manyAttributes(int count)
+{
+    QByteArray element = "<map";
+    for (int i = 0; i < count; ++i)
+        element += " a" + QByteArray::number(i) + "=''";
+    return element + "/>";
+}
+
+bool writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+bool writeFiles(const QString &folder, const Files &files)
+{
+    for (const auto &[name, content] : files) {
+        if (!writeFile(folder + "/" + name, content))
+            return false;
+    }
+    return true;
+}
+
+QStringList shown(const QList<Record> &mappers, const QString &folder)
+{
+    QStringList lines;
+    for (const Record &record : mappers) {
+        QStringList entries;
+        for (auto entry = record.cbegin(); entry != record.cend(); ++entry)
+            entries += entry.key() + "=" + entry.value();
+        lines += entries.join(" | ").replace(folder + "/", "");
+    }
+    return lines;
+}
+
+QStringList itemsOf(QComboBox *combo)
+{
+    QStringList items;
+    for (int i = 0; i < combo->count(); ++i)
+        items += combo->itemText(i);
+    return items;
+}
+
+QStringList offered(Workspace &space)
+{
+    return itemsOf(space.find<QComboBox>("mididevices"));
+}
+
+} // namespace
+
+/** The mappers that users have on disk: found, read without harm, and offered behind our own. */
+class TestMappers final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void finds_data();
+    void finds();
+    void findsNothingInAFolderThatIsNone();
+    void offers_data();
+    void offers();
+    void offersMappersOfEachDevice();
+    void offersWhatLinksLeadTo();
+    void passesOverWhatIsNoFile();
+    void passesOverFilesThatCannotBeOpened();
+    void startsWithoutAFolder();
+    void looksForMappersOnlyAtTheStart();
+    void tellsPositions();
+    void tellsDevices();
+    void comesUnharmedThrough_data();
+    void comesUnharmedThrough();
+    void refusesLongFiles();
+    void readsLikeAPlainDocument_data();
+    void readsLikeAPlainDocument();
+    void readsNothingWhereThereIsNoFile();
+};
+
+void TestMappers::finds_data()
+{
+    QTest::addColumn<Files>("files");
+    QTest::addColumn<QStringList>("mappers");
+
+    QTest::newRow("no files") << Files{} << QStringList();
+    QTest::newRow("a mapper") << Files{{"My set.xml", mapper()}}
+                              << QStringList{"device=APCMINI | name=My set | path=My set.xml"};
+    QTest::newRow("a controller that we do not know")
+        << Files{{"A.xml", mapper("OTHER")}} << QStringList{"device=OTHER | name=A | path=A.xml"};
+    QTest::newRow("no device") << Files{{"A.xml", "<mapper/>"}}
+                               << QStringList{"device= | name=A | path=A.xml"};
+    QTest::newRow("the attribute in capitals")
+        << Files{{"A.xml", "<mapper Device='APCMINI'/>"}} << QStringList{"device= | name=A | path=A.xml"};
+    QTest::newRow("the device as it stands") << Files{{"A.xml", mapper(" apc&amp;mini ")}}
+                                             << QStringList{"device= apc&mini  | name=A | path=A.xml"};
+    QTest::newRow("several mappers in one file")
+        << Files{{"A.xml", "<a>" + mapper("ONE") + "<b>" + mapper("TWO", mapper("THREE")) + "</b></a>"}}
+        << QStringList{"device=ONE | name=A | path=A.xml", "device=TWO | name=A | path=A.xml",
+                       "device=THREE | name=A | path=A.xml"};
+    QTest::newRow("by file name without case")
+        << Files{{"delta.xml", mapper("D")},
+                 {"Charlie.xml", mapper("C")},
+                 {"alpha.xml", mapper("A")},
+                 {"Bravo.xml", mapper("B")}}
+        << QStringList{"device=A | name=alpha | path=alpha.xml", "device=B | name=Bravo | path=Bravo.xml",
+                       "device=C | name=Charlie | path=Charlie.xml",
+                       "device=D | name=delta | path=delta.xml"};
+    QTest::newRow("the name ends at the first full stop")
+        << Files{{"my.set.xml", mapper()}} << QStringList{"device=APCMINI | name=my | path=my.set.xml"};
+    QTest::newRow("the ending in capitals")
+        << Files{{"A.XML", mapper()}} << QStringList{"device=APCMINI | name=A | path=A.XML"};
+    QTest::newRow("another ending") << Files{{"A.txt", mapper()},
+                                             {"A.xml.bak", mapper()},
+                                             {"xml", mapper()},
+                                             {"Axml", mapper()}}
+                                    << QStringList();
+    QTest::newRow("hidden files") << Files{{".xml", mapper()}, {".A.xml", mapper()}} << QStringList();
+    QTest::newRow("another element") << Files{{"A.xml", "<map device='APCMINI'/>"},
+                                              {"B.xml", "<Mapper device='APCMINI'/>"},
+                                              {"C.xml", "<x:mapper xmlns:x='urn:x' device='APCMINI'/>"},
+                                              {"D.xml", "<layout name='APCMINI'/>"}}
+                                     << QStringList();
+    QTest::newRow("letters beyond ASCII")
+        << Files{{QString::fromUtf8("Größe.xml"), mapper("\xC3\x9C")}}
+        << QStringList{QString::fromUtf8("device=Ü | name=Größe | path=Größe.xml")};
+    QTest::newRow("a broken file hides no other")
+        << Files{{"A.xml", opened("")}, {"B.xml", mapper()}, {"C.xml", ""}, {"D.xml", mapper()}}
+        << QStringList{"device=APCMINI | name=B | path=B.xml", "device=APCMINI | name=D | path=D.xml"};
+}
+
+void TestMappers::finds()
+{
+    QFETCH(const Files, files);
+    QFETCH(const QStringList, mappers);
+
+    const QTemporaryDir folder;
+    QVERIFY(folder.isValid());
+    QVERIFY(writeFiles(folder.path(), files));
+    QCOMPARE(shown(findMappers(folder.path()), folder.path()), mappers);
+}
+
+void TestMappers::findsNothingInAFolderThatIsNone()
+{
+    const QTemporaryDir folder;
+    QVERIFY(writeFile(folder.filePath("file"), mapper()));
+    QCOMPARE(findMappers(folder.filePath("missing")).size(), 0);
+    QCOMPARE(findMappers(folder.filePath("file")).size(), 0);
+}
+
+void TestMappers::offers_data()
+{
+    QTest::addColumn<Files>("files");
+    QTest::addColumn<QStringList>("names");
+
+    const QString text = "<?xml version=\"1.0\"?>\n" + QString(mapper()) + "\n";
+    const QString withReturns = QString(text).replace("\n", "\r\n");
+    const QByteArray latin = "<?xml version='1.0' encoding='ISO-8859-1'?>";
+
+    QTest::newRow("none") << Files{} << QStringList();
+    QTest::newRow("one") << Files{{"Evening.xml", mapper()}} << QStringList{"Evening"};
+    QTest::newRow("by file name without case")
+        << Files{{"c.xml", mapper()}, {"B.xml", mapper()}, {"a.xml", mapper()}} << QStringList{"a", "B", "c"};
+    QTest::newRow("strangers are left out")
+        << Files{{"A.xml", mapper("OTHER")},    {"B.xml", mapper()},           {"C.xml", "<mapper/>"},
+                 {"D.xml", mapper("apcmini")},  {"E.xml", mapper("APCMINI ")}, {"F.xml", mapper("")},
+                 {"G.xml", mapper("LAUNCHPAD")}}
+        << QStringList{"B"};
+    QTest::newRow("each mapper of a file")
+        << Files{{"A.xml", "<a>" + mapper() + mapper("OTHER") + mapper() + "</a>"}} << QStringList{"A", "A"};
+    QTest::newRow("the name ends at the first full stop")
+        << Files{{"my.set.xml", mapper()}} << QStringList{"my"};
+    QTest::newRow("two files of one name shown")
+        << Files{{"my.set.xml", mapper()}, {"my.xml", mapper()}} << QStringList{"my", "my"};
+    QTest::newRow("UTF-8 with a byte order mark")
+        << Files{{"A.xml", "\xEF\xBB\xBF" + text.toUtf8()}} << QStringList{"A"};
+    QTest::newRow("UTF-8 with CR LF") << Files{{"A.xml", withReturns.toUtf8()}} << QStringList{"A"};
+    QTest::newRow("UTF-16, low byte first, LF")
+        << Files{{"A.xml", "\xFF\xFE" + encoded(text, "UTF-16LE")}} << QStringList{"A"};
+    QTest::newRow("UTF-16, high byte first, LF")
+        << Files{{"A.xml", "\xFE\xFF" + encoded(text, "UTF-16BE")}} << QStringList{"A"};
+    // Opened as text, a file loses its carriage return bytes, and here each leaves half a sign behind.
+    QTest::newRow("UTF-16, low byte first, CR LF")
+        << Files{{"A.xml", "\xFF\xFE" + encoded(withReturns, "UTF-16LE")}} << QStringList();
+    QTest::newRow("UTF-16, high byte first, CR LF")
+        << Files{{"A.xml", "\xFE\xFF" + encoded(withReturns, "UTF-16BE")}} << QStringList();
+    QTest::newRow("Latin-1, declared")
+        << Files{{"A.xml", latin + mapper("APCMINI", "<map value='\xDC'/>")}} << QStringList{"A"};
+    QTest::newRow("wrongly encoded bytes")
+        << Files{{"A.xml", mapper("APCMINI", "<map value='\xDC\xFF'/>")}} << QStringList{"A"};
+    QTest::newRow("an encoding that nobody knows")
+        << Files{{"A.xml", "<?xml version='1.0' encoding='nobody-knows'?>" + mapper()}} << QStringList{"A"};
+}
+
+void TestMappers::offers()
+{
+    QFETCH(const Files, files);
+    QFETCH(const QStringList, names);
+
+    Workspace space;
+    QVERIFY(writeFiles(space.mappersFolder(), files));
+    QCOMPARE(offered(space), BuiltIn + names);
+}
+
+void TestMappers::offersMappersOfEachDevice()
+{
+    const QStringList identifiers = {"APCMINI",      "NLMINIMK3",  "LAUNCHPADMINI", "LAUNCHPAD2",
+                                     "LAUNCHPADPRO", "LAUNCHPADS", "LAUNCHPAD"};
+    Workspace space;
+    for (const QString &identifier : identifiers)
+        QVERIFY(
+            writeFile(space.mappersFolder() + "/for " + identifier + ".xml", mapper(identifier.toLatin1())));
+    auto *devices = space.find<QComboBox>("devicescombo");
+    QCOMPARE(devices->count(), identifiers.size());
+    for (int i = 0; i < identifiers.size(); ++i) {
+        devices->setCurrentIndex(i);
+        QCOMPARE(offered(space),
+                 (QStringList{"Simple OS2L mapping", devices->itemText(i) + " mapping (factory)",
+                              "for " + identifiers.at(i)}));
+    }
+}
+
+void TestMappers::offersWhatLinksLeadTo()
+{
+    Workspace space;
+    const QString folder = space.mappersFolder();
+    QVERIFY(writeFile(space.home() + "/target.txt", mapper()));
+    QVERIFY(QFile::link(space.home() + "/target.txt", folder + "/Link.xml"));
+    QVERIFY(QFile::link(space.home() + "/gone.xml", folder + "/Dead.xml"));
+    QVERIFY(QFile::link(folder + "/Ring.xml", folder + "/Ring.xml"));
+    QCOMPARE(offered(space), BuiltIn + QStringList{"Link"});
+}
+
+void TestMappers::passesOverWhatIsNoFile()
+{
+    QElapsedTimer time;
+    Workspace space;
+    const QString folder = space.mappersFolder();
+    QVERIFY(QDir(folder).mkdir("x.xml"));
+    QVERIFY(writeFile(folder + "/x.xml/inner.xml", mapper()));
+    QVERIFY(QFile::link(folder + "/x.xml", folder + "/Folder.xml"));
+    QCOMPARE(mkfifo(QFile::encodeName(folder + "/Pipe.xml").constData(), 0600), 0);
+    QCOMPARE(mkfifo(QFile::encodeName(space.home() + "/pipe").constData(), 0600), 0);
+    QVERIFY(QFile::link(space.home() + "/pipe", folder + "/Link to a pipe.xml"));
+    QVERIFY(QFile::link("/dev/zero", folder + "/Zero.xml"));
+    QVERIFY(writeFile(folder + "/Zoo.xml", mapper()));
+    time.start();
+    QCOMPARE(offered(space), BuiltIn + QStringList{"Zoo"});
+    QVERIFY(time.elapsed() < 2000);
+
+    // Asked for by their names, they are no more readable.
+    for (const QString name : {"x.xml", "Pipe.xml", "Link to a pipe.xml", "Zero.xml"}) {
+        QVERIFY(readXmlFile(folder + "/" + name, LongestMapper).isNull());
+        QVERIFY(!readFile(folder + "/" + name, LongestMapper, QIODevice::ReadOnly));
+    }
+}
+
+void TestMappers::passesOverFilesThatCannotBeOpened()
+{
+    Workspace space;
+    const QString path = space.mappersFolder() + "/A.xml";
+    QVERIFY(writeFile(path, mapper()));
+    QVERIFY(writeFile(space.mappersFolder() + "/B.xml", mapper()));
+    QVERIFY(QFile::setPermissions(path, {}));
+    // The system's administrator opens it all the same.
+    const bool isOpen = QFile(path).open(QIODevice::ReadOnly);
+    QCOMPARE(offered(space), BuiltIn + (isOpen ? QStringList{"A", "B"} : QStringList{"B"}));
+}
+
+void TestMappers::startsWithoutAFolder()
+{
+    Workspace space;
+    QVERIFY(QDir(space.mappersFolder()).removeRecursively());
+    QCOMPARE(offered(space), BuiltIn);
+    QVERIFY(!QFileInfo::exists(space.mappersFolder()));
+}
+
+void TestMappers::looksForMappersOnlyAtTheStart()
+{
+    Workspace space;
+    space.window();
+    space.dialogs.expect(ExpectedDialogs::Box{"Mapping OS2L DMX for AKAI APC Mini is created.",
+                                              "Select it from Controllers tab of VirtualDJ Settings."});
+    QVERIFY(space.ask<bool>("exportmapping"));
+    QCOMPARE(space.dialogs.faults(), QString());
+    QCOMPARE(offered(space), BuiltIn);
+
+    auto *devices = space.find<QComboBox>("devicescombo");
+    devices->setCurrentIndex(1);
+    devices->setCurrentIndex(0);
+    QCOMPARE(offered(space), BuiltIn);
+    QCOMPARE(findMappers(space.mappersFolder()).size(), 1);
+}
+
+void TestMappers::tellsPositions()
+{
+    Workspace space;
+    QVERIFY(writeFiles(space.mappersFolder(), {{"A.xml", mapper("LAUNCHPAD")},
+                                               {"B.xml", mapper("OTHER")},
+                                               {"C.xml", mapper()},
+                                               {"D.xml", mapper("LAUNCHPAD")}}));
+    const auto position = [&space](const QString &device, int index) {
+        return space.ask<int>("getmapperid", device, index);
+    };
+    QCOMPARE(position("APCMINI", 0), 0);
+    QCOMPARE(position("APCMINI", 1), 1);
+    QCOMPARE(position("APCMINI", 2), 15); // behind two for each of seven devices, and A
+    QCOMPARE(position("APCMINI", 4), -1);
+    QCOMPARE(position("LAUNCHPAD", 0), 12);
+    QCOMPARE(position("LAUNCHPAD", 1), 13);
+    QCOMPARE(position("LAUNCHPAD", 2), 14);
+    QCOMPARE(position("LAUNCHPAD", 3), 16);
+    QCOMPARE(position("LAUNCHPAD", 5), -1);
+    QCOMPARE(position("apcmini", 1), -1);
+    QCOMPARE(position("OTHER", 1), -1);
+    QCOMPARE(position("", 1), -1);
+}
+
+void TestMappers::tellsDevices()
+{
+    Workspace space;
+    const QStringList identifiers = {"APCMINI",      "NLMINIMK3",  "LAUNCHPADMINI", "LAUNCHPAD2",
+                                     "LAUNCHPADPRO", "LAUNCHPADS", "LAUNCHPAD"};
+    for (int i = 0; i < identifiers.size(); ++i) {
+        QCOMPARE(space.ask<int>("getdeviceindex", identifiers.at(i)), i);
+        QVERIFY(space.ask<bool>("deviceinlist", identifiers.at(i)));
+    }
+    for (const QString name : {"", "OTHER", "apcmini", "APCMINI ", "APC", "AKAI APC Mini", "LAUNCHPADMK2"}) {
+        QCOMPARE(space.ask<int>("getdeviceindex", name), -1);
+        QVERIFY(!space.ask<bool>("deviceinlist", name));
+    }
+}
+
+void TestMappers::comesUnharmedThrough_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<bool>("isOffered");
+
+    const QByteArray declaration = "<?xml version=\"1.0\"?>";
+    const QByteArray rows = "<map value='A' action='b'/>";
+    QByteArray explosion = "<!DOCTYPE mapper [<!ENTITY e0 'boom'>";
+    for (int i = 1; i <= 9; ++i)
+        explosion += "<!ENTITY e" + QByteArray::number(i) + " '"
+                     + ("&e" + QByteArray::number(i - 1) + ";").repeated(10) + "'>";
+    explosion += "]>";
+
+    QTest::newRow("fifty thousand rows") << opened(rows.repeated(50000) + "</mapper>") << true;
+    QTest::newRow("a million rows") << opened(rows.repeated(1000000) + "</mapper>") << false;
+    QTest::newRow("100 MB of zeros") << QByteArray(100 << 20, '\0') << false;
+    QTest::newRow("4 MB of zeros") << QByteArray(4 << 20, '\0') << false;
+    QTest::newRow("4 MB of opening brackets") << QByteArray(4 << 20, '<') << false;
+    QTest::newRow("4 MB of quotes in a tag") << opened("<x " + QByteArray(4000000, '"')) << false;
+    QTest::newRow("entities that explode in text")
+        << declaration + explosion + mapper("APCMINI", "&e9;") << false;
+    QTest::newRow("entities that explode in an attribute")
+        << declaration + explosion + mapper("APCMINI", "<x a='&e9;'/>") << false;
+    QTest::newRow("an entity that holds itself")
+        << "<!DOCTYPE mapper [<!ENTITY a '&b;'><!ENTITY b '&a;'>]>" + mapper("APCMINI", "&a;") << false;
+    QTest::newRow("an entity declared and used")
+        << "<!DOCTYPE mapper [<!ENTITY d 'APCMINI'>]>" + mapper("&d;") << false;
+    QTest::newRow("an entity from a file")
+        << "<!DOCTYPE mapper [<!ENTITY d SYSTEM '/dev/zero'>]>" + mapper("APCMINI", "&d;") << false;
+    QTest::newRow("a document type") << "<!DOCTYPE mapper>" + mapper() << true;
+    QTest::newRow("a document type from elsewhere")
+        << declaration + "\n<!DOCTYPE mapper SYSTEM \"mapper>.dtd\">\n" + mapper() << true;
+
+    // The mapper itself is the first level.
+    QTest::newRow("100 deep") << opened(nested(99) + "</mapper>") << true;
+    QTest::newRow("100 deep, and an element without content")
+        << opened(nested(99, "<x>", "<y/></x>") + "</mapper>") << true;
+    QTest::newRow("100 deep, many times over") << opened(nested(99).repeated(50) + "</mapper>") << true;
+    QTest::newRow("101 deep") << opened(nested(100) + "</mapper>") << false;
+    QTest::newRow("101 deep, at the end only")
+        << opened(rows.repeated(100) + nested(5).repeated(100) + nested(100) + "</mapper>") << false;
+    QTest::newRow("100,000 deep") << opened(nested(100000) + "</mapper>") << false;
+    QTest::newRow("100,000 deep, not closed") << opened(QByteArray("<x>").repeated(100000)) << false;
+    QTest::newRow("100,000 deep, closed too often")
+        << opened(nested(100000)) + QByteArray("</x>").repeated(100000) << false;
+    QTest::newRow("closed before it is opened")
+        << QByteArray("</x>").repeated(100000) + opened(nested(100000) + "</mapper>") << false;
+    QTest::newRow("flat, but long") << opened(nested(1).repeated(100000) + "</mapper>") << true;
+
+    QTest::newRow("tags in a comment")
+        << opened("<!--" + QByteArray("<x>").repeated(500) + "--></mapper>") << true;
+    QTest::newRow("tags in marked text")
+        << opened("<![CDATA[" + QByteArray("<x>").repeated(500) + "]]></mapper>") << true;
+    QTest::newRow("tags in an instruction")
+        << opened("<?do " + QByteArray("<x>").repeated(500) + "?></mapper>") << true;
+    QTest::newRow("a document type in a comment")
+        << "<!-- <!DOCTYPE mapper [<!ENTITY d 'x'>]> -->" + mapper() << true;
+    QTest::newRow("a document type in marked text")
+        << opened("<![CDATA[<!DOCTYPE mapper [<!ENTITY d 'x'>]>]]></mapper>") << true;
+    QTest::newRow("brackets in double quotes")
+        << opened(QByteArray("<x a=\"'>\"/>").repeated(500) + "</mapper>") << true;
+    QTest::newRow("brackets in single quotes")
+        << opened(QByteArray("<x a='\">'/>").repeated(500) + "</mapper>") << true;
+    QTest::newRow("a blank before the end of an element without content")
+        << opened(QByteArray("<x a='b' />").repeated(500) + "</mapper>") << true;
+    QTest::newRow("quotes in text") << opened(QByteArray("<x>it's \"</x>").repeated(500) + "</mapper>")
+                                    << true;
+    QTest::newRow("a quote in a comment") << opened("<!-- it's --><x/></mapper>") << true;
+    QTest::newRow("deep behind closing tags in comments")
+        << opened(nested(5000, "<x><!-- </x> -->") + "</mapper>") << false;
+    QTest::newRow("deep behind closing tags in marked text")
+        << opened(nested(5000, "<x><![CDATA[</x>]]>") + "</mapper>") << false;
+    QTest::newRow("deep behind closing tags in instructions")
+        << opened(nested(5000, "<x><?do </x> ?>") + "</mapper>") << false;
+    QTest::newRow("deep behind closing tags in attributes")
+        << opened(nested(5000, "<x a=\"&lt;/x></x>\">") + "</mapper>") << false;
+    QTest::newRow("deep behind a slash in quotes")
+        << opened(nested(5000, "<x a='/'>") + "</mapper>") << false;
+    QTest::newRow("deep behind a slash and a bracket in quotes")
+        << opened(nested(5000, "<x a='/>'>") + "</mapper>") << false;
+    QTest::newRow("deep behind a comment that seems to end at once")
+        << opened("<!--> --> " + nested(5000) + "</mapper>") << false;
+
+    QTest::newRow("200,000 attributes in one element")
+        << opened(manyAttributes(200000) + "</mapper>") << true;
+    QTest::newRow("a namespace at every element")
+        << opened(QByteArray("<a:x xmlns:a='urn:a' xmlns='urn:b'/>").repeated(20000) + "</mapper>") << true;
+    QTest::newRow("a name of 1 MB") << opened("<" + QByteArray(1 << 20, 'x') + "/></mapper>") << true;
+    QTest::newRow("an attribute of 1 MB")
+        << opened("<x a='" + QByteArray(1 << 20, 'x') + "'/></mapper>") << true;
+
+    QTest::newRow("empty") << QByteArray() << false;
+    QTest::newRow("a lone opening bracket") << QByteArray("<") << false;
+    QTest::newRow("a lone opening bracket at the end") << mapper() + "<" << false;
+    QTest::newRow("a lone opening bracket inside") << opened("<") << false;
+    QTest::newRow("cut off behind an element") << opened(rows) << false;
+    QTest::newRow("cut off in a tag") << opened("<map") << false;
+    QTest::newRow("cut off behind a slash") << opened("<map/") << false;
+    QTest::newRow("cut off in a quote") << opened("<map value='A") << false;
+    QTest::newRow("cut off in a comment") << opened("<!-- so") << false;
+    QTest::newRow("cut off in marked text") << opened("<![CDATA[so") << false;
+    QTest::newRow("cut off in an instruction") << opened("<?do") << false;
+    QTest::newRow("cut off in the declaration") << QByteArray("<?xml version=\"1.0\"") << false;
+    QTest::newRow("cut off in the document type") << QByteArray("<!DOCTYPE mapper [") << false;
+    QTest::newRow("cut off in an end tag") << opened("</mapper") << false;
+    QTest::newRow("cut off in a byte order mark") << QByteArray("\xEF\xBB") << false;
+    QTest::newRow("half a sign of UTF-16") << QByteArray("\xFF\xFE<", 3) << false;
+    QTest::newRow("NUL byte in the root") << opened(QByteArray(1, '\0') + "</mapper") << false;
+    QTest::newRow("NUL bytes in front") << QByteArray(3, '\0') + mapper() << false;
+    QTest::newRow("wrong end") << opened("</mappers>") << false;
+    QTest::newRow("ends crossed") << opened("<a><b></a></b></mapper>") << false;
+    QTest::newRow("two roots") << mapper() + mapper() << false;
+    QTest::newRow("text behind the root") << mapper() + "so" << false;
+    QTest::newRow("text in front of the root") << "so" + mapper() << false;
+    QTest::newRow("blank in front of the declaration") << " " + declaration + mapper() << false;
+    QTest::newRow("attribute without quotes") << QByteArray("<mapper device=APCMINI/>") << false;
+    QTest::newRow("attribute without a value") << QByteArray("<mapper device='APCMINI' x/>") << false;
+    QTest::newRow("raw ampersand") << opened("<map value='a & b'/></mapper>") << false;
+    QTest::newRow("a number that is no character") << opened("&#xZZ;</mapper>") << false;
+    QTest::newRow("a blank behind the opening bracket") << opened("< map/></mapper>") << false;
+    QTest::newRow("plain text") << QByteArray("mapper device APCMINI") << false;
+}
+
+void TestMappers::comesUnharmedThrough()
+{
+    QFETCH(const QByteArray, content);
+    QFETCH(const bool, isOffered);
+
+    Workspace space;
+    QVERIFY(writeFile(space.mappersFolder() + "/Odd.xml", content));
+    QVERIFY(writeFile(space.mappersFolder() + "/Zoo.xml", mapper()));
+    QElapsedTimer time;
+    time.start();
+    QCOMPARE(offered(space), BuiltIn + (isOffered ? QStringList{"Odd", "Zoo"} : QStringList{"Zoo"}));
+    const qint64 needed = time.elapsed();
+    QVERIFY2(needed < 2000, qPrintable(QString("%1 ms").arg(needed)));
+}
+
+void TestMappers::refusesLongFiles()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("A.xml");
+    const QByteArray content = mapper();
+    QVERIFY(writeFile(path, content));
+    QVERIFY(!readXmlFile(path, content.size()).isNull());
+    QVERIFY(readXmlFile(path, content.size() - 1).isNull());
+    QVERIFY(readXmlFile(path, 0).isNull());
+
+    QCOMPARE(LongestMapper, qint64(4 * 1024 * 1024));
+    QVERIFY(writeFile(path, opened(QByteArray(LongestMapper - content.size(), ' ')) + "</mapper>"));
+    QCOMPARE(QFileInfo(path).size(), LongestMapper);
+    QCOMPARE(findMappers(folder.path()).size(), 1);
+    QVERIFY(writeFile(path, opened(QByteArray(LongestMapper - content.size() + 1, ' ')) + "</mapper>"));
+    QCOMPARE(findMappers(folder.path()).size(), 0);
+}
+
+void TestMappers::readsLikeAPlainDocument_data()
+{
+    QTest::addColumn<QByteArray>("content");
+
+    const auto declared = [](const char *encoding) {
+        return QByteArray("<?xml version=\"1.0\" encoding=\"") + encoding + "\"?>";
+    };
+    const QString text = QString::fromUtf8("<a b='ü €'>\nß</a>\n");
+
+    QTest::newRow("one element") << QByteArray("<a/>");
+    QTest::newRow("UTF-8") << text.toUtf8();
+    QTest::newRow("UTF-8, declared") << declared("UTF-8") + text.toUtf8();
+    QTest::newRow("UTF-8, declared in small letters") << declared("utf-8") + text.toUtf8();
+    QTest::newRow("UTF-8, byte order mark") << "\xEF\xBB\xBF" + text.toUtf8();
+    QTest::newRow("UTF-8, byte order mark and declaration")
+        << "\xEF\xBB\xBF" + declared("UTF-8") + text.toUtf8();
+    QTest::newRow("UTF-16, low byte first") << "\xFF\xFE" + encoded(text, "UTF-16LE");
+    QTest::newRow("UTF-16, high byte first") << "\xFE\xFF" + encoded(text, "UTF-16BE");
+    QTest::newRow("UTF-16, declared") << "\xFF\xFE" + encoded(declared("UTF-16") + text, "UTF-16LE");
+    QTest::newRow("UTF-16 without a mark, low byte first") << encoded(declared("UTF-16") + text, "UTF-16LE");
+    QTest::newRow("UTF-32") << QByteArray("\xFF\xFE\0\0", 4) + encoded(text, "UTF-32LE");
+    QTest::newRow("Latin-1, declared") << declared("ISO-8859-1") + "<a b='\xFC'>\xDF</a>";
+    QTest::newRow("Latin-1, declared in single quotes")
+        << QByteArray("<?xml version='1.0' encoding='ISO-8859-1'?><a b='\xFC'/>");
+    QTest::newRow("Windows-1252, declared") << declared("windows-1252") + "<a b='\x80'/>";
+    QTest::newRow("Latin-1, not declared") << QByteArray("<a b='\xFC'>\xDF</a>");
+    QTest::newRow("an encoding that nobody knows") << declared("nobody-knows") + "<a b='\xC3\xBC'/>";
+    QTest::newRow("an empty encoding") << declared("") + "<a/>";
+    QTest::newRow("declared as standing alone")
+        << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\" standalone=\"yes\"?><a b='\xFC'/>");
+    QTest::newRow("version 1.1") << QByteArray("<?xml version=\"1.1\"?><a/>");
+    QTest::newRow("line break behind the declaration") << declared("UTF-8") + "\r\n<a/>\r\n";
+    QTest::newRow("the five entities") << QByteArray("<a b='&lt;&gt;&amp;&apos;&quot;'>&lt;&gt;&amp;</a>");
+    QTest::newRow("characters by number") << QByteArray("<a b='&#65;&#x20AC;'>&#10;&#xFC;</a>");
+    QTest::newRow("an entity that nobody declared") << QByteArray("<a>x &foo; y</a>");
+    QTest::newRow("an entity that nobody declared, in an attribute") << QByteArray("<a b='x &foo; y'/>");
+    QTest::newRow("an entity that nobody declared, behind a document type")
+        << QByteArray("<!DOCTYPE a SYSTEM 'a.dtd'><a>x &foo; y</a>");
+    QTest::newRow("marked text") << QByteArray("<a><![CDATA[ <b> & ]] > ]]></a>");
+    QTest::newRow("comments") << QByteArray("<!-- 1 --><a><!-- 2 > < --></a><!-- 3 -->");
+    QTest::newRow("a comment with two strokes inside") << QByteArray("<a><!-- 1 -- 2 --></a>");
+    QTest::newRow("instructions") << QByteArray("<?one?><a><?two 2 > ?></a><?three?>");
+    QTest::newRow("a document type") << QByteArray("<!DOCTYPE a><a/>");
+    QTest::newRow("a public document type") << QByteArray("<!DOCTYPE a PUBLIC \"x\" \"y\"><a/>");
+    QTest::newRow("blanks around and inside") << QByteArray("\n\t <a  b = 'c'\n d='e' >  <f />\t</a >\n\n");
+    QTest::newRow("blanks in text") << QByteArray("<a>  x  <b> </b>  y\n</a>");
+    QTest::newRow("CR LF in text") << QByteArray("<a>x\r\ny\r\n<b/>\r\n</a>");
+    QTest::newRow("CR alone in text") << QByteArray("<a>x\ry</a>");
+    QTest::newRow("line breaks in attributes") << QByteArray("<a b='x\ny\tz'/>");
+    QTest::newRow("CR LF in attributes") << QByteArray("<a b='x\r\ny'/>");
+    QTest::newRow("line breaks by number in attributes") << QByteArray("<a b='x&#10;y&#13;z&#9;'/>");
+    QTest::newRow("duplicate attributes") << QByteArray("<a b='1' b='2'/>");
+    QTest::newRow("quotes in quotes") << QByteArray("<a b=\"it's\" c='\"'/>");
+    QTest::newRow("brackets in attributes") << QByteArray("<a b='>' c='/>'><d/></a>");
+    QTest::newRow("an opening bracket in an attribute") << QByteArray("<a b='<'/>");
+    QTest::newRow("prefixes") << QByteArray("<x:a xmlns:x='urn:x' x:b='1' b='2'><x:c/></x:a>");
+    QTest::newRow("a prefix that nobody declared") << QByteArray("<x:a x:b='1'/>");
+    QTest::newRow("letters beyond ASCII in names") << QByteArray("<\xC3\xBC \xC3\x9F='1'/>");
+    QTest::newRow("a control character") << QByteArray("<a b='\x01'>\x02</a>");
+    QTest::newRow("blanks in front of the declaration") << "\n" + declared("UTF-8") + "<a/>";
+    QTest::newRow("not closed") << QByteArray("<a><b/>");
+    QTest::newRow("two roots") << QByteArray("<a/><b/>");
+    QTest::newRow("no root") << declared("UTF-8") + "<!-- nothing -->";
+    QTest::newRow("empty") << QByteArray();
+}
+
+void TestMappers::readsLikeAPlainDocument()
+{
+    QFETCH(const QByteArray, content);
+
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("A.xml");
+    QVERIFY(writeFile(path, content));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QDomDocument plain;
+    const bool isRead = plain.setContent(&file);
+    const QDomDocument found = readXmlFile(path, LongestMapper);
+    QCOMPARE(found.toString(), isRead ? plain.toString() : QString());
+    QCOMPARE(found.isNull(), !isRead);
+}
+
+void TestMappers::readsNothingWhereThereIsNoFile()
+{
+    const QTemporaryDir folder;
+    QVERIFY(readXmlFile(folder.filePath("missing.xml"), LongestMapper).isNull());
+    QVERIFY(readXmlFile(folder.path(), LongestMapper).isNull());
+    QVERIFY(readXmlFile("", LongestMapper).isNull());
+}
+
+QTEST_MAIN(TestMappers)
+#include "test_mappers.moc"
