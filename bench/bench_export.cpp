@@ -2,6 +2,7 @@
 
 #include "app/mainwindow.h"
 #include "export/padspage.h"
+#include "files.h"
 #include "home.h"
 #include "measure.h"
 #include "tables/roles.h"
@@ -9,24 +10,11 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QMessageBox>
 #include <QRadioButton>
 #include <QTableView>
 #include <QTextStream>
 
 namespace {
-
-/** Answers every message box as soon as it is seen. */
-class Answers final : public QObject
-{
-public:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Show && qobject_cast<QMessageBox *>(watched))
-            QMetaObject::invokeMethod(watched, "accept", Qt::QueuedConnection);
-        return QObject::eventFilter(watched, event);
-    }
-};
 
 void fillPads(QAbstractItemModel &pads)
 {
@@ -41,25 +29,6 @@ void fillPads(QAbstractItemModel &pads)
             pads.setData(pad, "#FF8000", Qt::DecorationRole);
         }
     }
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(path));
-    return file.readAll();
-}
-
-double writeAtOnce(const QString &path, const QByteArray &bytes)
-{
-    QFile::remove(path);
-    const double start = Measure::processorSeconds();
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(path));
-    file.close();
-    return Measure::processorSeconds() - start;
 }
 
 double writePage(const QString &path, const PadsPage &page)
@@ -88,8 +57,7 @@ int main(int argc, char *argv[])
     Window::find<QRadioButton>(window, "radioButton_16pads")->click();
     QCoreApplication::processEvents();
 
-    Answers answers;
-    QCoreApplication::instance()->installEventFilter(&answers);
+    const Window::Answers answers;
     const QString exported = home.padsFolder() + "/OS2L DMX.xml";
     const auto exportPage = [&] {
         QFile::remove(exported);

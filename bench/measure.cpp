@@ -3,6 +3,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <cmath>
 #include <ctime>
 
 namespace {
@@ -21,6 +22,11 @@ QString duration(double seconds)
     if (seconds < 1)
         return rounded(seconds * 1e3) + " ms";
     return rounded(seconds) + " s";
+}
+
+QString times(double limit)
+{
+    return std::isinf(limit) ? QString("none") : QString::number(limit) + " x";
 }
 
 } // namespace
@@ -52,15 +58,26 @@ Measure::Pair Measure::inTurns(int turns, const std::function<double()> &referen
     return {median(ofReference), median(ofOurs)};
 }
 
-void Measure::Report::line(const QString &what, const Pair &pair, int limit, double allowed)
+void Measure::Report::line(const QString &what, const Pair &pair, double limit, double allowed)
 {
-    const bool isOver = pair.ours > std::max(limit * pair.reference, allowed);
-    m_isOver = m_isOver || isOver;
-
-    QString most = QString::number(limit) + " x";
+    QString most = times(limit);
     if (allowed > 0)
         most += " or " + duration(allowed);
-    QTextStream(stdout) << what << '\t' << duration(pair.reference) << '\t' << duration(pair.ours) << '\t'
-                        << rounded(pair.ours / pair.reference) << " x\t" << most << '\t'
-                        << (isOver ? "OVER" : "ok") << Qt::endl;
+    print({what, duration(pair.reference), duration(pair.ours), rounded(pair.ours / pair.reference) + " x",
+           most},
+          !std::isinf(limit), pair.ours > std::max(limit * pair.reference, allowed));
+}
+
+void Measure::Report::memoryLine(const QString &what, const Pair &pair, double limit)
+{
+    print({what, rounded(pair.reference) + " MB", rounded(pair.ours) + " MB",
+           rounded(pair.ours / pair.reference) + " x", times(limit)},
+          !std::isinf(limit), pair.ours > limit * pair.reference);
+}
+
+void Measure::Report::print(const QStringList &columns, bool isLimited, bool isOver)
+{
+    m_isOver = m_isOver || isOver;
+    const QString result = isOver ? "OVER" : isLimited ? "ok" : "-";
+    QTextStream(stdout) << columns.join('\t') << '\t' << result << Qt::endl;
 }

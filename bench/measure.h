@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <functional>
+#include <limits>
 #include <vector>
 
 /**
@@ -19,7 +20,7 @@ double processorSeconds();
 /** Median of the values, of which there is at least one. */
 double median(std::vector<double> values);
 
-/** Medians of two things that were timed in turns, in seconds. */
+/** Medians of two things that were measured in turns; seconds unless told otherwise. */
 struct Pair
 {
     double reference;
@@ -35,6 +36,9 @@ struct Pair
  */
 Pair inTurns(int turns, const std::function<double()> &reference, const std::function<double()> &ours);
 
+/** The limit of a line that is there to be looked at only. */
+constexpr double NoLimit = std::numeric_limits<double>::infinity();
+
 /** The lines of one benchmark; they are printed with tabs between the columns. */
 class Report final
 {
@@ -44,14 +48,18 @@ public:
      *
      * @param what     what was timed
      * @param pair     the times
-     * @param limit    how many times the reference ours may take
+     * @param limit    how many times the reference ours may take, or NoLimit
      * @param allowed  seconds that ours may take in any case
      */
-    void line(const QString &what, const Pair &pair, int limit, double allowed = 0);
+    void line(const QString &what, const Pair &pair, double limit, double allowed = 0);
+    /** The same for memory, in megabytes. */
+    void memoryLine(const QString &what, const Pair &pair, double limit);
     /** 0, or 1 where a line was over its limit. */
     int exitStatus() const { return m_isOver ? 1 : 0; }
 
 private:
+    void print(const QStringList &columns, bool isLimited, bool isOver);
+
     bool m_isOver = false;
 };
 
