@@ -1,11 +1,8 @@
 #include "support/workspace.h"
 
-#include <QApplication>
 #include <QComboBox>
-#include <QContextMenuEvent>
 #include <QDomDocument>
 #include <QLineEdit>
-#include <QMenu>
 #include <QRandomGenerator>
 #include <QTextCodec>
 
@@ -461,37 +458,23 @@ bool exports(Workspace &space, int device, const QString &page = "OS2L DMX")
     return space.click("pushButton_2") && space.dialogs.faults().isEmpty();
 }
 
-/** Picks an entry of a key's menu by its words; of a submenu where there are two. */
+/** Picks an entry of a key's menu; of a submenu where there are two. */
 bool rightClick(Workspace &space, int row, int col, const QStringList &entries)
 {
-    space.activate();
-    QWidget *viewport = space.gridView()->viewport();
-    const QPoint point = space.gridView()->visualRect(space.grid()->index(row, col)).center();
-    QTest::mouseClick(viewport, Qt::RightButton, {}, point);
-    QContextMenuEvent event(QContextMenuEvent::Mouse, point, viewport->mapToGlobal(point));
-    QApplication::sendEvent(viewport, &event);
-    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    if (!menu)
-        return false;
-
-    QAction *found = nullptr;
-    const QMenu *place = menu;
-    for (const QString &entry : entries) {
-        const QList<QAction *> actions = place ? place->actions() : QList<QAction *>();
-        const auto match = std::find_if(actions.cbegin(), actions.cend(), [&](const QAction *action) {
-            return action->text() == entry || action->text().mid(1) == entry; // a tick or blank in front
-        });
-        found = match == actions.cend() ? nullptr : *match;
-        place = found ? found->menu() : nullptr;
-    }
-    if (found)
-        found->trigger();
-    menu->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return found != nullptr;
+    const bool isPicked =
+        Workspace::pick(space.rightClick(space.gridView(), space.grid()->index(row, col)), entries);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the menu goes
+    return isPicked;
 }
 
-/** Gives a key a value that only the colour dialog could give it otherwise. */
+/** Picks a colour for a key that has none yet of a device that takes any. */
+bool askForColor(Workspace &space, int row, int col, const QString &submenu, const QString &color)
+{
+    space.dialogs.expect(ExpectedDialogs::Color{"Choose a Color", Qt::black, QColor(color)});
+    return rightClick(space, row, col, {submenu, "Select ..."}) && space.dialogs.faults().isEmpty();
+}
+
+/** Gives a key a colour, as another device may have left it. */
 bool put(Workspace &space, int row, int col, int role, const QString &value)
 {
     return space.grid()->setData(space.grid()->index(row, col), value, role);
@@ -639,11 +622,12 @@ bool layOut(Workspace &space, Plan &plan)
             isDone = isDone && assign(space, plan, Strobe, band);
     }
     if (isRgb)
-        isDone = isDone && put(space, 3, 3, OffColorRole, off) && put(space, 3, 3, OnColorRole, on)
-                 && put(space, 5, 5, OnColorRole, on);
+        isDone = isDone && askForColor(space, 3, 3, "Off Color", off)
+                 && askForColor(space, 3, 3, "On Color", on) && askForColor(space, 5, 5, "On Color", on);
     else
-        isDone = isDone && rightClick(space, 3, 3, {"Off Color", off})
-                 && rightClick(space, 3, 3, {"On Color", on}) && rightClick(space, 5, 5, {"On Color", on});
+        isDone = isDone && rightClick(space, 3, 3, {"Off Color", " " + off})
+                 && rightClick(space, 3, 3, {"On Color", " " + on})
+                 && rightClick(space, 5, 5, {"On Color", " " + on});
     plan.cells[{3, 3}] = {Fog, off, on, true};
     plan.cells[{5, 5}] = {Apostrophe, {}, on};
     plan.cells[{9, 9}] = {Blackout, {}, {}, true};
@@ -687,10 +671,10 @@ void TestExportMapping::userRoad()
     QVERIFY(space.putOnKey(Quoted, 3, 2)); // gives way to the Switch
     QVERIFY(space.putOnKey(Strobe, 9, 9));
     QVERIFY(space.putOnKey(Blackout, 11, 2));
-    QVERIFY(rightClick(space, 2, 2, {"Off Color", "green"}));
-    QVERIFY(rightClick(space, 2, 2, {"On Color", "red"}));
+    QVERIFY(rightClick(space, 2, 2, {"Off Color", " green"}));
+    QVERIFY(rightClick(space, 2, 2, {"On Color", " red"}));
     QVERIFY(rightClick(space, 2, 3, {"Blink"}));
-    QVERIFY(rightClick(space, 11, 2, {"On Color", "red"}));
+    QVERIFY(rightClick(space, 11, 2, {"On Color", " red"}));
     QVERIFY(rightClick(space, 11, 2, {"Blink"}));
     QVERIFY(rightClick(space, 3, 2, {"Set as Switch"}));
     QVERIFY(space.type("padsname", "Evening Set"));
@@ -855,8 +839,8 @@ void TestExportMapping::ownColours_data()
     QTest::addColumn<QString>("shows");
     using Clicks = QList<QStringList>;
     const QStringList blink = {"Blink"};
-    const QStringList offRed = {"Off Color", "red"};
-    const QStringList onBlack = {"On Color", "black"};
+    const QStringList offRed = {"Off Color", " red"};
+    const QStringList onBlack = {"On Color", " black"};
     const QString none;
     const auto row = [](const char *what, int device, const QString &led, const Clicks &clicks,
                         const QString &off, const QString &on, const QString &shows) {
@@ -866,7 +850,7 @@ void TestExportMapping::ownColours_data()
     row("palette pad, on", Akai, "LED_ROW1_PAD1", {onBlack}, none, none, "color 'black' : color 'yellow'");
     row("palette pad, both", Akai, "LED_ROW1_PAD1", {offRed, onBlack}, none, none,
         "color 'black' : color 'red'");
-    row("palette pad, default again", Akai, "LED_ROW1_PAD1", {offRed, onBlack, {"Off Color", "default"}},
+    row("palette pad, default again", Akai, "LED_ROW1_PAD1", {offRed, onBlack, {"Off Color", " default"}},
         none, none, "color 'black' : color 'yellow'");
     row("palette pad, blinking", Akai, "LED_ROW1_PAD1", {blink}, none, none,
         "blink ? color 'green' : color 'yellow' : color 'yellow'");
@@ -1099,7 +1083,7 @@ void TestExportMapping::twoKeysInOneCell()
     Workspace space;
     QVERIFY2(start(space, Classic), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnKey(Strobe, 2, 2));
-    QVERIFY(rightClick(space, 2, 2, {"On Color", "#00FF00"}));
+    QVERIFY(rightClick(space, 2, 2, {"On Color", " #00FF00"}));
     QVERIFY2(exports(space, Classic), qPrintable(space.dialogs.faults()));
     for (const QString key : {"1.1", "2.1"}) {
         QCOMPARE(in(exported(space, Classic), key), script("os2l_button 'Strobe'"));
