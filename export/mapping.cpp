@@ -20,8 +20,8 @@ struct Key
     QString script;    ///< its own, escaped
     QString ledScript; ///< its LED's own, escaped
     QString type;
-    bool hasColorLed;
-    int column; ///< of the layout; for a slider, its number from 0
+    bool hasColorLed; ///< of a button; a pad has one in any case
+    int column;       ///< of the layout; for a slider, its number from 0
     QModelIndex cell;
 };
 
@@ -42,7 +42,7 @@ Key readKey(const Record &record, const QAbstractItemModel &grid)
         escapeScript(record.value("action")),
         escapeScript(record.value("ledaction")),
         type,
-        type == "pad" || record.value("ledtype") == "color",
+        record.value("ledtype") == "color",
         column,
         grid.index(record.value("row").toInt(), column),
     };
