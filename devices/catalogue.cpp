@@ -76,8 +76,7 @@ QList<Record> findMappers(const QString &folder)
 {
     QList<Record> found;
     for (const QFileInfo &info : QDir(folder).entryInfoList({"*.xml"})) {
-        const QDomDocument document =
-            readXmlFile(info.filePath(), LongestMapper, QIODevice::ReadOnly | QIODevice::Text);
+        const QDomDocument document = readXmlFile(info.filePath(), LongestMapper);
         const QDomNodeList mappers = document.elementsByTagName("mapper");
         for (int i = 0; i < mappers.size(); ++i) {
             const QString device = mappers.at(i).toElement().attribute("device");

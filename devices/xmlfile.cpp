@@ -19,7 +19,7 @@ QTextCodec *codecOf(const QByteArray &bytes)
         return QTextCodec::codecForName("UTF-16LE");
     if (bytes.startsWith(QByteArray("\0<", 2)))
         return QTextCodec::codecForName("UTF-16BE");
-    QXmlStreamReader xml(bytes);
+    QXmlStreamReader xml(bytes.left(256)); // a declaration is shorter
     xml.readNext();
     return QTextCodec::codecForName(xml.documentEncoding().toLatin1());
 }
@@ -91,11 +91,11 @@ bool isHarmless(QStringView text)
 
 } // namespace
 
-std::optional<QByteArray> readFile(const QString &path, qint64 longest, QIODevice::OpenMode mode)
+std::optional<QByteArray> readFile(const QString &path, qint64 longest)
 {
     QFile file(path);
     // What is no file, such as a pipe, could keep the program waiting.
-    if (!QFileInfo(path).isFile() || file.size() > longest || !file.open(mode))
+    if (!QFileInfo(path).isFile() || file.size() > longest || !file.open(QIODevice::ReadOnly))
         return {};
     return file.read(longest);
 }
@@ -109,7 +109,7 @@ QDomDocument parseXml(const QByteArray &bytes)
     return {}; // what was read up to an error would still stand in the other one
 }
 
-QDomDocument readXmlFile(const QString &path, qint64 longest, QIODevice::OpenMode mode)
+QDomDocument readXmlFile(const QString &path, qint64 longest)
 {
-    return parseXml(readFile(path, longest, mode).value_or(QByteArray()));
+    return parseXml(readFile(path, longest).value_or(QByteArray()));
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDomDocument>
-#include <QIODevice>
 
 #include <optional>
 
@@ -13,10 +12,9 @@ constexpr qint64 LongestMapper = 4 << 20;
  *
  * @param path     full path of a file, or of a link to one
  * @param longest  size in bytes above which the file is not read
- * @param mode     how to open it; text mode drops every carriage return byte, in any encoding
  * @return         its content; nothing where it is no file, is too long or cannot be opened
  */
-std::optional<QByteArray> readFile(const QString &path, qint64 longest, QIODevice::OpenMode mode);
+std::optional<QByteArray> readFile(const QString &path, qint64 longest);
 
 /**
  * Parses an XML document that may hold anything.
@@ -28,4 +26,4 @@ std::optional<QByteArray> readFile(const QString &path, qint64 longest, QIODevic
 QDomDocument parseXml(const QByteArray &bytes);
 
 /** Reads and parses a file at once; the document is empty where that fails. */
-QDomDocument readXmlFile(const QString &path, qint64 longest, QIODevice::OpenMode mode = QIODevice::ReadOnly);
+QDomDocument readXmlFile(const QString &path, qint64 longest);

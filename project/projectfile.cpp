@@ -136,7 +136,7 @@ void writeProject(QTextStream &out, const MidiProject &project)
 
 std::optional<QDomDocument> readProject(const QString &path)
 {
-    const auto bytes = readFile(path, LongestProject, QIODevice::ReadOnly | QIODevice::Text);
+    const auto bytes = readFile(path, LongestProject);
     return bytes ? std::optional<QDomDocument>(parseXml(*bytes)) : std::nullopt;
 }
 

@@ -221,11 +221,17 @@ void TestMappers::offers_data()
         << Files{{"A.xml", "\xFF\xFE" + encoded(text, "UTF-16LE")}} << QStringList{"A"};
     QTest::newRow("UTF-16, high byte first, LF")
         << Files{{"A.xml", "\xFE\xFF" + encoded(text, "UTF-16BE")}} << QStringList{"A"};
-    // Opened as text, a file loses its carriage return bytes, and here each leaves half a sign behind.
+    // No carriage return is dropped on the way: each would leave half a sign behind.
     QTest::newRow("UTF-16, low byte first, CR LF")
-        << Files{{"A.xml", "\xFF\xFE" + encoded(withReturns, "UTF-16LE")}} << QStringList();
+        << Files{{"A.xml", "\xFF\xFE" + encoded(withReturns, "UTF-16LE")}} << QStringList{"A"};
     QTest::newRow("UTF-16, high byte first, CR LF")
-        << Files{{"A.xml", "\xFE\xFF" + encoded(withReturns, "UTF-16BE")}} << QStringList();
+        << Files{{"A.xml", "\xFE\xFF" + encoded(withReturns, "UTF-16BE")}} << QStringList{"A"};
+    QTest::newRow("UTF-16 without a mark, low byte first")
+        << Files{{"A.xml", encoded(text, "UTF-16LE")}} << QStringList{"A"};
+    QTest::newRow("UTF-16 without a mark, high byte first")
+        << Files{{"A.xml", encoded(text, "UTF-16BE")}} << QStringList{"A"};
+    QTest::newRow("a mark counts for more than the declaration")
+        << Files{{"A.xml", "\xEF\xBB\xBF" + latin + mapper()}} << QStringList{"A"};
     QTest::newRow("Latin-1, declared")
         << Files{{"A.xml", latin + mapper("APCMINI", "<map value='\xDC'/>")}} << QStringList{"A"};
     QTest::newRow("wrongly encoded bytes")
@@ -293,7 +299,7 @@ void TestMappers::passesOverWhatIsNoFile()
     // Asked for by their names, they are no more readable.
     for (const QString name : {"x.xml", "Pipe.xml", "Link to a pipe.xml", "Zero.xml"}) {
         QVERIFY(readXmlFile(folder + "/" + name, LongestMapper).isNull());
-        QVERIFY(!readFile(folder + "/" + name, LongestMapper, QIODevice::ReadOnly));
+        QVERIFY(!readFile(folder + "/" + name, LongestMapper));
     }
 }
 
@@ -456,8 +462,21 @@ void TestMappers::comesUnharmedThrough_data()
     QTest::newRow("deep behind a comment that seems to end at once")
         << opened("<!--> --> " + nested(5000) + "</mapper>") << false;
 
-    QTest::newRow("200,000 attributes in one element")
-        << opened(manyAttributes(200000) + "</mapper>") << true;
+    QTest::newRow("tags in a comment that seems to end at once")
+        << opened("<!-->" + QByteArray("<x>").repeated(500) + "--></mapper>") << true;
+
+    for (const char *name : {"SYSTEM \"%1\"", "SYSTEM '%1'", "PUBLIC '%1' 'a.dtd'", "PUBLIC 'a' \"%1\""}) {
+        for (const char *hidden : {"><!--", "><?", "><![CDATA["}) {
+            const QByteArray type = "<!DOCTYPE mapper " + QByteArray(name).replace("%1", hidden);
+            QTest::addRow("deep behind %s in %s", hidden, name)
+                << type + ">" + opened(nested(5000) + "</mapper>") << false;
+            QTest::addRow("an entity behind %s in %s", hidden, name)
+                << type + " [<!ENTITY e 'x'>]>" + opened("<x a='&e;'/></mapper>") << false;
+        }
+    }
+
+    QTest::newRow("100,000 attributes in one element")
+        << opened(manyAttributes(100000) + "</mapper>") << true;
     QTest::newRow("a namespace at every element")
         << opened(QByteArray("<a:x xmlns:a='urn:a' xmlns='urn:b'/>").repeated(20000) + "</mapper>") << true;
     QTest::newRow("a name of 1 MB") << opened("<" + QByteArray(1 << 20, 'x') + "/></mapper>") << true;
