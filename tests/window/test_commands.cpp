@@ -83,6 +83,25 @@ Box leavingWithWork(QMessageBox::StandardButton answer)
             QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel, answer};
 }
 
+Box projectSaved(const QString &name)
+{
+    return {"Project " + name + " is saved.", {}};
+}
+
+/** Where "Load Project" asks for a file. */
+File loadDialog(const Workspace &space, const QString &path)
+{
+    return {"Select a Zarvex Project",
+            space.documents() + "/Zarvex/projects",
+            path,
+            {"Zarvex Projects (*.zarvex)"}};
+}
+
+Box loadFailed()
+{
+    return {"Failed to load the Project's Show.", {}};
+}
+
 QStringList filesBelow(const QString &folder)
 {
     QStringList files;
@@ -102,6 +121,16 @@ bool write(const QString &path, const QByteArray &content)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+/** A pads project, named "Saturday", of the show of loadSomeShow(): Live Button 5 on the first pad. */
+bool writeProject(const Workspace &space, const QString &path)
+{
+    const QString content =
+        R"(<project type="pads" show="%1/Show/Live/live.ini" showname="Show" export="Saturday" >)"
+        R"(<key row="0" column="0" name="x" dspname="x" pagenr="1" id="5" color="#ffffff" />)"
+        "</project>";
+    return write(path, content.arg(space.home()).toUtf8());
 }
 
 /** Takes the files that the desktop would open. */
@@ -166,6 +195,10 @@ private slots:
     void loadProjectOverWork_data();
     void loadProjectOverWork();
     void loadProjectAfterRefusedOverwrite();
+    void loadProjectReplacesWork_data();
+    void loadProjectReplacesWork();
+    void loadProjectOfMissingShow();
+    void loadedProjectIsWork();
 
     void leaving_data();
     void leaving();
@@ -492,10 +525,12 @@ void TestCommands::exportMapping()
     Workspace space;
     QVERIFY(prepare(space, {true, false, true, true}));
     const QString device = space.find<QComboBox>("devicescombo")->currentText();
-    space.dialogs.tolerate("Mapping OS2L DMX for " + device + " is created.");
+    space.dialogs.expect(Box{"Mapping OS2L DMX for " + device + " is created.",
+                             "Select it from Controllers tab of VirtualDJ Settings."});
     QVERIFY(give(space, "pushButton_2"));
     QCOMPARE(space.dialogs.faults(), QString());
-    QVERIFY(!QFile::exists(space.padsFolder() + "/OS2L DMX.xml"));
+    QCOMPARE(filesBelow(space.documents()),
+             QStringList{space.mappersFolder() + "/" + device + " - OS2L DMX mapping.xml"});
 }
 
 void TestCommands::saveCancelled_data()
@@ -529,11 +564,14 @@ void TestCommands::saveToNewFile()
     Workspace space;
     QVERIFY(prepare(space, holding));
     const QStringList before = space.snapshot();
-    space.dialogs.expect(saveDialog(space, space.documents() + "/Zarvex/projects/Night.zarvex"));
-    space.dialogs.tolerate("Project Night is saved.");
+    const QString path = space.documents() + "/Zarvex/projects/Night.zarvex";
+    space.dialogs.expect(saveDialog(space, path));
+    space.dialogs.expect(projectSaved("Night"));
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
+    QCOMPARE(filesBelow(space.documents()), QStringList{path});
+    QVERIFY(contentOf(path).contains(holding.isMidi ? " type=\"midi\" " : " type=\"pads\" "));
 }
 
 void TestCommands::saveOverFile_data()
@@ -577,10 +615,12 @@ void TestCommands::saveOverFile()
     space.dialogs.expect(saveDialog(space, path));
     space.dialogs.expect(overwriteQuestion(name, answer));
     if (answer == QMessageBox::Yes)
-        space.dialogs.tolerate("Project " + name + " is saved.");
+        space.dialogs.expect(projectSaved(name));
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
-    if (answer != QMessageBox::Yes)
+    if (answer == QMessageBox::Yes)
+        QVERIFY(contentOf(path).contains(holding.isMidi ? " type=\"midi\" " : " type=\"pads\" "));
+    else
         QCOMPARE(contentOf(path), QByteArray("somebody's work"));
 }
 
@@ -601,8 +641,8 @@ void TestCommands::loadProjectWithoutWork()
     Workspace space;
     QVERIFY(prepare(space, holding));
     const QStringList before = space.snapshot();
-    space.dialogs.tolerate("Select a Zarvex Project");
-    space.dialogs.tolerate("Failed to load the Project's Show.");
+    space.dialogs.expect(loadDialog(space, {}));
+    space.dialogs.expect(loadFailed()); // a plain cancel counts as a failure
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
@@ -635,8 +675,8 @@ void TestCommands::loadProjectOverWork()
     if (answer == QMessageBox::Save)
         space.dialogs.expect(saveDialog(space, {}));
     if (answer == QMessageBox::Save || answer == QMessageBox::Yes) {
-        space.dialogs.tolerate("Select a Zarvex Project");
-        space.dialogs.tolerate("Failed to load the Project's Show.");
+        space.dialogs.expect(loadDialog(space, {}));
+        space.dialogs.expect(loadFailed());
     }
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
@@ -654,11 +694,100 @@ void TestCommands::loadProjectAfterRefusedOverwrite()
     space.dialogs.expect(projectOverWork(QMessageBox::Save));
     space.dialogs.expect(saveDialog(space, path));
     space.dialogs.expect(overwriteQuestion("Night", QMessageBox::No));
-    space.dialogs.tolerate("Select a Zarvex Project");
-    space.dialogs.tolerate("Failed to load the Project's Show.");
+    space.dialogs.expect(loadDialog(space, {}));
+    space.dialogs.expect(loadFailed());
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(contentOf(path), QByteArray("somebody's work"));
+}
+
+void TestCommands::loadProjectReplacesWork_data()
+{
+    QTest::addColumn<Holding>("holding");
+    QTest::addColumn<QMessageBox::StandardButton>("answer");
+    QTest::addColumn<QString>("saveTo"); // below the projects folder; empty cancels
+    QTest::addColumn<QString>("notice");
+
+    const Holding pads{true, true, false, false};
+    const Holding keys{true, false, true, true};
+    const auto none = QMessageBox::NoButton;
+    QTest::newRow("no show") << Holding{} << none << QString() << QString();
+    QTest::newRow("empty pads") << Holding{true, false, false, false} << none << QString() << QString();
+    QTest::newRow("keys behind empty pads")
+        << Holding{true, false, true, false} << none << QString() << QString();
+    for (const auto &[mode, holding] : {std::make_pair("pads", pads), std::make_pair("keys", keys)}) {
+        const QByteArray name(mode);
+        QTest::newRow(name + ": Yes") << holding << QMessageBox::Yes << QString() << QString();
+        QTest::newRow(name + ": Save") << holding << QMessageBox::Save << "Mine.zarvex"
+                                       << "Project Mine is saved.";
+        QTest::newRow(name + ": Save, cancelled") << holding << QMessageBox::Save << QString() << QString();
+        QTest::newRow(name + ": Save, which fails") << holding << QMessageBox::Save << "missing/Mine.zarvex"
+                                                    << "Project Mine was not saved.";
+    }
+}
+
+void TestCommands::loadProjectReplacesWork()
+{
+    QFETCH(const Holding, holding);
+    QFETCH(const QMessageBox::StandardButton, answer);
+    QFETCH(const QString, saveTo);
+    QFETCH(const QString, notice);
+    Workspace space;
+    QVERIFY(prepare(space, holding));
+    space.writeShow("Show", Workspace::iniWith({8, 8}));
+    const QString projects = space.documents() + "/Zarvex/projects/";
+    QVERIFY(writeProject(space, projects + "Saturday.zarvex"));
+
+    if (answer != QMessageBox::NoButton)
+        space.dialogs.expect(projectOverWork(answer));
+    if (answer == QMessageBox::Save)
+        space.dialogs.expect(saveDialog(space, saveTo.isEmpty() ? QString() : projects + saveTo));
+    if (!notice.isEmpty())
+        space.dialogs.expect(Box{notice, {}});
+    space.dialogs.expect(loadDialog(space, projects + "Saturday.zarvex"));
+    space.trigger("actionLoad_Project");
+    QCOMPARE(space.dialogs.faults(), QString());
+    QCOMPARE(space.find<QLineEdit>("padsname")->text(), QString("Saturday"));
+    QCOMPARE(space.ticked(), QList<int>{5});
+    QVERIFY(space.ask<bool>("isMIDIempty"));
+    QVERIFY(space.find<QRadioButton>("radio_outputpage")->isChecked());
+    QCOMPARE(QFile::exists(projects + "Mine.zarvex"), notice.endsWith("is saved."));
+    if (QFile::exists(projects + "Mine.zarvex")) // what was on show before the load
+        QVERIFY(contentOf(projects + "Mine.zarvex").contains(holding.isMidi ? "\"1-5\"" : "\"1-4\""));
+}
+
+void TestCommands::loadProjectOfMissingShow()
+{
+    Workspace space;
+    QVERIFY(prepare(space, {true, true, false, false}));
+    const QString path = space.documents() + "/Zarvex/projects/Away.zarvex";
+    QVERIFY(write(path, R"(<project type="midi" show="/away/Live/live.ini" showname="Away" ></project>)"));
+    const QStringList before = space.snapshot();
+    space.dialogs.expect(projectOverWork(QMessageBox::Yes));
+    space.dialogs.expect(loadDialog(space, path));
+    space.dialogs.expect(loadFailed());
+    space.trigger("actionLoad_Project");
+    QCOMPARE(space.dialogs.faults(), QString());
+    QCOMPARE(space.snapshot(), before);
+}
+
+void TestCommands::loadedProjectIsWork()
+{
+    Workspace space;
+    space.writeShow("Show", Workspace::iniWith({8, 8}));
+    space.window();
+    const QString path = space.documents() + "/Zarvex/projects/Saturday.zarvex";
+    QVERIFY(writeProject(space, path));
+    space.dialogs.expect(loadDialog(space, path));
+    space.trigger("actionLoad_Project");
+    space.dialogs.expect(projectOverWork(QMessageBox::Cancel));
+    space.trigger("actionLoad_Project");
+    space.dialogs.expect(leavingWithWork(QMessageBox::Cancel));
+    QVERIFY(!space.window().close());
+    space.dialogs.expect(leavingWithWork(QMessageBox::Yes));
+    space.trigger("actionExit");
+    QVERIFY(space.window().isHidden());
+    QCOMPARE(space.dialogs.faults(), QString());
 }
 
 void TestCommands::leaving_data()
@@ -768,7 +897,7 @@ void TestCommands::savedWorkIsStillWork()
     Workspace space;
     QVERIFY(prepare(space, {true, true, false, false}));
     space.dialogs.expect(saveDialog(space, space.documents() + "/Zarvex/projects/Night.zarvex"));
-    space.dialogs.tolerate("Project Night is saved.");
+    space.dialogs.expect(projectSaved("Night"));
     space.trigger("actionSave_2");
     space.dialogs.expect(leavingWithWork(QMessageBox::Cancel));
     QVERIFY(!space.window().close());
