@@ -529,10 +529,9 @@ void TestProjects::savesGridToTheByte()
     QCOMPARE(bytesOf(projectPath(space)).split('\n'), expected.split('\n'));
     const QByteArrayList lines = expected.split('\n');
     QCOMPARE(lines.size(), 2 + 144 + 1 + 1);
-    QCOMPARE(
-        lines.at(2 + 2 * 12 + 2),
-        QByteArray(R"(	<key row="2" column="2" name="1-5" dspname="1-5" pagenr="1" id="4" avail="1" )"
-                   R"(coloroff="red" coloron="" blink="1" color="#000fa0" />)"));
+    QCOMPARE(lines.at(2 + 2 * 12 + 2),
+             QByteArray(R"(	<key row="2" column="2" name="1-5" dspname="1-5" pagenr="1" id="4" avail="1" )"
+                        R"(coloroff="red" coloron="" blink="1" color="#000fa0" />)"));
     QCOMPARE(
         lines.at(2 + 5 * 12 + 6),
         QByteArray(R"(	<key row="5" column="6" name="SWITCH" dspname="SWITCH" pagenr="0" id="-1" avail="0" )"
@@ -1479,6 +1478,7 @@ void TestProjects::showCannotBeRead()
     QCOMPARE(space.dmx()->rowCount(), 0);
     QCOMPARE(space.leftOnPads(), QString());
     QCOMPARE(key(space, 2, 2), QString("Strobe|Strobe|1|3|1|||0|#0000ff"));
+    QCOMPARE(space.grid()->rowCount(), 12);
     QCOMPARE(key(space, 7, 7), QString("PAD 46|PAD 46|0|-1|1|||0|#000000"));
     QCOMPARE(notOfOutput(space, true), QString());
     QCOMPARE(space.window().windowTitle(), QString("Zarvex - Show"));
