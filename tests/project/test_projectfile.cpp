@@ -468,7 +468,8 @@ void TestProjectFile::writesColors()
     QVERIFY(fillWithEmptyPads(pads));
     QVERIFY(set(pads, 0, 0, {Qt::DecorationRole}, {color}));
     QCOMPARE(written(PadsProject{"", "", "", false, {}, pads}).split('\n').value(2),
-             R"(	<key row="0" column="0" name="PAD 1" dspname="PAD 1" pagenr="0" id="-1" color=")"
+             "\t"
+             R"(<key row="0" column="0" name="PAD 1" dspname="PAD 1" pagenr="0" id="-1" color=")"
                  + inFile + "\" />");
 
     Controller grid;

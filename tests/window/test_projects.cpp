@@ -530,11 +530,13 @@ void TestProjects::savesGridToTheByte()
     const QByteArrayList lines = expected.split('\n');
     QCOMPARE(lines.size(), 2 + 144 + 1 + 1);
     QCOMPARE(lines.at(2 + 2 * 12 + 2),
-             QByteArray(R"(	<key row="2" column="2" name="1-5" dspname="1-5" pagenr="1" id="4" avail="1" )"
+             QByteArray("\t"
+                        R"(<key row="2" column="2" name="1-5" dspname="1-5" pagenr="1" id="4" avail="1" )"
                         R"(coloroff="red" coloron="" blink="1" color="#000fa0" />)"));
     QCOMPARE(
         lines.at(2 + 5 * 12 + 6),
-        QByteArray(R"(	<key row="5" column="6" name="SWITCH" dspname="SWITCH" pagenr="0" id="-1" avail="0" )"
+        QByteArray("\t"
+                   R"(<key row="5" column="6" name="SWITCH" dspname="SWITCH" pagenr="0" id="-1" avail="0" )"
                    R"(coloroff="" coloron="" blink="0" color="#000000" />)"));
 }
 
@@ -735,7 +737,8 @@ void TestProjects::loadsPads()
     Workspace space;
     QVERIFY(start(space));
     const QByteArray typed =
-        R"(	<key row="63" column="0" name="Typed" dspname="2-8" pagenr="2" id="15" color="blue" />)";
+        "\t"
+        R"(<key row="63" column="0" name="Typed" dspname="2-8" pagenr="2" id="15" color="blue" />)";
     QVERIFY(loadedFrom(space,
                        padsProject(space, R"(export="Friday" layout="1" banks="A,B,C,D,E,F,G,H" )",
                                    padKey(0, 0, "Strobe", 3) + padKey(12, 1, "Fog", 9, "#00FF00", 2) + typed))
