@@ -50,7 +50,8 @@ bool MainWindow::loadshow()
 
 bool MainWindow::loadshowname(const QString &path)
 {
-    if (!QFile(path).open(QIODevice::ReadOnly | QIODevice::Text))
+    // What is no file, such as a pipe, could keep the program waiting.
+    if (!QFileInfo(path).isFile() || !QFile(path).open(QIODevice::ReadOnly | QIODevice::Text))
         return false;
 
     switchkey = {-1, -1};

@@ -5,6 +5,10 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 using Box = ExpectedDialogs::Box;
@@ -406,6 +410,9 @@ void TestLoadShow::badPathLeavesEverything_data()
     QTest::newRow("missing folder") << "/Nowhere/Live/live.ini";
     QTest::newRow("a folder") << "/Show/Live";
     QTest::newRow("below a file") << "/Show/Live/live.ini/live.ini";
+#ifdef Q_OS_UNIX
+    QTest::newRow("a pipe that nobody writes to") << "/Pipe";
+#endif
 }
 
 void TestLoadShow::badPathLeavesEverything()
@@ -421,6 +428,9 @@ void TestLoadShow::badPathLeavesEverything()
     QVERIFY(space.choose("combobox", 2));
     const QStringList before = space.snapshot();
     QVERIFY(before.contains("banks: BANK 1|Mine|BANK 3|BANK 4|BANK 5|BANK 6|BANK 7|BANK 8"));
+#ifdef Q_OS_UNIX
+    QCOMPARE(mkfifo(QFile::encodeName(space.home() + "/Pipe").constData(), 0600), 0);
+#endif
 
     QVERIFY(!space.ask<bool>("loadshowname", path.isEmpty() ? path : space.home() + path));
     QCOMPARE(space.snapshot(), before);
