@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
@@ -126,6 +127,10 @@ void ExpectedDialogs::answer(QMessageBox &box)
         complain("a parent on: " + box.text());
     if (box.styleSheet() != QString(expected.isStyled ? StyleSheet::messageBox : ""))
         complain("other style sheet on: " + box.text());
+
+    const auto *label = box.findChild<QLabel *>("qt_msgbox_label");
+    if (!label || (!label->wordWrap() && label->width() < label->sizeHint().width()))
+        complain("cut off: " + box.text());
 
     if (QAbstractButton *button = box.button(expected.answer))
         button->click();
