@@ -61,14 +61,12 @@ void fill(QAbstractItemModel &table)
     }
 }
 
-double parse(const QString &path)
+void parse(const QString &path)
 {
-    const double start = Measure::processorSeconds();
     QFile file(path);
     QDomDocument document;
     if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
         qFatal("cannot parse %s", qPrintable(path));
-    return Measure::processorSeconds() - start;
 }
 
 /** Loading and saving of one kind of project. */
@@ -94,7 +92,7 @@ public:
         const QByteArray bytes = contentOf(m_project);
         report.line("load a " + m_name + " project of a show of 600 Live Buttons",
                     Measure::inTurns(
-                        31, [&] { return parse(m_project) + loadShow(show); }, [&] { return loadProject(); }),
+                        31, [&] { return parseAndLoad(show); }, [&] { return loadProject(); }),
                     1.5);
         report.line("save a " + m_name + " project, up to its notice",
                     Measure::inTurns(
@@ -105,9 +103,12 @@ public:
     }
 
 private:
-    double loadShow(const QString &show)
+    double parseAndLoad(const QString &show)
     {
+        // Ours comes behind a dialog, which leaves the memory in another state.
+        QFileDialog::getOpenFileName(&m_window);
         const double start = Measure::processorSeconds();
+        parse(m_project);
         Window::load(m_window, show);
         const double seconds = Measure::processorSeconds() - start;
         QCoreApplication::processEvents();
