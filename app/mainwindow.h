@@ -148,8 +148,10 @@ private:
     bool isShowLoaded() const;
     bool isCurrentTableEmpty();
     bool holdsWork();
+    bool mayReplaceWork(const QString &question);
     void showPadsPanels();
-    void showDevicePanels(int windowWidth);
+    void switchToPadsPage();
+    void switchToMidiMapping(int windowWidth);
 
     void untick(int row);
     void untickAll();
@@ -168,8 +170,7 @@ private:
     bool exportTo(const QString &path, const QString &existsText,
                   const std::function<void(QTextStream &)> &write);
     void applySettings(const ProjectSettings &settings);
-    void showGridOutput();
-    void showPadsOutput(bool has16Pads);
+    void showPads(bool has16Pads);
 
     void buildPads();
     void buildGrid();

@@ -38,6 +38,19 @@ bool MainWindow::holdsWork()
     return isShowLoaded() && !isCurrentTableEmpty();
 }
 
+/** Asks where there is work, and saves it if told to; a save that fails or is cancelled stops nothing. */
+bool MainWindow::mayReplaceWork(const QString &question)
+{
+    if (!holdsWork())
+        return true;
+    const auto answer =
+        MessageBox::ask(msgstyle, question, {}, QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel,
+                        QMessageBox::Cancel);
+    if (answer == QMessageBox::Save)
+        on_actionSave_2_triggered();
+    return answer != QMessageBox::Cancel;
+}
+
 void MainWindow::showPadsPanels()
 {
     setShown(*ui->groupBox_pads, true);
@@ -47,37 +60,38 @@ void MainWindow::showPadsPanels()
     setFixedWidth(650);
 }
 
-void MainWindow::showDevicePanels(int windowWidth)
+void MainWindow::switchToPadsPage()
+{
+    showPadsPanels();
+    ui->label_padname->setText("Pads Page");
+}
+
+void MainWindow::switchToMidiMapping(int windowWidth)
 {
     ui->groupBox_pads->hide();
     ui->groupBox_midis->show();
     ui->groupBox_controller->show();
     ui->groupBox->setGeometry(290, 30, 1071, 51);
     setFixedWidth(windowWidth);
+    ui->label_padname->setText("MIDI Mapping");
 }
 
 void MainWindow::on_radio_outputpage_clicked()
 {
     resetdmxlist();
-    if (ui->radio_outputpage->isChecked()) {
-        showPadsPanels();
-        ui->label_padname->setText("Pads Page");
-    } else {
-        showDevicePanels(1365);
-        ui->label_padname->setText("MIDI Mapping");
-    }
+    if (ui->radio_outputpage->isChecked())
+        switchToPadsPage();
+    else
+        switchToMidiMapping(1365);
 }
 
 void MainWindow::on_radio_outputmidi_clicked()
 {
     resetdmxlist();
-    if (ui->radio_outputmidi->isChecked()) {
-        showDevicePanels(1366);
-        ui->label_padname->setText("MIDI Mapping");
-    } else {
-        showPadsPanels();
-        ui->label_padname->setText("Pads Page");
-    }
+    if (ui->radio_outputmidi->isChecked())
+        switchToMidiMapping(1366);
+    else
+        switchToPadsPage();
 }
 
 void MainWindow::on_actionNew_2_triggered()
@@ -91,16 +105,7 @@ void MainWindow::on_actionNew_2_triggered()
 
 void MainWindow::on_actionLoad_Project_triggered()
 {
-    if (holdsWork()) {
-        const auto answer =
-            MessageBox::ask(msgstyle, "Are you sure you want to load a Project before saving current ?", {},
-                            QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
-        if (answer == QMessageBox::Cancel)
-            return;
-        if (answer == QMessageBox::Save)
-            on_actionSave_2_triggered();
-    }
-    if (!loadproject())
+    if (mayReplaceWork("Are you sure you want to load a Project before saving current ?") && !loadproject())
         MessageBox::notice(msgstyle, "Failed to load the Project's Show.");
 }
 

@@ -51,11 +51,11 @@ bool MainWindow::loadproject()
 {
     const QString path = QFileDialog::getOpenFileName(this, "Select a Zarvex Project", projectpath,
                                                       "Zarvex Projects (*.zarvex)");
-    const auto project = readProject(path);
+    const auto project = readProject(path); // none where the user chose none
     if (!project)
         return false;
 
-    ProjectSettings last = {};
+    ProjectSettings last;
     for (const ProjectSettings &settings : projectSettings(*project)) {
         if (!QFile::exists(settings.show))
             return false;
@@ -66,10 +66,11 @@ bool MainWindow::loadproject()
     const auto tick = [this](int button) { CheckChanged(button, 0); };
     if (last.isMidi) {
         layOnGrid(*project, *controllermodel, tick);
-        showGridOutput();
+        ui->radio_outputmidi->setChecked(true);
+        switchToMidiMapping(1366);
     } else {
         layOnPads(*project, *vdjmodel, tick);
-        showPadsOutput(last.has16Pads);
+        showPads(last.has16Pads);
     }
     return true;
 }
@@ -97,18 +98,10 @@ void MainWindow::applySettings(const ProjectSettings &settings)
         ui->combo_oncolor->setCurrentIndex(*settings.onColor);
 }
 
-void MainWindow::showGridOutput()
-{
-    ui->radio_outputmidi->setChecked(true);
-    showDevicePanels(1366);
-    ui->label_padname->setText("MIDI Mapping");
-}
-
-void MainWindow::showPadsOutput(bool has16Pads)
+void MainWindow::showPads(bool has16Pads)
 {
     ui->radio_outputpage->setChecked(true);
-    showPadsPanels();
-    ui->label_padname->setText("Pads Page");
+    switchToPadsPage();
     ui->bankname->setText(banklist.value(0));
     ui->bankcombo->setCurrentIndex(0);
     QRadioButton *layout = has16Pads ? ui->radioButton_16pads : ui->radioButton_8pads;

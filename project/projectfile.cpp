@@ -8,7 +8,7 @@
 
 namespace {
 
-// A full one has some thirty thousand bytes; beyond this limit, the document alone would fill the memory.
+// A full one has some thirty thousand bytes. The document takes up to ninety times as much memory.
 constexpr qint64 LongestProject = 64 << 20;
 
 /** A value of a cell by its name in the file. */

@@ -52,8 +52,8 @@ struct ProjectSettings
     QList<int> switchKey;        ///< row and column of the Switch key, always two numbers
     QString exportName;          ///< name of the Pads Page or mapping
     QString device;              ///< identifier of the controller
-    bool isMidi;                 ///< of the MIDI Mapping output, or of the Pads Page output
-    bool has16Pads;              ///< 16 pads to a bank, or 8
+    bool isMidi = false;         ///< of the MIDI Mapping output, or of the Pads Page output
+    bool has16Pads = false;      ///< 16 pads to a bank, or 8
     std::optional<int> offColor; ///< position of the default off colour in the palette
     std::optional<int> onColor;  ///< position of the default on colour in the palette
 };
@@ -71,10 +71,12 @@ std::optional<QDomDocument> readProject(const QString &path);
 QList<ProjectSettings> projectSettings(const QDomDocument &project);
 
 /**
- * Lays all cells of a document onto a table, in their order.
+ * Lays all cells of a document onto the pads table, in their order.
  *
- * @param pads  pads table, or the grid for the second; a cell outside of it changes nothing
+ * @param pads  the table; a cell outside of it changes nothing
  * @param tick  called with the button number of each cell, -1 for an empty one
  */
 void layOnPads(const QDomDocument &project, QAbstractItemModel &pads, const std::function<void(int)> &tick);
+
+/** The same for the key grid, whose cells have availability, LED colours and blink as well. */
 void layOnGrid(const QDomDocument &project, QAbstractItemModel &grid, const std::function<void(int)> &tick);

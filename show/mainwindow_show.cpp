@@ -1,25 +1,17 @@
 #include "app/mainwindow.h"
 
-#include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
 #include "show/liveshow.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QMessageBox>
 
 void MainWindow::on_loadini_clicked()
 {
-    if (holdsWork()) {
-        const auto answer = MessageBox::ask(
-            msgstyle, "Are you sure you want to open a new Show \nbefore saving current Project ?", {},
-            QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
-        if (answer == QMessageBox::Cancel)
-            return;
-        if (answer == QMessageBox::Save)
-            on_actionSave_2_triggered();
-    }
-    loadshow();
+    if (mayReplaceWork("Are you sure you want to open a new Show \nbefore saving current Project ?"))
+        loadshow();
 }
 
 void MainWindow::on_actionNew_triggered()
