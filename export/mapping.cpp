@@ -131,7 +131,7 @@ QString switchLed(const ControllerMapping &mapping, const Key &key)
 /** LED of a key that does nothing for the lights. That the key has a script decides, not that the LED has. */
 QString darkLed(const ControllerMapping &mapping, const Key &key)
 {
-    const QString dark = key.type == "pad" ? color("black") : QString("off");
+    QString dark = key.type == "pad" ? color("black") : QString("off");
     if (mapping.isSimple)
         return dark;
     return key.script.isEmpty() ? ifElse(lightsHaveKeys(), dark)
