@@ -1,4 +1,5 @@
 #include "devices/catalogue.h"
+#include "support/files.h"
 
 #include <QDirIterator>
 #include <QDomDocument>
@@ -33,14 +34,7 @@ Record attributesOf(const QDomElement &element)
 /** Parses a file of the catalogue; false where it cannot be read or is not well-formed. */
 bool parse(const QString &fileName, QDomDocument &document)
 {
-    QFile file(Mappings + "/" + fileName);
-    return file.open(QIODevice::ReadOnly) && document.setContent(&file);
-}
-
-bool writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    return document.setContent(bytesOf(Mappings + "/" + fileName));
 }
 
 /** A layout's body as the makers of the controllers would tell it over the phone. */
@@ -445,9 +439,7 @@ void TestCatalogue::classicLayoutsAreTheSame()
 {
     QStringList bodies;
     for (const QString file : {"Novation Launchpad", "Novation Launchpad S", "Novation Launchpad Mini"}) {
-        QFile layout(Mappings + "/" + file + ".xml");
-        QVERIFY(layout.open(QIODevice::ReadOnly));
-        const QString text = QString::fromUtf8(layout.readAll());
+        const QString text = QString::fromUtf8(bytesOf(Mappings + "/" + file + ".xml"));
         bodies += text.mid(text.indexOf("<pad"));
 
         // The slip that all three share: nothing stands at row 3, column 2.

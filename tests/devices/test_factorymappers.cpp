@@ -1,4 +1,5 @@
 #include "export/escape.h"
+#include "support/files.h"
 
 #include <QDomDocument>
 #include <QRegularExpression>
@@ -42,11 +43,8 @@ struct Control
 /** A file of the catalogue; an empty document where it cannot be read or is not well-formed. */
 QDomDocument read(const QString &fileName)
 {
-    QFile file(Mappings + fileName);
     QDomDocument document;
-    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
-        return {};
-    return document;
+    return document.setContent(bytesOf(Mappings + fileName)) ? document : QDomDocument();
 }
 
 /** Where a control lies for the hand that plays it; the bands above and below the pads count as one. */
@@ -274,9 +272,7 @@ void TestFactoryMappers::filesHaveTheForm()
 {
     QFETCH(const QString, device);
 
-    QFile file(Mappings + device + " mapping.xml");
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(file.readAll());
+    const QString text = QString::fromUtf8(bytesOf(Mappings + device + " mapping.xml"));
     QStringList lines = text.split('\n');
     QCOMPARE(lines.takeFirst(), QString("<?xml version=\"1.0\" encoding=\"UTF-8\"?>"));
     const QString identifier = read(device + ".xml").documentElement().attribute("name");
@@ -366,10 +362,9 @@ void TestFactoryMappers::rowsStandAsGiven()
     QFETCH(const QString, value);
     QFETCH(QString, action);
 
-    QFile file(Mappings + "Novation Launchpad mapping.xml");
-    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(bytesOf(Mappings + "Novation Launchpad mapping.xml"));
     const QString row = QString("\n\t<map value=\"%1\" action=\"%2\"/>\n").arg(value, action);
-    QCOMPARE(QString::fromUtf8(file.readAll()).count(row), 1);
+    QCOMPARE(text.count(row), 1);
     action.replace("&apos;", "'").replace("&amp;", "&");
     QCOMPARE(actionsOf("Novation Launchpad").value(value), action);
 }

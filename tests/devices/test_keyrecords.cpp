@@ -1,4 +1,5 @@
 #include "devices/keyrecords.h"
+#include "support/files.h"
 
 #include <QDir>
 #include <QDomDocument>
@@ -43,12 +44,6 @@ QString plain(const QString &type, const QString &value, const QString &action, 
               const QString &col = {})
 {
     return QString("action=%1 | col=%2 | row=%3 | type=%4 | value=%5").arg(action, col, row, type, value);
-}
-
-bool writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
 
 /** A layout and a mapper in a folder of their own. */

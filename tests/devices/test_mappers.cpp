@@ -1,5 +1,6 @@
 #include "devices/catalogue.h"
 #include "devices/xmlfile.h"
+#include "support/files.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
@@ -49,12 +50,6 @@ QByteArray manyAttributes(int count)
     for (int i = 0; i < count; ++i)
         element += " a" + QByteArray::number(i) + "=''";
     return element + "/>";
-}
-
-bool writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
 
 bool writeFiles(const QString &folder, const Files &files)

@@ -1,10 +1,10 @@
 #include "devices/catalogue.h"
 #include "devices/keyrecords.h"
 #include "export/mapping.h"
+#include "support/files.h"
 #include "tables/controller.h"
 #include "tables/roles.h"
 
-#include <QBuffer>
 #include <QRegularExpression>
 #include <QTextCodec>
 #include <QTextStream>
@@ -81,32 +81,9 @@ ControllerMapping mappingOf(const Scene &scene, const QAbstractItemModel &grid)
             Date};
 }
 
-QByteArray written(const ControllerMapping &mapping)
+QByteArray written(const ControllerMapping &mapping, const char *codec = "UTF-8")
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly))
-        return "no buffer";
-    QTextStream out(&buffer);
-    out.setCodec("UTF-8");
-    writeMapping(out, mapping);
-    out.flush();
-    return bytes;
-}
-
-/** Where two files first differ, for a person; empty where they do not. */
-QString difference(const QByteArray &actual, const QByteArray &expected)
-{
-    if (actual == expected)
-        return {};
-    const QByteArrayList lines = actual.split('\n');
-    const QByteArrayList wanted = expected.split('\n');
-    int line = 0;
-    while (line < lines.size() && line < wanted.size() && lines.at(line) == wanted.at(line))
-        ++line;
-    return QString("line %1\n  is [%2]\n  not [%3]")
-        .arg(QString::number(line + 1), QString::fromUtf8(lines.value(line)),
-             QString::fromUtf8(wanted.value(line)));
+    return streamed([&mapping](QTextStream &out) { writeMapping(out, mapping); }, codec);
 }
 
 /** A file of the given lines between those that every mapper of the scenes has. */
@@ -962,14 +939,8 @@ void TestMapping::writesInTheCodecOfTheStream()
     const QString name = QString::fromUtf8("Nebelstoß & Été");
     Controller grid;
     QVERIFY(fill(grid, {{2, 2, name, "#ff0000", "", ""}}));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QVERIFY(buffer.open(QIODevice::WriteOnly));
-    QTextStream out(&buffer);
-    if (!codec.isEmpty())
-        out.setCodec(codec);
-    writeMapping(out, mappingOf({{button("led")}, {}}, grid));
-    out.flush();
+    const ControllerMapping mapping = mappingOf({{button("led")}, {}}, grid);
+    const QByteArray bytes = written(mapping, codec.isEmpty() ? nullptr : codec.constData());
 
     const QByteArray expected = fileOf(
         lines("os2l_button &apos;" + name + "&apos;", "os2l_button &apos;" + name + "&apos; ? on : off"));
@@ -1114,11 +1085,10 @@ void TestMapping::writesDevices()
     QVERIFY(entry != catalogue.end());
     const Keys keys = readKeyRecords(entry->device.value("path"), entry->mappers.last().value("path"));
     for (const bool isSimple : {Simple, Wrapped}) {
-        QFile file(QFINDTESTDATA("../data/" + golden + (isSimple ? "-simple.xml" : "-wrapped.xml")));
-        QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(golden));
+        const QString name = golden + (isSimple ? "-simple.xml" : "-wrapped.xml");
         const ControllerMapping mapping = {entry->device, keys,      grid,     switchKey.row, switchKey.col,
                                            defaultOff,    defaultOn, isSimple, Date};
-        QCOMPARE(difference(written(mapping), file.readAll()), QString());
+        QCOMPARE(difference(written(mapping), bytesOf(QFINDTESTDATA("../data/" + name))), QString());
     }
 }
 

@@ -1,8 +1,8 @@
 #include "export/padspage.h"
+#include "support/files.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
 
-#include <QBuffer>
 #include <QRandomGenerator>
 #include <QTextStream>
 #include <QtTest>
@@ -48,30 +48,7 @@ bool fill(QAbstractItemModel &table, const Pads &pads)
 
 QByteArray written(const PadsPage &page, const char *codec = "UTF-8")
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly))
-        return "no buffer";
-    QTextStream out(&buffer);
-    out.setCodec(codec);
-    writePadsPage(out, page);
-    out.flush();
-    return bytes;
-}
-
-/** Where two files first differ, for a person; empty where they do not. */
-QString difference(const QByteArray &actual, const QByteArray &expected)
-{
-    if (actual == expected)
-        return {};
-    const QByteArrayList lines = actual.split('\n');
-    const QByteArrayList wanted = expected.split('\n');
-    int line = 0;
-    while (line < lines.size() && line < wanted.size() && lines.at(line) == wanted.at(line))
-        ++line;
-    return QString("line %1\n  is [%2]\n  not [%3]")
-        .arg(QString::number(line + 1), QString::fromUtf8(lines.value(line)),
-             QString::fromUtf8(wanted.value(line)));
+    return streamed([&page](QTextStream &out) { writePadsPage(out, page); }, codec);
 }
 
 QStringList defaultBanks()
@@ -255,11 +232,11 @@ void TestPadsPage::writesPages()
     QFETCH(const int, padsPerBank);
     QFETCH(const Pads, pads);
 
-    QFile file(QFINDTESTDATA("../data/" + golden));
-    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(golden));
     VDJModel table;
     QVERIFY(fill(table, pads));
-    QCOMPARE(difference(written({name, banks, padsPerBank, table}), file.readAll()), QString());
+    QCOMPARE(
+        difference(written({name, banks, padsPerBank, table}), bytesOf(QFINDTESTDATA("../data/" + golden))),
+        QString());
 }
 
 void TestPadsPage::writesInTheCodecOfTheStream_data()
@@ -274,9 +251,7 @@ void TestPadsPage::writesInTheCodecOfTheStream()
 {
     QFETCH(const QByteArray, codec);
 
-    QFile file(QFINDTESTDATA("../data/padspage-beyond-ascii.xml"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QString golden = QString::fromUtf8(file.readAll());
+    const QString golden = QString::fromUtf8(bytesOf(QFINDTESTDATA("../data/padspage-beyond-ascii.xml")));
     VDJModel table;
     QVERIFY(fill(table,
                  {{1, 1, "1", QString::fromUtf8("Nebelstoß"), QString::fromUtf8("Été chaud"), "#ff0000"}}));
@@ -363,10 +338,10 @@ void TestPadsPage::writesFullPages()
 
 void TestPadsPage::writesNoPadsOfAnEmptyTable()
 {
-    QFile file(QFINDTESTDATA("../data/padspage-no-bank.xml"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
     const VDJModel table;
-    QCOMPARE(difference(written({"OS2L DMX", defaultBanks(), 8, table}), file.readAll()), QString());
+    QCOMPARE(difference(written({"OS2L DMX", defaultBanks(), 8, table}),
+                        bytesOf(QFINDTESTDATA("../data/padspage-no-bank.xml"))),
+             QString());
 }
 
 void TestPadsPage::changesNothing()

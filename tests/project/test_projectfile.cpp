@@ -1,16 +1,15 @@
 #include "project/projectfile.h"
+#include "support/files.h"
 #include "tables/controller.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
 
-#include <QBuffer>
 #include <QColor>
 #include <QDomDocument>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QStandardItemModel>
 #include <QTemporaryDir>
-#include <QTextCodec>
 #include <QTextStream>
 #include <QtTest>
 
@@ -96,43 +95,12 @@ bool fillWithEmptyKeys(QAbstractItemModel &grid)
 template<typename Project>
 QByteArray written(const Project &project, const char *codec = "UTF-8")
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly))
-        return "no buffer";
-    QTextStream out(&buffer);
-    if (codec)
-        out.setCodec(codec);
-    writeProject(out, project);
-    out.flush();
-    return bytes;
-}
-
-/** Where two files first differ, for a person; empty where they do not. */
-QString difference(const QByteArray &actual, const QByteArray &expected)
-{
-    if (actual == expected)
-        return {};
-    const QByteArrayList lines = actual.split('\n');
-    const QByteArrayList wanted = expected.split('\n');
-    int line = 0;
-    while (line < lines.size() && line < wanted.size() && lines.at(line) == wanted.at(line))
-        ++line;
-    return QString("line %1\n  is [%2]\n  not [%3]")
-        .arg(QString::number(line + 1), QString::fromUtf8(lines.value(line)),
-             QString::fromUtf8(wanted.value(line)));
+    return streamed([&project](QTextStream &out) { writeProject(out, project); }, codec);
 }
 
 QByteArray golden(const char *name)
 {
-    QFile file(QFINDTESTDATA(QString("../data/") + name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no golden file");
-}
-
-bool writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    return bytesOf(QFINDTESTDATA(QString("../data/") + name));
 }
 
 QDomDocument parsed(const QByteArray &xml)
@@ -284,7 +252,6 @@ class TestProjectFile final : public QObject
 
 private slots:
     void initTestCase();
-    void cleanup();
 
     void writesEmptyPads();
     void writesFilledPads();
@@ -348,19 +315,12 @@ private:
     QString write(const QByteArray &content);
 
     std::unique_ptr<QTemporaryDir> m_folder;
-    QTextCodec *m_codec = nullptr;
 };
 
 void TestProjectFile::initTestCase()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
-    m_codec = QTextCodec::codecForLocale();
-}
-
-void TestProjectFile::cleanup()
-{
-    QTextCodec::setCodecForLocale(m_codec);
 }
 
 /** Path of a project with this content. */
@@ -560,7 +520,7 @@ void TestProjectFile::writesInTheDefaultCodec()
 {
     QFETCH(const QByteArray, codec);
     QFETCH(const QByteArray, name);
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName(codec));
+    const DefaultCodec inUse(codec);
     const QStandardItemModel grid(1, 1);
     const QString cafe = QString::fromUtf8("Caf\xC3\xA9");
     const QByteArray bytes = written(MidiProject{"D", "s", cafe, {0, 0}, 0, 0, "e", grid}, nullptr);

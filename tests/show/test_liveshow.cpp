@@ -1,4 +1,5 @@
 #include "show/liveshow.h"
+#include "support/files.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -16,11 +17,10 @@ const QByteArray Mark = "\xEF\xBB\xBF";
 bool read(const QByteArray &ini, LiveShow &show)
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath("live.ini"));
-    if (!folder.isValid() || !file.open(QIODevice::WriteOnly) || file.write(ini) != ini.size())
+    const QString path = folder.filePath("live.ini");
+    if (!folder.isValid() || !writeFile(path, ini))
         return false;
-    file.close();
-    show = readLiveShow(file.fileName());
+    show = readLiveShow(path);
     return true;
 }
 
@@ -794,9 +794,7 @@ void TestLiveShow::readsTheExampleShow()
     QCOMPARE(show.buttons.size(), counted);
 
     // Every group of the file is counted, and every counted group is in the file.
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray ini = file.readAll();
+    const QByteArray ini = bytesOf(path);
     QVERIFY(ini.startsWith(Mark));
     int groups = 0;
     for (const QByteArray &line : ini.split('\n'))

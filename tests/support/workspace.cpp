@@ -1,5 +1,7 @@
 #include "support/workspace.h"
 
+#include "support/files.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -8,7 +10,6 @@
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QDropEvent>
-#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
@@ -102,8 +103,7 @@ QString Workspace::writeShow(const QString &name, const QByteArray &ini)
 {
     QString folder = home() + "/" + name;
     QDir().mkpath(folder + "/Live");
-    QFile file(folder + "/Live/live.ini");
-    if (!file.open(QIODevice::WriteOnly) || file.write(ini) != ini.size())
+    if (!writeFile(folder + "/Live/live.ini", ini))
         qFatal("cannot write a show");
     return folder;
 }

@@ -1,3 +1,4 @@
+#include "support/files.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
@@ -111,18 +112,6 @@ QStringList filesBelow(const QString &folder)
     return files;
 }
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not to be read");
-}
-
-bool write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
-
 /** A pads project, named "Saturday", of the show of loadSomeShow(): Live Button 5 on the first pad. */
 bool writeProject(const Workspace &space, const QString &path)
 {
@@ -130,7 +119,7 @@ bool writeProject(const Workspace &space, const QString &path)
         R"(<project type="pads" show="%1/Show/Live/live.ini" showname="Show" export="Saturday" >)"
         R"(<key row="0" column="0" name="x" dspname="x" pagenr="1" id="5" color="#ffffff" />)"
         "</project>";
-    return write(path, content.arg(space.home()).toUtf8());
+    return writeFile(path, content.arg(space.home()).toUtf8());
 }
 
 /** Takes the files that the desktop would open. */
@@ -571,7 +560,7 @@ void TestCommands::saveToNewFile()
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
     QCOMPARE(filesBelow(space.documents()), QStringList{path});
-    QVERIFY(contentOf(path).contains(holding.isMidi ? " type=\"midi\" " : " type=\"pads\" "));
+    QVERIFY(bytesOf(path).contains(holding.isMidi ? " type=\"midi\" " : " type=\"pads\" "));
 }
 
 void TestCommands::saveOverFile_data()
@@ -610,7 +599,7 @@ void TestCommands::saveOverFile()
     Workspace space;
     QVERIFY(prepare(space, holding));
     const QString path = space.documents() + "/Zarvex/projects/" + file;
-    QVERIFY(write(path, "somebody's work"));
+    QVERIFY(writeFile(path, "somebody's work"));
 
     space.dialogs.expect(saveDialog(space, path));
     space.dialogs.expect(overwriteQuestion(name, answer));
@@ -619,9 +608,9 @@ void TestCommands::saveOverFile()
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
     if (answer == QMessageBox::Yes)
-        QVERIFY(contentOf(path).contains(holding.isMidi ? " type=\"midi\" " : " type=\"pads\" "));
+        QVERIFY(bytesOf(path).contains(holding.isMidi ? " type=\"midi\" " : " type=\"pads\" "));
     else
-        QCOMPARE(contentOf(path), QByteArray("somebody's work"));
+        QCOMPARE(bytesOf(path), QByteArray("somebody's work"));
 }
 
 void TestCommands::loadProjectWithoutWork_data()
@@ -689,7 +678,7 @@ void TestCommands::loadProjectAfterRefusedOverwrite()
     Workspace space;
     QVERIFY(prepare(space, {true, true, false, false}));
     const QString path = space.documents() + "/Zarvex/projects/Night.zarvex";
-    QVERIFY(write(path, "somebody's work"));
+    QVERIFY(writeFile(path, "somebody's work"));
 
     space.dialogs.expect(projectOverWork(QMessageBox::Save));
     space.dialogs.expect(saveDialog(space, path));
@@ -698,7 +687,7 @@ void TestCommands::loadProjectAfterRefusedOverwrite()
     space.dialogs.expect(loadFailed());
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
-    QCOMPARE(contentOf(path), QByteArray("somebody's work"));
+    QCOMPARE(bytesOf(path), QByteArray("somebody's work"));
 }
 
 void TestCommands::loadProjectReplacesWork_data()
@@ -753,7 +742,7 @@ void TestCommands::loadProjectReplacesWork()
     QVERIFY(space.find<QRadioButton>("radio_outputpage")->isChecked());
     QCOMPARE(QFile::exists(projects + "Mine.zarvex"), notice.endsWith("is saved."));
     if (QFile::exists(projects + "Mine.zarvex")) // what was on show before the load
-        QVERIFY(contentOf(projects + "Mine.zarvex").contains(holding.isMidi ? "\"1-5\"" : "\"1-4\""));
+        QVERIFY(bytesOf(projects + "Mine.zarvex").contains(holding.isMidi ? "\"1-5\"" : "\"1-4\""));
 }
 
 void TestCommands::loadProjectOfMissingShow()
@@ -761,7 +750,8 @@ void TestCommands::loadProjectOfMissingShow()
     Workspace space;
     QVERIFY(prepare(space, {true, true, false, false}));
     const QString path = space.documents() + "/Zarvex/projects/Away.zarvex";
-    QVERIFY(write(path, R"(<project type="midi" show="/away/Live/live.ini" showname="Away" ></project>)"));
+    QVERIFY(
+        writeFile(path, R"(<project type="midi" show="/away/Live/live.ini" showname="Away" ></project>)"));
     const QStringList before = space.snapshot();
     space.dialogs.expect(projectOverWork(QMessageBox::Yes));
     space.dialogs.expect(loadDialog(space, path));
@@ -933,11 +923,11 @@ void TestCommands::manualInFolderIsKept()
     Workspace space;
     space.window();
     const QString manual = space.documents() + "/Zarvex/Manual.pdf";
-    QVERIFY(write(manual, "a manual"));
+    QVERIFY(writeFile(manual, "a manual"));
     const Desktop desktop;
     space.trigger("actionManual");
     QCOMPARE(desktop.opened, QList<QUrl>{QUrl::fromLocalFile(manual)});
-    QCOMPARE(contentOf(manual), QByteArray("a manual"));
+    QCOMPARE(bytesOf(manual), QByteArray("a manual"));
 }
 
 void TestCommands::manualWithoutFolder()

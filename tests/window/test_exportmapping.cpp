@@ -1,10 +1,10 @@
+#include "support/files.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
 #include <QDomDocument>
 #include <QLineEdit>
 #include <QRandomGenerator>
-#include <QTextCodec>
 
 namespace {
 
@@ -343,18 +343,6 @@ QStringList expected(const Plan &plan)
 
 // Files that stand there.
 
-QByteArray bytesOf(const QString &path)
-{
-    QFile stored(path);
-    return stored.open(QIODevice::ReadOnly) ? stored.readAll() : QByteArray("no file");
-}
-
-bool store(const QString &path, const QByteArray &bytes)
-{
-    QFile stored(path);
-    return stored.open(QIODevice::WriteOnly) && stored.write(bytes) == bytes.size();
-}
-
 /** The lines of a file with TODAY in place of the date. */
 QStringList linesOf(const QString &path)
 {
@@ -410,9 +398,8 @@ QByteArray mapper(const QString &identifier, const Scripts &scripts)
 /** The scripts of a device's factory mapper. */
 Scripts factoryScripts(int device)
 {
-    QFile stored(":/icons/Mappings/" + devices().at(device).name + " mapping.xml");
     QDomDocument document;
-    if (!stored.open(QIODevice::ReadOnly) || !document.setContent(&stored))
+    if (!document.setContent(bytesOf(":/icons/Mappings/" + devices().at(device).name + " mapping.xml")))
         qFatal("no factory mapper");
     Scripts scripts;
     const QDomNodeList rows = document.elementsByTagName("map");
@@ -435,7 +422,7 @@ bool start(Workspace &space, int device, int mapperRow = Simple)
 /** The same with a mapper of the user's. */
 bool startWith(Workspace &space, int device, const Scripts &scripts)
 {
-    return store(space.mappersFolder() + "/Mine.xml", mapper(devices().at(device).identifier, scripts))
+    return writeFile(space.mappersFolder() + "/Mine.xml", mapper(devices().at(device).identifier, scripts))
            && start(space, device, Users);
 }
 
@@ -479,21 +466,6 @@ bool put(Workspace &space, int row, int col, int role, const QString &value)
 {
     return space.grid()->setData(space.grid()->index(row, col), value, role);
 }
-
-/** Holds a codec for all texts that name none. */
-class DefaultCodec final
-{
-public:
-    explicit DefaultCodec(const QByteArray &name)
-    {
-        QTextCodec::setCodecForLocale(QTextCodec::codecForName(name));
-    }
-    ~DefaultCodec() { QTextCodec::setCodecForLocale(m_before); }
-    Q_DISABLE_COPY(DefaultCodec)
-
-private:
-    QTextCodec *m_before = QTextCodec::codecForLocale();
-};
 
 /** A home folder for several starts of the program, one after the other. */
 class Home final
@@ -643,22 +615,22 @@ bool layOut(Workspace &space, Plan &plan)
 void TestExportMapping::userRoad()
 {
     Workspace space;
-    QVERIFY(store(space.mappersFolder() + "/Evening.xml",
-                  mapper("APCMINI", {{"ROW1_PAD1", "play_pause"},
-                                     {"LED_ROW1_PAD1", "play_pause ? on : off"},
-                                     {"ROW1_PAD2", "deck left hot_cue 2"},
-                                     {"LED_ROW1_PAD3", "sampler_loaded ? on : off"},
-                                     {"ROW2_PAD1", "play"},
-                                     {"LED_ROW2_PAD1", "play ? on : off"},
-                                     {"ROW2_PAD2", "set '$x' 1 & say \"hi\""},
-                                     {"UP", "sampler_bank -1"},
-                                     {"DOWN", "sampler_bank +1"},
-                                     {"LEFT", "sampler_stop 1"},
-                                     {"LED_LEFT", "sampler_used ? on : off"},
-                                     {"PAN", "browser_scroll -1"},
-                                     {"SLIDER1", "deck left level"},
-                                     {"SHIFT", "shift"},
-                                     {"UNKNOWN", "play"}})));
+    QVERIFY(writeFile(space.mappersFolder() + "/Evening.xml",
+                      mapper("APCMINI", {{"ROW1_PAD1", "play_pause"},
+                                         {"LED_ROW1_PAD1", "play_pause ? on : off"},
+                                         {"ROW1_PAD2", "deck left hot_cue 2"},
+                                         {"LED_ROW1_PAD3", "sampler_loaded ? on : off"},
+                                         {"ROW2_PAD1", "play"},
+                                         {"LED_ROW2_PAD1", "play ? on : off"},
+                                         {"ROW2_PAD2", "set '$x' 1 & say \"hi\""},
+                                         {"UP", "sampler_bank -1"},
+                                         {"DOWN", "sampler_bank +1"},
+                                         {"LEFT", "sampler_stop 1"},
+                                         {"LED_LEFT", "sampler_used ? on : off"},
+                                         {"PAN", "browser_scroll -1"},
+                                         {"SLIDER1", "deck left level"},
+                                         {"SHIFT", "shift"},
+                                         {"UNKNOWN", "play"}})));
     QVERIFY2(space.load(space.writeShow("Show", Ini)), qPrintable(space.dialogs.faults()));
     QVERIFY(space.click("radio_outputmidi"));
     QVERIFY(space.choose("mididevices", Users));
@@ -711,7 +683,7 @@ void TestExportMapping::devicesToTheLine()
             scripts.insert("LED_" + controls.at(i).name, "is 'it' ? on : off");
     }
     Workspace space;
-    QVERIFY(store(space.mappersFolder() + "/Mine.xml", mapper(devices().at(device).identifier, scripts)));
+    QVERIFY(writeFile(space.mappersFolder() + "/Mine.xml", mapper(devices().at(device).identifier, scripts)));
     QVERIFY2(start(space, device, mapperRow), qPrintable(space.dialogs.faults()));
     Plan plan = {device, mapperRow == Simple, mapperRow == Users ? scripts : factoryScripts(device)};
     QVERIFY(layOut(space, plan));
@@ -1189,7 +1161,7 @@ void TestExportMapping::overwriting()
     QVERIFY(space.type("padsname", "Mine"));
     const QString path = space.mappersFolder() + "/" + fileName(Pro, "Mine");
     const QByteArray old = "what stood there\r\n";
-    QVERIFY(store(path, old));
+    QVERIFY(writeFile(path, old));
 
     space.dialogs.expect(overwrite(Pro, answer, "Mine"));
     if (isWritten)
@@ -1210,7 +1182,7 @@ void TestExportMapping::longerFileIsCutOff()
     QVERIFY2(exports(space, Akai), qPrintable(space.dialogs.faults()));
     const QStringList first = exported(space, Akai);
     const QString path = space.mappersFolder() + "/" + fileName(Akai);
-    QVERIFY(store(path, bytesOf(path) + QByteArray(5000, 'x')));
+    QVERIFY(writeFile(path, bytesOf(path) + QByteArray(5000, 'x')));
 
     space.dialogs.expect(overwrite(Akai, QMessageBox::Yes));
     QVERIFY2(exports(space, Akai), qPrintable(space.dialogs.faults()));
@@ -1241,12 +1213,12 @@ void TestExportMapping::cannotBeWritten()
         space.dialogs.expect(overwrite(Akai, QMessageBox::Yes));
     } else if (obstacle == "read-only") {
         QVERIFY(QFile::setPermissions(space.mappersFolder(), QFile::ReadOwner | QFile::ExeOwner));
-        canBeWritten = store(space.mappersFolder() + "/probe", "x"); // an administrator may all the same
+        canBeWritten = writeFile(space.mappersFolder() + "/probe", "x"); // an administrator may all the same
     } else {
         QVERIFY(QDir(space.mappersFolder()).removeRecursively());
         if (obstacle == "no VirtualDJ")
             QVERIFY(QDir(space.documents() + "/VirtualDJ").removeRecursively());
-        QVERIFY(obstacle != "file" || store(space.mappersFolder(), "x"));
+        QVERIFY(obstacle != "file" || writeFile(space.mappersFolder(), "x"));
     }
 
     const QStringList before = space.snapshot();
@@ -1381,7 +1353,8 @@ void TestExportMapping::mapperCalledSimple()
 {
     Workspace space;
     const QString name = "Simple OS2L mapping"; // as the first mapper is called, which alone is simple
-    QVERIFY(store(space.mappersFolder() + "/" + name + ".xml", mapper("LAUNCHPAD2", {{"PAD_1_1", "play"}})));
+    QVERIFY(
+        writeFile(space.mappersFolder() + "/" + name + ".xml", mapper("LAUNCHPAD2", {{"PAD_1_1", "play"}})));
     QVERIFY2(start(space, Mk2, Users), qPrintable(space.dialogs.faults()));
     QCOMPARE(space.find<QComboBox>("mididevices")->currentText(), name);
     QVERIFY(space.putOnKey(Strobe, 2, 2));
@@ -1417,7 +1390,7 @@ void TestExportMapping::mapperChangesAfterTheStart()
     Plan plan = {Mk2, false, scripts};
     QVERIFY(assign(space, plan, Strobe, {2, 2}));
     const QString path = space.mappersFolder() + "/Mine.xml";
-    QVERIFY(content.isNull() ? QFile::remove(path) : store(path, content));
+    QVERIFY(content.isNull() ? QFile::remove(path) : writeFile(path, content));
     QVERIFY2(exports(space, Mk2), qPrintable(space.dialogs.faults()));
     QCOMPARE(difference(exported(space, Mk2), hasKeys ? expected(plan) : file("LAUNCHPAD2", {})), QString());
 }
@@ -1432,7 +1405,7 @@ void TestExportMapping::everyExportReadsAnew()
     QCOMPARE(difference(exported(space, Mk2), expected(plan)), QString());
 
     plan.scripts = {{"PAD_1_1", "cue"}};
-    QVERIFY(store(space.mappersFolder() + "/Mine.xml", mapper("LAUNCHPAD2", plan.scripts)));
+    QVERIFY(writeFile(space.mappersFolder() + "/Mine.xml", mapper("LAUNCHPAD2", plan.scripts)));
     QVERIFY(assign(space, plan, Strobe, {2, 3}));
     space.dialogs.expect(overwrite(Mk2, QMessageBox::Yes));
     QVERIFY2(exports(space, Mk2), qPrintable(space.dialogs.faults()));
@@ -1581,7 +1554,7 @@ class Generations final
 public:
     Generations(int device, const Scripts &scripts) : m_device(device)
     {
-        store(m_home.mappersFolder() + "/Mine.xml", mapper(devices().at(device).identifier, scripts));
+        writeFile(m_home.mappersFolder() + "/Mine.xml", mapper(devices().at(device).identifier, scripts));
     }
 
     /** One export more, by a new start; what went wrong, or nothing. */
@@ -1803,8 +1776,8 @@ private:
         m_plan.isSimple = m_mapperRow == Simple;
         const Scripts users = someScripts();
         m_plan.scripts = m_mapperRow == Users ? users : factoryScripts(m_plan.device);
-        return store(m_space.mappersFolder() + "/Mine.xml",
-                     mapper(devices().at(m_plan.device).identifier, users))
+        return writeFile(m_space.mappersFolder() + "/Mine.xml",
+                         mapper(devices().at(m_plan.device).identifier, users))
                && start(m_space, m_keysOf);
     }
 

@@ -1,8 +1,8 @@
+#include "support/files.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QTextCodec>
 
 namespace {
 
@@ -46,12 +46,6 @@ bool exports(Workspace &space, const QString &page = "OS2L DMX")
 {
     space.dialogs.expect(created(page));
     return space.click("pushButton_2") && space.dialogs.faults().isEmpty();
-}
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
 }
 
 QByteArray exported(const Workspace &space, const QString &page = "OS2L DMX")
@@ -534,9 +528,7 @@ void TestExportPage::overwriting()
     QVERIFY2(start(space), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnPad(Strobe, 0));
     const QByteArray old = "what stood there\n";
-    QFile file(space.padsFolder() + "/Mine.xml");
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(old) == old.size());
-    file.close();
+    QVERIFY(writeFile(space.padsFolder() + "/Mine.xml", old));
     QVERIFY(space.type("padsname", "Mine"));
 
     space.dialogs.expect(overwrite("Mine", answer));
@@ -557,9 +549,7 @@ void TestExportPage::longerFileIsCutOff()
     QVERIFY(space.putOnPad(Strobe, 0));
     QVERIFY2(exports(space), qPrintable(space.dialogs.faults()));
     const QByteArray first = exported(space);
-    QFile file(space.padsFolder() + "/OS2L DMX.xml");
-    QVERIFY(file.open(QIODevice::Append) && file.write(QByteArray(5000, 'x')) == 5000);
-    file.close();
+    QVERIFY(writeFile(space.padsFolder() + "/OS2L DMX.xml", first + QByteArray(5000, 'x')));
 
     space.dialogs.expect(overwrite("OS2L DMX", QMessageBox::Yes));
     QVERIFY2(exports(space), qPrintable(space.dialogs.faults()));
@@ -590,8 +580,7 @@ void TestExportPage::cannotBeWritten()
         QVERIFY(QDir(space.padsFolder()).removeRecursively());
         if (obstacle == "no VirtualDJ")
             QVERIFY(QDir(space.documents() + "/VirtualDJ").removeRecursively());
-        QFile file(space.padsFolder());
-        QVERIFY(obstacle != "file" || file.open(QIODevice::WriteOnly));
+        QVERIFY(obstacle != "file" || writeFile(space.padsFolder(), {}));
     }
 
     space.dialogs.expect(created("OS2L DMX"));
@@ -618,11 +607,8 @@ void TestExportPage::usesTheDefaultCodec()
     Workspace space;
     QVERIFY2(start(space), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnPad(Accented, 0));
-    QTextCodec *before = QTextCodec::codecForLocale();
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName(codec));
-    const bool isExported = exports(space);
-    QTextCodec::setCodecForLocale(before);
-    QVERIFY2(isExported, qPrintable(space.dialogs.faults()));
+    const DefaultCodec inUse(codec);
+    QVERIFY2(exports(space), qPrintable(space.dialogs.faults()));
 
     QCOMPARE(line(exported(space), "pad1"), padOfOneBank(1, name, "#ffffff", name));
     QVERIFY(exported(space).startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"));

@@ -1,3 +1,4 @@
+#include "support/files.h"
 #include "support/workspace.h"
 
 #include <QLineEdit>
@@ -26,10 +27,8 @@ void TestFirstRoad::fromShowToPadsPage()
     QVERIFY(space.click("pushButton_2"));
     QCOMPARE(space.dialogs.faults(), QString());
 
-    QFile file(space.padsFolder() + "/OS2L DMX.xml");
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(
-        file.readAll().contains("\t<pad3 name=\"`var &apos;dmxbank&apos; 0 ? get_text &apos;2-2&apos;`\""));
+    QVERIFY(bytesOf(space.padsFolder() + "/OS2L DMX.xml")
+                .contains("\t<pad3 name=\"`var &apos;dmxbank&apos; 0 ? get_text &apos;2-2&apos;`\""));
 }
 
 QTEST_MAIN(TestFirstRoad)

@@ -1,3 +1,4 @@
+#include "support/files.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
@@ -246,9 +247,9 @@ void TestLoadShow::savingNeverStopsTheLoad()
 
     space.dialogs.expect(question(QMessageBox::Save));
     if (isFileThere) {
-        QFile file(projects + "/Mine.zarvex");
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        space.dialogs.expect(File{"Save your Zarvex Project", projects, file.fileName()});
+        const QString path = projects + "/Mine.zarvex";
+        QVERIFY(writeFile(path, {}));
+        space.dialogs.expect(File{"Save your Zarvex Project", projects, path});
         space.dialogs.expect(Box{"Project Mine already exists.", "Do you want to overwrite ?",
                                  QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No});
     } else {

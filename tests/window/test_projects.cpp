@@ -1,3 +1,4 @@
+#include "support/files.h"
 #include "support/workspace.h"
 
 #include <QAction>
@@ -10,7 +11,6 @@
 #include <QMenu>
 #include <QRadioButton>
 #include <QRandomGenerator>
-#include <QTextCodec>
 
 #include <optional>
 
@@ -63,18 +63,6 @@ public:
     bool asksBeforeOverwriting = false;
     QString toRemove; ///< file that goes away when it has been chosen
 };
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
-
-bool write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
 
 QString projectsFolder(const Workspace &space)
 {
@@ -130,7 +118,7 @@ std::optional<bool> loaded(Workspace &space, const QString &path)
 std::optional<bool> loadedFrom(Workspace &space, const QByteArray &content)
 {
     space.window(); // makes the folder
-    return write(projectPath(space), content) ? loaded(space, projectPath(space)) : std::nullopt;
+    return writeFile(projectPath(space), content) ? loaded(space, projectPath(space)) : std::nullopt;
 }
 
 /** What saving would write into the "project" element: the fields of the window that no widget shows. */
@@ -394,7 +382,6 @@ class TestProjects final : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
 
     void savesPadsToTheByte();
     void savesGridToTheByte();
@@ -470,13 +457,10 @@ private slots:
     void unsafeNameKeepsTheShow_data();
     void unsafeNameKeepsTheShow();
     void bankWithCommaBecomesTwo();
-};
 
-/** The locale of the machine is no part of what is tested. */
-void TestProjects::init()
-{
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-}
+private:
+    const DefaultCodec m_codec{"UTF-8"}; ///< the locale of the machine is no part of what is tested
+};
 
 void TestProjects::savesPadsToTheByte()
 {
@@ -663,7 +647,7 @@ void TestProjects::notSaved()
     Workspace space;
     QVERIFY(start(space));
     QVERIFY(QDir().mkpath(projectPath(space, "folder.zarvex")));
-    QVERIFY(write(projectPath(space, "file"), "somebody's work"));
+    QVERIFY(writeFile(projectPath(space, "file"), "somebody's work"));
     const QStringList before = space.snapshot();
     for (const char *slot : {"savepadsproject", "savemidiproject"}) {
         space.dialogs.expect(Box{"Project " + name + " was not saved.", {}});
@@ -704,7 +688,7 @@ void TestProjects::longerFileIsCutOff()
     QVERIFY(start(space));
     QVERIFY(space.putOnPad(3, 0));
     QVERIFY(save(space, projectPath(space)));
-    QVERIFY(write(projectPath(space, "Long.zarvex"), QByteArray(1000000, 'x')));
+    QVERIFY(writeFile(projectPath(space, "Long.zarvex"), QByteArray(1000000, 'x')));
     space.dialogs.expect(Box{"Project Long is saved.", {}});
     QVERIFY(space.call("savepadsproject", projectPath(space, "Long.zarvex")));
     QCOMPARE(bytesOf(projectPath(space, "Long.zarvex")), bytesOf(projectPath(space)));
@@ -715,7 +699,7 @@ void TestProjects::savesInTheDefaultCodec()
     Workspace space;
     QVERIFY(start(space));
     space.find<QLineEdit>("padsname")->setText(QString::fromUtf8("Café"));
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
+    const DefaultCodec latin("ISO-8859-1");
     space.dialogs.expect(Box{"Project Night is saved.", {}});
     QVERIFY(space.call("savepadsproject", projectPath(space)));
     QVERIFY(bytesOf(projectPath(space)).contains("export=\"Caf\xE9\" "));
@@ -1407,7 +1391,7 @@ void TestProjects::fileCannotBeOpened()
         QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
 #endif
     } else {
-        QVERIFY(write(path, padsProject(space, {})));
+        QVERIFY(writeFile(path, padsProject(space, {})));
         QVERIFY(file == "gone" || QFile::resize(path, (qint64(64) << 20) + 1));
     }
     const QStringList before = space.snapshot();

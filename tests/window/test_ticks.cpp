@@ -1,3 +1,4 @@
+#include "support/files.h"
 #include "support/workspace.h"
 
 #include <QApplication>
@@ -547,9 +548,7 @@ void TestTicks::sixteenPadAsymmetry()
         ExpectedDialogs::Box{"Pads Page OS2L DMX is created.", "Select it from VirtualDJ Pads dropdown"});
     space.trigger("actionExport");
     QCOMPARE(space.dialogs.faults(), QString());
-    QFile page(space.padsFolder() + "/OS2L DMX.xml");
-    QVERIFY(page.open(QIODevice::ReadOnly));
-    QVERIFY(page.readAll().contains("os2l_button &apos;1-4&apos;</pad9>"));
+    QVERIFY(bytesOf(space.padsFolder() + "/OS2L DMX.xml").contains("os2l_button &apos;1-4&apos;</pad9>"));
 }
 
 void TestTicks::modeShowsItsTable()

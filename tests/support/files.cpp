@@ -1,0 +1,55 @@
+#include "support/files.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QTextStream>
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
+
+bool writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+QByteArray streamed(const std::function<void(QTextStream &)> &write, const char *codec)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly))
+        return "no buffer";
+    QTextStream out(&buffer);
+    if (codec)
+        out.setCodec(codec);
+    write(out);
+    out.flush();
+    return bytes;
+}
+
+QString difference(const QByteArray &actual, const QByteArray &expected)
+{
+    if (actual == expected)
+        return {};
+    const QByteArrayList lines = actual.split('\n');
+    const QByteArrayList wanted = expected.split('\n');
+    int line = 0;
+    while (line < lines.size() && line < wanted.size() && lines.at(line) == wanted.at(line))
+        ++line;
+    return QString("line %1\n  is [%2]\n  not [%3]")
+        .arg(QString::number(line + 1), QString::fromUtf8(lines.value(line)),
+             QString::fromUtf8(wanted.value(line)));
+}
+
+DefaultCodec::DefaultCodec(const QByteArray &name) : m_before(QTextCodec::codecForLocale())
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName(name));
+}
+
+DefaultCodec::~DefaultCodec()
+{
+    QTextCodec::setCodecForLocale(m_before);
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QTextCodec>
+
+#include <functional>
+
+class QTextStream;
+
+/** All of a file; "no file" where it cannot be read. */
+QByteArray bytesOf(const QString &path);
+
+/** Writes a file anew; false where that fails. */
+bool writeFile(const QString &path, const QByteArray &content);
+
+/**
+ * What a function writes into a text stream.
+ *
+ * @param write  takes the stream
+ * @param codec  of the stream; nullptr leaves it at the default
+ */
+QByteArray streamed(const std::function<void(QTextStream &)> &write, const char *codec = "UTF-8");
+
+/** Where two files first differ, for a person; empty where they do not. */
+QString difference(const QByteArray &actual, const QByteArray &expected);
+
+/** Holds a codec for all texts that name none. */
+class DefaultCodec final
+{
+public:
+    explicit DefaultCodec(const QByteArray &name);
+    ~DefaultCodec();
+    Q_DISABLE_COPY(DefaultCodec)
+
+private:
+    QTextCodec *m_before;
+};
