@@ -1,5 +1,6 @@
 #include "devices/catalogue.h"
 #include "devices/xmlfile.h"
+#include "support/boxes.h"
 #include "support/files.h"
 #include "support/workspace.h"
 
@@ -73,17 +74,9 @@ QStringList shown(const QList<Record> &mappers, const QString &folder)
     return lines;
 }
 
-QStringList itemsOf(QComboBox *combo)
-{
-    QStringList items;
-    for (int i = 0; i < combo->count(); ++i)
-        items += combo->itemText(i);
-    return items;
-}
-
 QStringList offered(Workspace &space)
 {
-    return itemsOf(space.find<QComboBox>("mididevices"));
+    return Workspace::itemsOf(space.find<QComboBox>("mididevices"));
 }
 
 } // namespace
@@ -322,8 +315,7 @@ void TestMappers::looksForMappersOnlyAtTheStart()
 {
     Workspace space;
     space.window();
-    space.dialogs.expect(ExpectedDialogs::Box{"Mapping OS2L DMX for AKAI APC Mini is created.",
-                                              "Select it from Controllers tab of VirtualDJ Settings."});
+    space.dialogs.expect(Boxes::mappingCreated("OS2L DMX", "AKAI APC Mini"));
     QVERIFY(space.ask<bool>("exportmapping"));
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(offered(space), BuiltIn);

@@ -249,6 +249,38 @@ bool Workspace::pick(QMenu *menu, const QStringList &path)
     return !menu;
 }
 
+bool Workspace::pickOnKey(int row, int col, const QStringList &path)
+{
+    const bool isPicked = pick(rightClick(gridView(), grid()->index(row, col)), path);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the menu goes
+    return isPicked && !QApplication::activePopupWidget();
+}
+
+void Workspace::select(QTableView *view, const QString &cells)
+{
+    view->selectionModel()->clear();
+    const QStringList parts = cells.split(' ', Qt::SkipEmptyParts);
+    for (const QString &cell : parts) {
+        view->selectionModel()->select(
+            view->model()->index(cell.section(',', 0, 0).toInt(), cell.section(',', 1).toInt()),
+            QItemSelectionModel::Select);
+    }
+}
+
+QStringList Workspace::itemsOf(const QComboBox *combo)
+{
+    QStringList items;
+    for (int i = 0; i < combo->count(); ++i)
+        items.append(combo->itemText(i));
+    return items;
+}
+
+QString Workspace::focused()
+{
+    const QWidget *widget = QApplication::focusWidget();
+    return widget ? widget->objectName() : "nothing";
+}
+
 bool Workspace::isTicked(int row)
 {
     return dmx()->index(row, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked;

@@ -11,6 +11,7 @@
 #include <memory>
 
 class QAction;
+class QComboBox;
 class QMenu;
 
 /**
@@ -147,6 +148,17 @@ public:
      * @return      false where one of them is missing, disabled or out of sight
      */
     static bool pick(QMenu *menu, const QStringList &path);
+
+    /** Right-clicks a key and picks an entry of its menu, as pick() does; no menu stays open. */
+    bool pickOnKey(int row, int col, const QStringList &path);
+
+    /** Selects nothing but some cells of a table, as "row,column row,column". */
+    static void select(QTableView *view, const QString &cells);
+
+    /** The texts that a combo box offers. */
+    static QStringList itemsOf(const QComboBox *combo);
+    /** Object name of the widget that has the focus; "nothing" where none has it. */
+    static QString focused();
 
     /** Whether the Live Button in a row has its tick. */
     bool isTicked(int row);

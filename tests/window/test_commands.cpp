@@ -1,3 +1,4 @@
+#include "support/boxes.h"
 #include "support/files.h"
 #include "support/workspace.h"
 
@@ -11,7 +12,6 @@
 namespace {
 
 using Box = ExpectedDialogs::Box;
-using File = ExpectedDialogs::File;
 
 /** What the workspace holds before a command. */
 struct Holding
@@ -54,53 +54,10 @@ bool give(Workspace &space, const QByteArray &command)
     return true;
 }
 
-/** Where "Save Project" asks for a file. */
-File saveDialog(const Workspace &space, const QString &path)
-{
-    return {"Save your Zarvex Project",
-            space.documents() + "/Zarvex/projects",
-            path,
-            {"Zarvex Projects (*.zarvex)"}};
-}
-
-Box overwriteQuestion(const QString &name, QMessageBox::StandardButton answer)
-{
-    return {"Project " + name + " already exists.", "Do you want to overwrite ?",
-            QMessageBox::Yes | QMessageBox::No, QMessageBox::No, answer};
-}
-
-Box projectOverWork(QMessageBox::StandardButton answer)
-{
-    return {"Are you sure you want to load a Project before saving current ?",
-            {},
-            QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel,
-            QMessageBox::Cancel,
-            answer};
-}
-
 Box leavingWithWork(QMessageBox::StandardButton answer)
 {
     return {"Project is not empty.", "Are you sure you want to exit ?",
             QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel, answer};
-}
-
-Box projectSaved(const QString &name)
-{
-    return {"Project " + name + " is saved.", {}};
-}
-
-/** Where "Load Project" asks for a file. */
-File loadDialog(const Workspace &space, const QString &path)
-{
-    return {"Select a Zarvex Project",
-            space.documents() + "/Zarvex/projects",
-            path,
-            {"Zarvex Projects (*.zarvex)"}};
-}
-
-Box loadFailed()
-{
-    return {"Failed to load the Project's Show.", {}};
 }
 
 QStringList filesBelow(const QString &folder)
@@ -503,7 +460,7 @@ void TestCommands::exportPadsPage()
     QFETCH(const Holding, holding);
     Workspace space;
     QVERIFY(prepare(space, holding));
-    space.dialogs.expect(Box{"Pads Page OS2L DMX is created.", "Select it from VirtualDJ Pads dropdown"});
+    space.dialogs.expect(Boxes::pageCreated("OS2L DMX"));
     QVERIFY(give(space, command));
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(filesBelow(space.documents()), QStringList{space.padsFolder() + "/OS2L DMX.xml"});
@@ -514,8 +471,7 @@ void TestCommands::exportMapping()
     Workspace space;
     QVERIFY(prepare(space, {true, false, true, true}));
     const QString device = space.find<QComboBox>("devicescombo")->currentText();
-    space.dialogs.expect(Box{"Mapping OS2L DMX for " + device + " is created.",
-                             "Select it from Controllers tab of VirtualDJ Settings."});
+    space.dialogs.expect(Boxes::mappingCreated("OS2L DMX", device));
     QVERIFY(give(space, "pushButton_2"));
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(filesBelow(space.documents()),
@@ -535,7 +491,7 @@ void TestCommands::saveCancelled()
     Workspace space;
     QVERIFY(prepare(space, holding));
     const QStringList before = space.snapshot();
-    space.dialogs.expect(saveDialog(space, {}));
+    space.dialogs.expect(Boxes::saveDialog(space, {}));
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
@@ -554,8 +510,8 @@ void TestCommands::saveToNewFile()
     QVERIFY(prepare(space, holding));
     const QStringList before = space.snapshot();
     const QString path = space.documents() + "/Zarvex/projects/Night.zarvex";
-    space.dialogs.expect(saveDialog(space, path));
-    space.dialogs.expect(projectSaved("Night"));
+    space.dialogs.expect(Boxes::saveDialog(space, path));
+    space.dialogs.expect(Boxes::projectSaved("Night"));
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
@@ -601,10 +557,10 @@ void TestCommands::saveOverFile()
     const QString path = space.documents() + "/Zarvex/projects/" + file;
     QVERIFY(writeFile(path, "somebody's work"));
 
-    space.dialogs.expect(saveDialog(space, path));
-    space.dialogs.expect(overwriteQuestion(name, answer));
+    space.dialogs.expect(Boxes::saveDialog(space, path));
+    space.dialogs.expect(Boxes::overwrite("Project " + name, answer));
     if (answer == QMessageBox::Yes)
-        space.dialogs.expect(projectSaved(name));
+        space.dialogs.expect(Boxes::projectSaved(name));
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
     if (answer == QMessageBox::Yes)
@@ -630,8 +586,8 @@ void TestCommands::loadProjectWithoutWork()
     Workspace space;
     QVERIFY(prepare(space, holding));
     const QStringList before = space.snapshot();
-    space.dialogs.expect(loadDialog(space, {}));
-    space.dialogs.expect(loadFailed()); // a plain cancel counts as a failure
+    space.dialogs.expect(Boxes::loadDialog(space, {}));
+    space.dialogs.expect(Boxes::loadFailed()); // a plain cancel counts as a failure
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
@@ -660,12 +616,12 @@ void TestCommands::loadProjectOverWork()
     QVERIFY(prepare(space, holding));
     const QStringList before = space.snapshot();
 
-    space.dialogs.expect(projectOverWork(answer));
+    space.dialogs.expect(Boxes::projectOverWork(answer));
     if (answer == QMessageBox::Save)
-        space.dialogs.expect(saveDialog(space, {}));
+        space.dialogs.expect(Boxes::saveDialog(space, {}));
     if (answer == QMessageBox::Save || answer == QMessageBox::Yes) {
-        space.dialogs.expect(loadDialog(space, {}));
-        space.dialogs.expect(loadFailed());
+        space.dialogs.expect(Boxes::loadDialog(space, {}));
+        space.dialogs.expect(Boxes::loadFailed());
     }
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
@@ -680,11 +636,11 @@ void TestCommands::loadProjectAfterRefusedOverwrite()
     const QString path = space.documents() + "/Zarvex/projects/Night.zarvex";
     QVERIFY(writeFile(path, "somebody's work"));
 
-    space.dialogs.expect(projectOverWork(QMessageBox::Save));
-    space.dialogs.expect(saveDialog(space, path));
-    space.dialogs.expect(overwriteQuestion("Night", QMessageBox::No));
-    space.dialogs.expect(loadDialog(space, {}));
-    space.dialogs.expect(loadFailed());
+    space.dialogs.expect(Boxes::projectOverWork(QMessageBox::Save));
+    space.dialogs.expect(Boxes::saveDialog(space, path));
+    space.dialogs.expect(Boxes::overwrite("Project Night", QMessageBox::No));
+    space.dialogs.expect(Boxes::loadDialog(space, {}));
+    space.dialogs.expect(Boxes::loadFailed());
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(bytesOf(path), QByteArray("somebody's work"));
@@ -728,12 +684,12 @@ void TestCommands::loadProjectReplacesWork()
     QVERIFY(writeProject(space, projects + "Saturday.zarvex"));
 
     if (answer != QMessageBox::NoButton)
-        space.dialogs.expect(projectOverWork(answer));
+        space.dialogs.expect(Boxes::projectOverWork(answer));
     if (answer == QMessageBox::Save)
-        space.dialogs.expect(saveDialog(space, saveTo.isEmpty() ? QString() : projects + saveTo));
+        space.dialogs.expect(Boxes::saveDialog(space, saveTo.isEmpty() ? QString() : projects + saveTo));
     if (!notice.isEmpty())
         space.dialogs.expect(Box{notice, {}});
-    space.dialogs.expect(loadDialog(space, projects + "Saturday.zarvex"));
+    space.dialogs.expect(Boxes::loadDialog(space, projects + "Saturday.zarvex"));
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.find<QLineEdit>("padsname")->text(), QString("Saturday"));
@@ -753,9 +709,9 @@ void TestCommands::loadProjectOfMissingShow()
     QVERIFY(
         writeFile(path, R"(<project type="midi" show="/away/Live/live.ini" showname="Away" ></project>)"));
     const QStringList before = space.snapshot();
-    space.dialogs.expect(projectOverWork(QMessageBox::Yes));
-    space.dialogs.expect(loadDialog(space, path));
-    space.dialogs.expect(loadFailed());
+    space.dialogs.expect(Boxes::projectOverWork(QMessageBox::Yes));
+    space.dialogs.expect(Boxes::loadDialog(space, path));
+    space.dialogs.expect(Boxes::loadFailed());
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
@@ -768,9 +724,9 @@ void TestCommands::loadedProjectIsWork()
     space.window();
     const QString path = space.documents() + "/Zarvex/projects/Saturday.zarvex";
     QVERIFY(writeProject(space, path));
-    space.dialogs.expect(loadDialog(space, path));
+    space.dialogs.expect(Boxes::loadDialog(space, path));
     space.trigger("actionLoad_Project");
-    space.dialogs.expect(projectOverWork(QMessageBox::Cancel));
+    space.dialogs.expect(Boxes::projectOverWork(QMessageBox::Cancel));
     space.trigger("actionLoad_Project");
     space.dialogs.expect(leavingWithWork(QMessageBox::Cancel));
     QVERIFY(!space.window().close());
@@ -886,8 +842,8 @@ void TestCommands::savedWorkIsStillWork()
 {
     Workspace space;
     QVERIFY(prepare(space, {true, true, false, false}));
-    space.dialogs.expect(saveDialog(space, space.documents() + "/Zarvex/projects/Night.zarvex"));
-    space.dialogs.expect(projectSaved("Night"));
+    space.dialogs.expect(Boxes::saveDialog(space, space.documents() + "/Zarvex/projects/Night.zarvex"));
+    space.dialogs.expect(Boxes::projectSaved("Night"));
     space.trigger("actionSave_2");
     space.dialogs.expect(leavingWithWork(QMessageBox::Cancel));
     QVERIFY(!space.window().close());

@@ -1,6 +1,6 @@
+#include "support/boxes.h"
 #include "support/workspace.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -95,14 +95,6 @@ const QStringList NoBands = {
     "............",
 };
 
-QStringList itemsOf(const QComboBox *combo)
-{
-    QStringList items;
-    for (int i = 0; i < combo->count(); ++i)
-        items.append(combo->itemText(i));
-    return items;
-}
-
 /** Whether all rows of a combo box's popup are tall. */
 bool hasTallRows(const QComboBox *combo)
 {
@@ -162,11 +154,6 @@ void spoilSections(Workspace &space)
     }
 }
 
-QString focused()
-{
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : "nothing";
-}
-
 /** What the tables show of a cell; for a comparison before and after. */
 QStringList content(const QModelIndex &cell)
 {
@@ -224,7 +211,7 @@ void TestDevicePage::listsTheDevices()
 {
     Workspace space;
     auto *combo = space.find<QComboBox>("devicescombo");
-    QCOMPARE(itemsOf(combo),
+    QCOMPARE(Workspace::itemsOf(combo),
              QStringList({"AKAI APC Mini", "Novation Launchpad Mini MK3", "Novation Launchpad Mini",
                           "Novation Launchpad MKII", "Novation Launchpad PRO", "Novation Launchpad S",
                           "Novation Launchpad"}));
@@ -278,7 +265,7 @@ void TestDevicePage::deviceIsPictured()
     QCOMPARE(space.find<QComboBox>("devicescombo")->currentText(), name);
 
     auto *mappers = space.find<QComboBox>("mididevices");
-    QCOMPARE(itemsOf(mappers), QStringList({"Simple OS2L mapping", name + " mapping (factory)"}));
+    QCOMPARE(Workspace::itemsOf(mappers), QStringList({"Simple OS2L mapping", name + " mapping (factory)"}));
     QVERIFY(hasTallRows(mappers));
     QCOMPARE(mappers->currentIndex(), 0);
     for (int i = 0; i < mappers->count(); ++i) {
@@ -292,7 +279,7 @@ void TestDevicePage::deviceIsPictured()
     if (!palette.isEmpty()) {
         for (const char *object : {"combo_offcolor", "combo_oncolor"}) {
             auto *combo = space.find<QComboBox>(object);
-            QCOMPARE(itemsOf(combo), palette);
+            QCOMPARE(Workspace::itemsOf(combo), palette);
             QCOMPARE(swatchesOf(combo), lowered(palette));
             QVERIFY(hasTallRows(combo));
             QCOMPARE(combo->iconSize(), QSize(20, 20));
@@ -304,7 +291,7 @@ void TestDevicePage::deviceIsPictured()
     QCOMPARE(space.keys(), keys);
     QCOMPARE(oddSections(space), QString());
     QCOMPARE(space.leftOnGrid(), QString());
-    QCOMPARE(focused(), QString("tablecontroller"));
+    QCOMPARE(Workspace::focused(), QString("tablecontroller"));
 }
 
 void TestDevicePage::startsWithTheFirstDevice()
@@ -312,7 +299,7 @@ void TestDevicePage::startsWithTheFirstDevice()
     Workspace space;
     QVERIFY(space.click("radio_outputmidi"));
     QCOMPARE(space.find<QComboBox>("devicescombo")->currentText(), QString("AKAI APC Mini"));
-    QCOMPARE(itemsOf(space.find<QComboBox>("mididevices")),
+    QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("mididevices")),
              QStringList({"Simple OS2L mapping", "AKAI APC Mini mapping (factory)"}));
     QCOMPARE(space.find<QLabel>("label_10")->text(), QString("Default Colors"));
     QVERIFY(space.find<QGroupBox>("groupBox_colors")->isVisible());
@@ -344,7 +331,7 @@ void TestDevicePage::rgbDeviceLeavesTheColoursOfTheLastPalette()
     QVERIFY(space.choose("devicescombo", Mk2));
     QVERIFY(!space.find<QGroupBox>("groupBox_colors")->isVisible());
     for (const char *object : {"combo_offcolor", "combo_oncolor"}) {
-        QCOMPARE(itemsOf(space.find<QComboBox>(object)), ClassicPalette);
+        QCOMPARE(Workspace::itemsOf(space.find<QComboBox>(object)), ClassicPalette);
         QCOMPARE(swatchesOf(space.find<QComboBox>(object)), lowered(ClassicPalette));
     }
     QCOMPARE(space.find<QComboBox>("combo_offcolor")->currentIndex(), 9);
@@ -352,7 +339,7 @@ void TestDevicePage::rgbDeviceLeavesTheColoursOfTheLastPalette()
 
     QVERIFY(space.choose("devicescombo", Mini));
     QVERIFY(space.find<QGroupBox>("groupBox_colors")->isVisible());
-    QCOMPARE(itemsOf(space.find<QComboBox>("combo_offcolor")), ClassicPalette);
+    QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("combo_offcolor")), ClassicPalette);
     QCOMPARE(space.find<QComboBox>("combo_offcolor")->currentIndex(), 0);
     QCOMPARE(space.find<QComboBox>("combo_oncolor")->currentIndex(), 3);
 }
@@ -387,7 +374,7 @@ void TestDevicePage::sameDeviceAgainChangesNothing()
     QCOMPARE(changed.count(), 0);
     QCOMPARE(space.find<QComboBox>("combo_offcolor")->currentIndex(), 9);
     QCOMPARE(space.gridView()->columnWidth(1), 50);
-    QCOMPARE(focused(), QString("padsname"));
+    QCOMPARE(Workspace::focused(), QString("padsname"));
 }
 
 void TestDevicePage::focusGoesToTheGrid()
@@ -396,10 +383,10 @@ void TestDevicePage::focusGoesToTheGrid()
     QVERIFY(space.click("radio_outputmidi"));
     auto *combo = space.find<QComboBox>("devicescombo");
     combo->setFocus();
-    QCOMPARE(focused(), QString("devicescombo"));
+    QCOMPARE(Workspace::focused(), QString("devicescombo"));
     QTest::keyClick(combo, Qt::Key_Down);
     QCOMPARE(combo->currentIndex(), 1);
-    QCOMPARE(focused(), QString("tablecontroller"));
+    QCOMPARE(Workspace::focused(), QString("tablecontroller"));
 }
 
 void TestDevicePage::updatemidicomboSelects_data()
@@ -460,7 +447,7 @@ void TestDevicePage::updatelayoutRestores()
     QCOMPARE(space.keys(), ProKeys);
     QCOMPARE(oddSections(space), QString());
     QCOMPARE(content(space.grid()->index(2, 0)), before);
-    QCOMPARE(focused(), QString("tablecontroller"));
+    QCOMPARE(Workspace::focused(), QString("tablecontroller"));
 }
 
 void TestDevicePage::assignmentsSurviveADevice()
@@ -671,7 +658,7 @@ void TestDevicePage::initpadlistLeavesTheFocus()
     QVERIFY(space.call("cleanVDJ"));
     QVERIFY(space.call("cleanMIDI"));
     QVERIFY(space.call("initpadlist"));
-    QCOMPARE(focused(), QString("padsname"));
+    QCOMPARE(Workspace::focused(), QString("padsname"));
 }
 
 void TestDevicePage::initpadlistSizesTheColumns()
@@ -756,8 +743,7 @@ void TestDevicePage::noDeviceIsHarmless()
         QCOMPARE(space.leftOnGrid(), QString());
         QCOMPARE(space.keys(), NoBands);
     } else if (act == "export") {
-        space.dialogs.expect(ExpectedDialogs::Box{"Mapping OS2L DMX for  is created.",
-                                                  "Select it from Controllers tab of VirtualDJ Settings."});
+        space.dialogs.expect(Boxes::mappingCreated("OS2L DMX", {}));
         space.trigger("actionExport");
     } else if (act == "colours") {
         QCOMPARE(space.ask<QString>("getdeviceoffcolor", -1), QString());

@@ -1,3 +1,4 @@
+#include "support/boxes.h"
 #include "support/files.h"
 #include "support/workspace.h"
 
@@ -428,14 +429,12 @@ bool startWith(Workspace &space, int device, const Scripts &scripts)
 
 Box created(int device, const QString &page = "OS2L DMX")
 {
-    return {"Mapping " + page + " for " + devices().at(device).name + " is created.",
-            "Select it from Controllers tab of VirtualDJ Settings."};
+    return Boxes::mappingCreated(page, devices().at(device).name);
 }
 
 Box overwrite(int device, QMessageBox::StandardButton answer, const QString &page = "OS2L DMX")
 {
-    return {devices().at(device).name + " - " + page + " mapping already exists.",
-            "Do you want to overwrite ?", QMessageBox::Yes | QMessageBox::No, QMessageBox::No, answer};
+    return Boxes::overwrite(devices().at(device).name + " - " + page + " mapping", answer);
 }
 
 /** Exports by the button; the mapper must be new. */
@@ -445,20 +444,11 @@ bool exports(Workspace &space, int device, const QString &page = "OS2L DMX")
     return space.click("pushButton_2") && space.dialogs.faults().isEmpty();
 }
 
-/** Picks an entry of a key's menu; of a submenu where there are two. */
-bool rightClick(Workspace &space, int row, int col, const QStringList &entries)
-{
-    const bool isPicked =
-        Workspace::pick(space.rightClick(space.gridView(), space.grid()->index(row, col)), entries);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the menu goes
-    return isPicked;
-}
-
 /** Picks a colour for a key that has none yet of a device that takes any. */
 bool askForColor(Workspace &space, int row, int col, const QString &submenu, const QString &color)
 {
     space.dialogs.expect(ExpectedDialogs::Color{"Choose a Color", Qt::black, QColor(color)});
-    return rightClick(space, row, col, {submenu, "Select ..."}) && space.dialogs.faults().isEmpty();
+    return space.pickOnKey(row, col, {submenu, "Select ..."}) && space.dialogs.faults().isEmpty();
 }
 
 /** Gives a key a colour, as another device may have left it. */
@@ -482,11 +472,7 @@ private:
 
 QStringList offeredMappers(Workspace &space)
 {
-    QStringList names;
-    const auto *combo = space.find<QComboBox>("mididevices");
-    for (int i = 0; i < combo->count(); ++i)
-        names += combo->itemText(i);
-    return names;
+    return Workspace::itemsOf(space.find<QComboBox>("mididevices"));
 }
 
 /** Picks a mapper by name. */
@@ -597,17 +583,17 @@ bool layOut(Workspace &space, Plan &plan)
         isDone = isDone && askForColor(space, 3, 3, "Off Color", off)
                  && askForColor(space, 3, 3, "On Color", on) && askForColor(space, 5, 5, "On Color", on);
     else
-        isDone = isDone && rightClick(space, 3, 3, {"Off Color", " " + off})
-                 && rightClick(space, 3, 3, {"On Color", " " + on})
-                 && rightClick(space, 5, 5, {"On Color", " " + on});
+        isDone = isDone && space.pickOnKey(3, 3, {"Off Color", " " + off})
+                 && space.pickOnKey(3, 3, {"On Color", " " + on})
+                 && space.pickOnKey(5, 5, {"On Color", " " + on});
     plan.cells[{3, 3}] = {Fog, off, on, true};
     plan.cells[{5, 5}] = {Apostrophe, {}, on};
     plan.cells[{9, 9}] = {Blackout, {}, {}, true};
     plan.toggle = {8, 8};
     plan.off = device.palette.value(device.off);
     plan.on = device.palette.value(device.on);
-    return isDone && rightClick(space, 3, 3, {"Blink"}) && rightClick(space, 9, 9, {"Blink"})
-           && rightClick(space, 8, 8, {"Set as Switch"});
+    return isDone && space.pickOnKey(3, 3, {"Blink"}) && space.pickOnKey(9, 9, {"Blink"})
+           && space.pickOnKey(8, 8, {"Set as Switch"});
 }
 
 } // namespace
@@ -643,12 +629,12 @@ void TestExportMapping::userRoad()
     QVERIFY(space.putOnKey(Quoted, 3, 2)); // gives way to the Switch
     QVERIFY(space.putOnKey(Strobe, 9, 9));
     QVERIFY(space.putOnKey(Blackout, 11, 2));
-    QVERIFY(rightClick(space, 2, 2, {"Off Color", " green"}));
-    QVERIFY(rightClick(space, 2, 2, {"On Color", " red"}));
-    QVERIFY(rightClick(space, 2, 3, {"Blink"}));
-    QVERIFY(rightClick(space, 11, 2, {"On Color", " red"}));
-    QVERIFY(rightClick(space, 11, 2, {"Blink"}));
-    QVERIFY(rightClick(space, 3, 2, {"Set as Switch"}));
+    QVERIFY(space.pickOnKey(2, 2, {"Off Color", " green"}));
+    QVERIFY(space.pickOnKey(2, 2, {"On Color", " red"}));
+    QVERIFY(space.pickOnKey(2, 3, {"Blink"}));
+    QVERIFY(space.pickOnKey(11, 2, {"On Color", " red"}));
+    QVERIFY(space.pickOnKey(11, 2, {"Blink"}));
+    QVERIFY(space.pickOnKey(3, 2, {"Set as Switch"}));
     QVERIFY(space.type("padsname", "Evening Set"));
 
     QVERIFY2(exports(space, Akai, "Evening Set"), qPrintable(space.dialogs.faults()));
@@ -857,7 +843,7 @@ void TestExportMapping::ownColours()
     QVERIFY2(start(space, device), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnKey(Fog, row, 2));
     for (const QStringList &click : clicks)
-        QVERIFY(rightClick(space, row, 2, click));
+        QVERIFY(space.pickOnKey(row, 2, click));
     QVERIFY(off.isEmpty() || put(space, row, 2, OffColorRole, off));
     QVERIFY(on.isEmpty() || put(space, row, 2, OnColorRole, on));
     QVERIFY2(exports(space, device), qPrintable(space.dialogs.faults()));
@@ -989,10 +975,10 @@ void TestExportMapping::switches()
         QVERIFY(space.putOnKey(Fog, row, 2));
         QVERIFY(put(space, row, 2, OffColorRole, colors.at(0))
                 && put(space, row, 2, OnColorRole, colors.at(1)));
-        QVERIFY(rightClick(space, row, 2, {"Blink"}));
+        QVERIFY(space.pickOnKey(row, 2, {"Blink"}));
     }
-    QVERIFY(rightClick(space, row, 3, {"Set as Switch"})); // the mark moves
-    QVERIFY(rightClick(space, row, 2, {"Set as Switch"}));
+    QVERIFY(space.pickOnKey(row, 3, {"Set as Switch"})); // the mark moves
+    QVERIFY(space.pickOnKey(row, 2, {"Set as Switch"}));
     QVERIFY2(exports(space, device), qPrintable(space.dialogs.faults()));
 
     const QStringList lines = exported(space, device);
@@ -1006,7 +992,7 @@ void TestExportMapping::switchOutlivesACleanGrid()
 {
     Workspace space;
     QVERIFY2(start(space, Akai, Factory), qPrintable(space.dialogs.faults()));
-    QVERIFY(rightClick(space, 2, 2, {"Set as Switch"}));
+    QVERIFY(space.pickOnKey(2, 2, {"Set as Switch"}));
     QVERIFY(space.click("cleanmidi_button"));
     QVERIFY(space.putOnKey(Strobe, 9, 9));
     QVERIFY2(exports(space, Akai), qPrintable(space.dialogs.faults()));
@@ -1019,7 +1005,7 @@ void TestExportMapping::switchUnderALiveButton()
 {
     Workspace space;
     QVERIFY2(startWith(space, Mk2, {{"PAD_1_1", "play"}}), qPrintable(space.dialogs.faults()));
-    QVERIFY(rightClick(space, 2, 2, {"Set as Switch"}));
+    QVERIFY(space.pickOnKey(2, 2, {"Set as Switch"}));
     QVERIFY(!space.putOnKey(Strobe, 2, 2));
     QVERIFY(space.choose("devicescombo", Akai));
     QVERIFY(space.choose("devicescombo", Mk2)); // gives back the key
@@ -1055,7 +1041,7 @@ void TestExportMapping::twoKeysInOneCell()
     Workspace space;
     QVERIFY2(start(space, Classic), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnKey(Strobe, 2, 2));
-    QVERIFY(rightClick(space, 2, 2, {"On Color", " #00FF00"}));
+    QVERIFY(space.pickOnKey(2, 2, {"On Color", " #00FF00"}));
     QVERIFY2(exports(space, Classic), qPrintable(space.dialogs.faults()));
     for (const QString key : {"1.1", "2.1"}) {
         QCOMPARE(in(exported(space, Classic), key), script("os2l_button 'Strobe'"));
@@ -1330,8 +1316,7 @@ void TestExportMapping::noDevice()
     QVERIFY2(start(space, Akai, Factory), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnKey(Strobe, 2, 2));
     space.find<QComboBox>("devicescombo")->setCurrentIndex(-1);
-    space.dialogs.expect(
-        Box{"Mapping OS2L DMX for  is created.", "Select it from Controllers tab of VirtualDJ Settings."});
+    space.dialogs.expect(Boxes::mappingCreated("OS2L DMX", {}));
     QVERIFY(space.click("pushButton_2"));
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(QDir(space.mappersFolder()).entryList(QDir::Files | QDir::Hidden),
@@ -1456,11 +1441,7 @@ void TestExportMapping::isNoSave()
     QVERIFY2(start(space, Akai), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnKey(Strobe, 2, 2));
     QVERIFY2(exports(space, Akai), qPrintable(space.dialogs.faults()));
-    space.dialogs.expect(Box{"Are you sure you want to open a new Show \nbefore saving current Project ?",
-                             {},
-                             QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel,
-                             QMessageBox::Cancel,
-                             QMessageBox::Cancel});
+    space.dialogs.expect(Boxes::showOverWork(QMessageBox::Cancel));
     QVERIFY(space.click("loadini"));
     QCOMPARE(space.dialogs.faults(), QString());
 }
@@ -1570,9 +1551,9 @@ public:
         if (layout.button != None)
             isDone = isDone && space.putOnKey(layout.button, place.first, place.second);
         if (layout.blinks)
-            isDone = isDone && rightClick(space, place.first, place.second, {"Blink"});
+            isDone = isDone && space.pickOnKey(place.first, place.second, {"Blink"});
         if (layout.isSwitch)
-            isDone = isDone && rightClick(space, place.first, place.second, {"Set as Switch"});
+            isDone = isDone && space.pickOnKey(place.first, place.second, {"Set as Switch"});
         if (m_count++ > 0)
             space.dialogs.expect(overwrite(m_device, QMessageBox::Yes));
         if (!isDone || !exports(space, m_device))
@@ -1795,7 +1776,7 @@ private:
         cell.blinks = isOneIn(3);
         return put(m_space, place.first, place.second, OffColorRole, cell.off)
                && put(m_space, place.first, place.second, OnColorRole, cell.on)
-               && (!cell.blinks || rightClick(m_space, place.first, place.second, {"Blink"}));
+               && (!cell.blinks || m_space.pickOnKey(place.first, place.second, {"Blink"}));
     }
 
     /** On a key with a Live Button as likely as not. */
@@ -1806,7 +1787,7 @@ private:
             m_plan.cells[m_plan.toggle].button = None;
         if (m_plan.cells.size() == 1) // nothing would be left to export
             assign(m_space, m_plan, Strobe, m_plan.toggle == Place(9, 9) ? Place(9, 8) : Place(9, 9));
-        return rightClick(m_space, m_plan.toggle.first, m_plan.toggle.second, {"Set as Switch"});
+        return m_space.pickOnKey(m_plan.toggle.first, m_plan.toggle.second, {"Set as Switch"});
     }
 
     bool chooseTheRest()

@@ -1,12 +1,10 @@
+#include "support/boxes.h"
 #include "support/files.h"
 #include "support/workspace.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 
 namespace {
-
-using Box = ExpectedDialogs::Box;
 
 // Rows of the Live Buttons table.
 constexpr int Strobe = 0;
@@ -30,21 +28,10 @@ bool start(Workspace &space)
     return space.load(space.writeShow("Show", Ini));
 }
 
-Box created(const QString &page)
-{
-    return {"Pads Page " + page + " is created.", "Select it from VirtualDJ Pads dropdown"};
-}
-
-Box overwrite(const QString &page, QMessageBox::StandardButton answer)
-{
-    return {"Pads Page " + page + " already exists.", "Do you want to overwrite ?",
-            QMessageBox::Yes | QMessageBox::No, QMessageBox::No, answer};
-}
-
 /** Exports by the button; the page must be new. */
 bool exports(Workspace &space, const QString &page = "OS2L DMX")
 {
-    space.dialogs.expect(created(page));
+    space.dialogs.expect(Boxes::pageCreated(page));
     return space.click("pushButton_2") && space.dialogs.faults().isEmpty();
 }
 
@@ -531,9 +518,9 @@ void TestExportPage::overwriting()
     QVERIFY(writeFile(space.padsFolder() + "/Mine.xml", old));
     QVERIFY(space.type("padsname", "Mine"));
 
-    space.dialogs.expect(overwrite("Mine", answer));
+    space.dialogs.expect(Boxes::overwrite("Pads Page Mine", answer));
     if (isWritten)
-        space.dialogs.expect(created("Mine"));
+        space.dialogs.expect(Boxes::pageCreated("Mine"));
     QCOMPARE(space.ask<bool>("exportpage"), isWritten);
     QCOMPARE(space.dialogs.faults(), QString());
     if (isWritten)
@@ -551,7 +538,7 @@ void TestExportPage::longerFileIsCutOff()
     const QByteArray first = exported(space);
     QVERIFY(writeFile(space.padsFolder() + "/OS2L DMX.xml", first + QByteArray(5000, 'x')));
 
-    space.dialogs.expect(overwrite("OS2L DMX", QMessageBox::Yes));
+    space.dialogs.expect(Boxes::overwrite("Pads Page OS2L DMX", QMessageBox::Yes));
     QVERIFY2(exports(space), qPrintable(space.dialogs.faults()));
     QCOMPARE(exported(space), first);
 }
@@ -575,7 +562,7 @@ void TestExportPage::cannotBeWritten()
     const QString page = space.padsFolder() + "/OS2L DMX.xml";
     if (obstacle == "folder") {
         QVERIFY(QDir().mkpath(page));
-        space.dialogs.expect(overwrite("OS2L DMX", QMessageBox::Yes));
+        space.dialogs.expect(Boxes::overwrite("Pads Page OS2L DMX", QMessageBox::Yes));
     } else {
         QVERIFY(QDir(space.padsFolder()).removeRecursively());
         if (obstacle == "no VirtualDJ")
@@ -583,7 +570,7 @@ void TestExportPage::cannotBeWritten()
         QVERIFY(obstacle != "file" || writeFile(space.padsFolder(), {}));
     }
 
-    space.dialogs.expect(created("OS2L DMX"));
+    space.dialogs.expect(Boxes::pageCreated("OS2L DMX"));
     QVERIFY(space.ask<bool>("exportpage"));
     QCOMPARE(space.dialogs.faults(), QString());
     QVERIFY(!QFileInfo(page).isFile());
@@ -629,7 +616,7 @@ void TestExportPage::everyWayExportsTheSame()
     Workspace space;
     QVERIFY2(start(space), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnPad(Strobe, 4));
-    space.dialogs.expect(created("OS2L DMX"));
+    space.dialogs.expect(Boxes::pageCreated("OS2L DMX"));
     if (way == "pushButton_2")
         QVERIFY(space.click(way));
     else if (way == "actionExport")
@@ -667,11 +654,7 @@ void TestExportPage::isNoSave()
     QVERIFY2(start(space), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnPad(Strobe, 0));
     QVERIFY2(exports(space), qPrintable(space.dialogs.faults()));
-    space.dialogs.expect(Box{"Are you sure you want to open a new Show \nbefore saving current Project ?",
-                             {},
-                             QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel,
-                             QMessageBox::Cancel,
-                             QMessageBox::Cancel});
+    space.dialogs.expect(Boxes::showOverWork(QMessageBox::Cancel));
     QVERIFY(space.click("loadini"));
     QCOMPARE(space.dialogs.faults(), QString());
 }

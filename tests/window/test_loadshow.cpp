@@ -1,3 +1,4 @@
+#include "support/boxes.h"
 #include "support/files.h"
 #include "support/workspace.h"
 
@@ -14,15 +15,6 @@ namespace {
 
 using Box = ExpectedDialogs::Box;
 using File = ExpectedDialogs::File;
-
-Box question(QMessageBox::StandardButton answer)
-{
-    return {"Are you sure you want to open a new Show \nbefore saving current Project ?",
-            {},
-            QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel,
-            QMessageBox::Cancel,
-            answer};
-}
 
 Box notFound()
 {
@@ -52,14 +44,6 @@ constexpr int Deadline = 60000; // milliseconds; a tenth of it is plenty
 
 const char NoShow[] = "Nothing to Export. Load a Show";
 const char NothingAssigned[] = "Nothing to Export. Pads are empty";
-
-QStringList itemsOf(const QComboBox *combo)
-{
-    QStringList items;
-    for (int i = 0; i < combo->count(); ++i)
-        items.append(combo->itemText(i));
-    return items;
-}
 
 /** A Live Button as "title|page|number|colour"; a colour that is not opaque has its alpha in front. */
 QString liveButton(const QModelIndex &index)
@@ -170,7 +154,7 @@ void TestLoadShow::asksOnlyBeforeWorkIsLost()
         QVERIFY(space.click("radio_outputmidi"));
 
     if (isAsked)
-        space.dialogs.expect(question(QMessageBox::Cancel));
+        space.dialogs.expect(Boxes::showOverWork(QMessageBox::Cancel));
     else
         space.dialogs.expect(folderDialog(space, {}));
     if (byMenu)
@@ -208,11 +192,10 @@ void TestLoadShow::answers()
     const QStringList before = space.snapshot();
     const QString next = space.writeShow("Next", Workspace::iniWith({2}));
 
-    space.dialogs.expect(question(answer));
+    space.dialogs.expect(Boxes::showOverWork(answer));
     if (answer == QMessageBox::Save) {
-        space.dialogs.expect(File{"Save your Zarvex Project", space.documents() + "/Zarvex/projects",
-                                  space.home() + "/a.zarvex"});
-        space.dialogs.expect(Box{"Project a is saved.", {}});
+        space.dialogs.expect(Boxes::saveDialog(space, space.home() + "/a.zarvex"));
+        space.dialogs.expect(Boxes::projectSaved("a"));
     }
     if (loads)
         space.dialogs.expect(folderDialog(space, next));
@@ -245,15 +228,14 @@ void TestLoadShow::savingNeverStopsTheLoad()
     QVERIFY(space.putOnPad(3, 4));
     const QString projects = space.documents() + "/Zarvex/projects";
 
-    space.dialogs.expect(question(QMessageBox::Save));
+    space.dialogs.expect(Boxes::showOverWork(QMessageBox::Save));
     if (isFileThere) {
         const QString path = projects + "/Mine.zarvex";
         QVERIFY(writeFile(path, {}));
-        space.dialogs.expect(File{"Save your Zarvex Project", projects, path});
-        space.dialogs.expect(Box{"Project Mine already exists.", "Do you want to overwrite ?",
-                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No});
+        space.dialogs.expect(Boxes::saveDialog(space, path));
+        space.dialogs.expect(Boxes::overwrite("Project Mine", QMessageBox::No));
     } else {
-        space.dialogs.expect(File{"Save your Zarvex Project", projects, {}});
+        space.dialogs.expect(Boxes::saveDialog(space, {}));
     }
     space.dialogs.expect(folderDialog(space, space.writeShow("Next", Workspace::iniWith({2}))));
     QVERIFY(space.click("loadini"));
@@ -395,7 +377,8 @@ void TestLoadShow::loadsByName()
     Workspace space;
     const QString path = space.writeShow("By Name", Workspace::iniWith({1, 2})) + "/Live/live.ini";
     QVERIFY(space.ask<bool>("loadshowname", path));
-    QCOMPARE(itemsOf(space.find<QComboBox>("combobox")), QStringList({"All Pages", "Page 1", "Page 2"}));
+    QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("combobox")),
+             QStringList({"All Pages", "Page 1", "Page 2"}));
     QCOMPARE(space.dmx()->rowCount(), 3);
 
     // The reader sets no name: the title has an empty one, and no gate sees a show.
@@ -459,14 +442,15 @@ void TestLoadShow::throwsAwayAssignmentsAndNames()
     QVERIFY(space.choose("combobox", 2));
     QVERIFY(space.dmxView()->isRowHidden(0));
 
-    space.dialogs.expect(question(QMessageBox::Yes));
+    space.dialogs.expect(Boxes::showOverWork(QMessageBox::Yes));
     const QString next = space.writeShow("Next", Workspace::iniWith({3, 2}));
     QVERIFY2(space.load(next), qPrintable(space.dialogs.faults()));
 
     QCOMPARE(space.leftOnPads(), QString());
     QCOMPARE(space.leftOnGrid(), QString());
     QCOMPARE(space.ticked(), QList<int>());
-    QCOMPARE(itemsOf(space.find<QComboBox>("combobox")), QStringList({"All Pages", "Page 1", "Page 2"}));
+    QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("combobox")),
+             QStringList({"All Pages", "Page 1", "Page 2"}));
     QCOMPARE(space.find<QComboBox>("combobox")->currentIndex(), 0);
     QCOMPARE(space.dmx()->rowCount(), 5);
     for (int row = 0; row < 5; ++row)
@@ -512,7 +496,7 @@ void TestLoadShow::secondShowInMidiModeEmptiesTheGrid()
     QVERIFY(space.click("radio_outputmidi"));
     QVERIFY(space.putOnKey(1, 5, 5));
 
-    space.dialogs.expect(question(QMessageBox::Yes));
+    space.dialogs.expect(Boxes::showOverWork(QMessageBox::Yes));
     QVERIFY2(space.load(space.writeShow("Next", Workspace::iniWith({3}))),
              qPrintable(space.dialogs.faults()));
     QVERIFY(space.find<QRadioButton>("radio_outputmidi")->isChecked());
@@ -527,7 +511,7 @@ void TestLoadShow::showWithoutPagesCountsAsLoaded()
     Workspace space;
     QVERIFY2(space.load(space.writeShow("Bare", "[other]\nkey=1\n")), qPrintable(space.dialogs.faults()));
     QCOMPARE(space.window().windowTitle(), QString("Zarvex - Bare"));
-    QCOMPARE(itemsOf(space.find<QComboBox>("combobox")), QStringList("All Pages"));
+    QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("combobox")), QStringList("All Pages"));
     QCOMPARE(space.find<QComboBox>("combobox")->currentText(), QString("All Pages"));
     QCOMPARE(space.dmx()->rowCount(), 0);
     QVERIFY2(exportSays(space, NothingAssigned), qPrintable(space.dialogs.faults()));
@@ -632,7 +616,7 @@ void TestLoadShow::readsSettings()
 
     Workspace space;
     QVERIFY2(space.load(space.writeShow("Show", ini)), qPrintable(space.dialogs.faults()));
-    QCOMPARE(itemsOf(space.find<QComboBox>("combobox")), QStringList("All Pages") + pages);
+    QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("combobox")), QStringList("All Pages") + pages);
     QCOMPARE(liveButtons(space), buttons);
     QCOMPARE(space.ticked(), QList<int>());
     QCOMPARE(space.window().windowTitle(), QString("Zarvex - Show"));

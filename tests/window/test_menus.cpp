@@ -112,18 +112,6 @@ bool startOnKeys(Workspace &space, int device)
     return space.loadSomeShow() && space.click("radio_outputmidi") && space.choose("devicescombo", device);
 }
 
-/** Selects cells of a table, as "row,column row,column". */
-void select(QTableView *view, const QString &cells)
-{
-    view->selectionModel()->clear();
-    const QStringList parts = cells.split(' ', Qt::SkipEmptyParts);
-    for (const QString &cell : parts) {
-        view->selectionModel()->select(
-            view->model()->index(cell.section(',', 0, 0).toInt(), cell.section(',', 1).toInt()),
-            QItemSelectionModel::Select);
-    }
-}
-
 /** A point of the grid's viewport that has no cell under it, at the lower right. */
 QPoint besideTheCells(const QTableView *view)
 {
@@ -152,16 +140,9 @@ bool paint(Workspace &space, const QModelIndex &key, const QString &off, const Q
            && space.grid()->setData(key, blink, BlinkRole);
 }
 
-/** Right-clicks a key and picks an entry. */
-bool pickOnKey(Workspace &space, const QPoint &cell, const QStringList &path)
-{
-    QMenu *menu = space.rightClick(space.gridView(), space.grid()->index(cell.x(), cell.y()));
-    return menu && Workspace::pick(menu, path) && !QApplication::activePopupWidget();
-}
-
 bool toggleSwitch(Workspace &space, const QPoint &cell)
 {
-    return pickOnKey(space, cell, {"Set as Switch"});
+    return space.pickOnKey(cell.x(), cell.y(), {"Set as Switch"});
 }
 
 /** The keys, as "row,column", whose menu shows Switch ticked. */
@@ -234,11 +215,6 @@ int childrenOf(Workspace &space)
 {
     deleteWhatIsDue();
     return space.window().findChildren<QObject *>().size();
-}
-
-QString focused()
-{
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : "nothing";
 }
 
 /** Notes which widget takes the focus, and why. */
@@ -433,7 +409,7 @@ void TestMenus::padsMenuBesideTheCells()
     int button = 3;
     for (const QString &row : pads.split(' ', Qt::SkipEmptyParts))
         QVERIFY(space.putOnPad(button++, row.toInt()));
-    select(space.padsView(), selected);
+    Workspace::select(space.padsView(), selected);
 
     // The pads fill their view, so that no click finds the place.
     QVERIFY(!space.padsView()->indexAt(QPoint(-5, -5)).isValid());
@@ -471,17 +447,17 @@ void TestMenus::removesPads()
     Workspace space;
     QVERIFY2(startOnPads(space), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnPad(3, 0, 0) && space.putOnPad(4, 1, 0) && space.putOnPad(5, 1, 1));
-    select(space.padsView(), before);
+    Workspace::select(space.padsView(), before);
     QMenu *menu = space.rightClick(space.padsView(), space.pads()->index(0, 0));
     QVERIFY(menu);
     if (!selected.isEmpty())
-        select(space.padsView(), selected);
+        Workspace::select(space.padsView(), selected);
     QVERIFY(Workspace::pick(menu, {"Remove"}));
     QVERIFY(!QApplication::activePopupWidget());
     QCOMPARE(space.ticked(), ticked);
     QCOMPARE(space.pads()->index(0, 0).data(ButtonRole).toString(), QString("-1"));
     QCOMPARE(space.pads()->index(0, 0).data().toString(), QString("PAD 1"));
-    QCOMPARE(focused(), QString("vdjlistview"));
+    QCOMPARE(Workspace::focused(), QString("vdjlistview"));
     QCOMPARE(space.dialogs.faults(), QString());
 }
 
@@ -660,7 +636,7 @@ void TestMenus::keyMenuShowsTheKey()
     const QModelIndex key = space.grid()->index(2, 2);
     QVERIFY(paint(space, key, off, on, blink));
     QVERIFY(paint(space, space.grid()->index(3, 3), "green", "black", blink == "1" ? "0" : "1"));
-    select(space.gridView(), "3,3 2,2"); // the menu is about the clicked key
+    Workspace::select(space.gridView(), "3,3 2,2"); // the menu is about the clicked key
 
     const QMenu *menu = space.rightClick(space.gridView(), key);
     QVERIFY(menu);
@@ -742,9 +718,9 @@ void TestMenus::colorOfAnotherDevice()
     for (const QString &title : {QString("Off Color"), QString("On Color")}) {
         if (from == Mk2 || from == Pro) {
             space.dialogs.expect(ExpectedDialogs::Color{"Choose a Color", Qt::black, QColor(color)});
-            QVERIFY(pickOnKey(space, {2, 2}, {title, "Select ..."}));
+            QVERIFY(space.pickOnKey(2, 2, {title, "Select ..."}));
         } else {
-            QVERIFY(pickOnKey(space, {2, 2}, {title, " " + color}));
+            QVERIFY(space.pickOnKey(2, 2, {title, " " + color}));
         }
     }
     QVERIFY(space.choose("devicescombo", to));
@@ -861,7 +837,7 @@ void TestMenus::choosesColor()
     QVERIFY(paint(space, space.grid()->index(2, 2), before, before, "1"));
     QVERIFY(paint(space, space.grid()->index(3, 3), "#123456", "#abcdef", ""));
     QVERIFY(paint(space, space.grid()->index(5, 5), "#123456", "#abcdef", "1"));
-    select(space.gridView(), "2,2 3,3 4,4");
+    Workspace::select(space.gridView(), "2,2 3,3 4,4");
 
     QVector<QMap<int, QString>> expected;
     for (int i = 2; i <= 5; ++i) {
@@ -869,7 +845,7 @@ void TestMenus::choosesColor()
         if (i < 5)
             expected.last().insert(role, stored);
     }
-    QVERIFY(pickOnKey(space, {2, 2}, path));
+    QVERIFY(space.pickOnKey(2, 2, path));
     for (int i = 2; i <= 5; ++i)
         QCOMPARE(valuesOf(space.grid()->index(i, i)), expected.at(i - 2));
     QCOMPARE(space.ticked(), QList<int>({3, 4, 5}));
@@ -882,7 +858,7 @@ void TestMenus::choosesColorBesideTheCells()
     QVERIFY2(startOnKeys(space, Akai), qPrintable(space.dialogs.faults()));
     QMenu *menu = space.rightClick(space.gridView(), besideTheCells(space.gridView()));
     QVERIFY(menu);
-    select(space.gridView(), "2,2 4,4"); // a click beside the cells may have cleared it
+    Workspace::select(space.gridView(), "2,2 4,4"); // a click beside the cells may have cleared it
     QVERIFY(Workspace::pick(menu, {"On Color", " yellow"}));
     QCOMPARE(space.grid()->index(2, 2).data(OnColorRole).toString(), QString("yellow"));
     QCOMPARE(space.grid()->index(4, 4).data(OnColorRole).toString(), QString("yellow"));
@@ -932,7 +908,7 @@ void TestMenus::colorByNumber()
     const bool isOff = slot == "colorpadchange";
     for (const QPoint cell : {QPoint(2, 2), QPoint(4, 4), QPoint(5, 5)})
         QVERIFY(paint(space, space.grid()->index(cell.x(), cell.y()), "#123456", "#abcdef", ""));
-    select(space.gridView(), "2,2 4,4");
+    Workspace::select(space.gridView(), "2,2 4,4");
 
     QVERIFY(space.call(slot, number));
     for (const int i : {2, 4}) {
@@ -984,7 +960,7 @@ void TestMenus::asksForColor()
     for (const int i : {2, 3, 4, 5})
         QVERIFY(paint(space, space.grid()->index(i, i), "#123456", "#654321", i == 3 ? "1" : ""));
     QVERIFY(space.grid()->setData(space.grid()->index(2, 2), before, role));
-    select(space.gridView(), "2,2 3,3 4,4");
+    Workspace::select(space.gridView(), "2,2 3,3 4,4");
 
     QVector<QMap<int, QString>> expected;
     for (int i = 2; i <= 5; ++i) {
@@ -993,7 +969,7 @@ void TestMenus::asksForColor()
             expected.last().insert(role, stored);
     }
     space.dialogs.expect(ExpectedDialogs::Color{"Choose a Color", initial, answer});
-    QVERIFY(pickOnKey(space, {2, 2}, {title, "Select ..."}));
+    QVERIFY(space.pickOnKey(2, 2, {title, "Select ..."}));
     for (int i = 2; i <= 5; ++i)
         QCOMPARE(valuesOf(space.grid()->index(i, i)), expected.at(i - 2));
     QCOMPARE(space.dialogs.faults(), QString());
@@ -1028,7 +1004,7 @@ void TestMenus::asksForColorBySlot()
     QMenu *menu = space.rightClick(space.gridView(), clicked);
     QVERIFY(menu);
     menu->close();
-    select(space.gridView(), "4,4");
+    Workspace::select(space.gridView(), "4,4");
     space.dialogs.expect(ExpectedDialogs::Color{"Choose a Color", initial, QColor(1, 2, 3)});
     QVERIFY(space.call(slot));
     QCOMPARE(space.dialogs.faults(), QString());
@@ -1069,7 +1045,7 @@ void TestMenus::asksForColorWithoutMenu()
         QVERIFY(menu);
         menu->close();
     }
-    select(space.gridView(), "2,2");
+    Workspace::select(space.gridView(), "2,2");
     space.dialogs.expect(ExpectedDialogs::Color{"Choose a Color", Qt::black, QColor(1, 2, 3)});
     QVERIFY(space.call(slot));
     QCOMPARE(space.dialogs.faults(), QString());
@@ -1113,7 +1089,7 @@ void TestMenus::blinks()
     QVERIFY(space.putOnKey(3, 2, 2) && space.putOnKey(4, 3, 3) && space.putOnKey(5, 5, 5));
     for (const int i : {2, 3, 4, 5})
         QVERIFY(paint(space, space.grid()->index(i, i), "red", "green", i == 2 ? clicked : other));
-    select(space.gridView(), "3,3 4,4 2,2");
+    Workspace::select(space.gridView(), "3,3 4,4 2,2");
 
     QVector<QMap<int, QString>> expected;
     for (int i = 2; i <= 5; ++i) {
@@ -1121,7 +1097,7 @@ void TestMenus::blinks()
         if (i < 5)
             expected.last().insert(BlinkRole, after);
     }
-    QVERIFY(pickOnKey(space, {2, 2}, {"Blink"}));
+    QVERIFY(space.pickOnKey(2, 2, {"Blink"}));
     for (int i = 2; i <= 5; ++i)
         QCOMPARE(valuesOf(space.grid()->index(i, i)), expected.at(i - 2));
 }
@@ -1134,7 +1110,7 @@ void TestMenus::blinksBesideTheCells()
         QVERIFY(paint(space, space.grid()->index(i, i), "", "", i == 2 ? "1" : "0"));
     QMenu *menu = space.rightClick(space.gridView(), besideTheCells(space.gridView()));
     QVERIFY(menu);
-    select(space.gridView(), "2,2 3,3"); // a click beside the cells may have cleared it
+    Workspace::select(space.gridView(), "2,2 3,3"); // a click beside the cells may have cleared it
     QVERIFY(Workspace::pick(menu, {"Blink"}));
     QCOMPARE(space.grid()->index(2, 2).data(BlinkRole).toString(), QString("1"));
     QCOMPARE(space.grid()->index(3, 3).data(BlinkRole).toString(), QString("1"));
@@ -1160,11 +1136,11 @@ void TestMenus::removesKeys()
     QVERIFY(space.putOnKey(3, 2, 2) && space.putOnKey(4, 3, 3) && space.putOnKey(5, 5, 5));
     const QModelIndex key = space.grid()->index(2, 2);
     QVERIFY(paint(space, key, "red", "green", "1"));
-    select(space.gridView(), selected);
-    QVERIFY(pickOnKey(space, {2, 2}, {"Remove"}));
+    Workspace::select(space.gridView(), selected);
+    QVERIFY(space.pickOnKey(2, 2, {"Remove"}));
     QCOMPARE(space.ticked(), ticked);
     QCOMPARE(lacksOfRest(space, {2, 2}, "PAD 1"), QString());
-    QCOMPARE(focused(), QString("tablecontroller"));
+    QCOMPARE(Workspace::focused(), QString("tablecontroller"));
 
     // Its colours wait for the next Live Button's menu.
     QCOMPARE(key.data(OffColorRole).toString(), QString("red"));
@@ -1356,7 +1332,7 @@ void TestMenus::switchIsOfTheClickedKeyAlone()
     QVERIFY(space.putOnKey(3, 2, 2) && space.putOnKey(4, 3, 3) && space.putOnKey(5, 5, 5));
     const QMap<int, QString> assigned = valuesOf(space.grid()->index(3, 3));
     const QMap<int, QString> empty = valuesOf(space.grid()->index(4, 4));
-    select(space.gridView(), "3,3 4,4 2,2");
+    Workspace::select(space.gridView(), "3,3 4,4 2,2");
     QVERIFY(toggleSwitch(space, {2, 2}));
     QCOMPARE(lacksOfSwitch(space, {2, 2}), QString());
     QCOMPARE(valuesOf(space.grid()->index(3, 3)), assigned);
@@ -1364,7 +1340,7 @@ void TestMenus::switchIsOfTheClickedKeyAlone()
     QCOMPARE(space.ticked(), QList<int>({4, 5}));
 
     // The Switch cannot be selected, so others stay so when it is clicked.
-    select(space.gridView(), "3,3 4,4");
+    Workspace::select(space.gridView(), "3,3 4,4");
     QVERIFY(toggleSwitch(space, {2, 2}));
     QCOMPARE(lacksOfRest(space, {2, 2}, "PAD 1"), QString());
     QCOMPARE(valuesOf(space.grid()->index(3, 3)), assigned);
@@ -1429,7 +1405,7 @@ void TestMenus::switchOutlives()
     QVERIFY(toggleSwitch(space, {0, 4}));
     if (act == "ondeleteaction_triggered") {
         QVERIFY(space.choose("devicescombo", Pro)); // has the key, so that it can be selected again
-        select(space.gridView(), "0,4");
+        Workspace::select(space.gridView(), "0,4");
     }
     if (act.endsWith("_button"))
         QVERIFY(space.click(act));
@@ -1537,7 +1513,7 @@ void TestMenus::focusAfterSwitch()
     space.activate();
     FocusLog log;
     QVERIFY(space.call("ontoggleaction_triggered"));
-    QCOMPARE(focused(), QString("tablecontroller"));
+    QCOMPARE(Workspace::focused(), QString("tablecontroller"));
     QVERIFY(log.taken.size() >= 2);
     const QList<QPair<QString, Qt::FocusReason>> last = log.taken.mid(log.taken.size() - 2);
     QCOMPARE(last.at(0), qMakePair(QString("dmxlistview"), Qt::OtherFocusReason));

@@ -1,14 +1,13 @@
+#include "support/boxes.h"
 #include "support/files.h"
 #include "support/workspace.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QDomDocument>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QRadioButton>
 #include <QRandomGenerator>
 
@@ -21,7 +20,6 @@
 namespace {
 
 using Box = ExpectedDialogs::Box;
-using File = ExpectedDialogs::File;
 
 const QStringList DefaultBanks = {"BANK 1", "BANK 2", "BANK 3", "BANK 4",
                                   "BANK 5", "BANK 6", "BANK 7", "BANK 8"};
@@ -74,16 +72,6 @@ QString projectPath(const Workspace &space, const QString &file = "Night.zarvex"
     return projectsFolder(space) + "/" + file;
 }
 
-File saveDialog(const Workspace &space, const QString &path)
-{
-    return {"Save your Zarvex Project", projectsFolder(space), path, {"Zarvex Projects (*.zarvex)"}};
-}
-
-File loadDialog(const Workspace &space, const QString &path)
-{
-    return {"Select a Zarvex Project", projectsFolder(space), path, {"Zarvex Projects (*.zarvex)"}};
-}
-
 /** Starts the window with a show of two pages of eight buttons each. */
 bool start(Workspace &space)
 {
@@ -99,8 +87,8 @@ QString settingsOf(const Workspace &space, const QString &show = "Show")
 /** Saves by the menu into a new file. */
 bool save(Workspace &space, const QString &path)
 {
-    space.dialogs.expect(saveDialog(space, path));
-    space.dialogs.expect(Box{"Project " + QFileInfo(path).baseName() + " is saved.", {}});
+    space.dialogs.expect(Boxes::saveDialog(space, path));
+    space.dialogs.expect(Boxes::projectSaved(QFileInfo(path).baseName()));
     space.trigger("actionSave_2");
     return space.dialogs.faults().isEmpty();
 }
@@ -109,7 +97,7 @@ bool save(Workspace &space, const QString &path)
 std::optional<bool> loaded(Workspace &space, const QString &path)
 {
     space.window();
-    space.dialogs.expect(loadDialog(space, path));
+    space.dialogs.expect(Boxes::loadDialog(space, path));
     const bool result = space.ask<bool>("loadproject");
     return space.dialogs.faults().isEmpty() ? std::optional<bool>(result) : std::nullopt;
 }
@@ -125,7 +113,7 @@ std::optional<bool> loadedFrom(Workspace &space, const QByteArray &content)
 QDomElement saved(Workspace &space, const char *slot)
 {
     const QString path = space.home() + "/fields.zarvex";
-    space.dialogs.expect(Box{"Project fields is saved.", {}});
+    space.dialogs.expect(Boxes::projectSaved("fields"));
     QDomDocument document;
     if (!space.call(slot, path) || !document.setContent(bytesOf(path)))
         return {};
@@ -291,28 +279,6 @@ bool fill(QAbstractItemModel *table, int row, int column, const QList<QPair<QByt
     return true;
 }
 
-/** Picks an entry of the menu that a right click on a key opens; false where there is no such entry. */
-bool pickFromMenu(Workspace &space, int row, int column, const QString &text)
-{
-    const QModelIndex cell = space.grid()->index(row, column);
-    space.gridView()->setCurrentIndex(cell);
-    if (!space.call("customMenuRequested", space.gridView()->visualRect(cell).center()))
-        return false;
-    bool isPicked = false;
-    for (QMenu *menu : space.window().findChildren<QMenu *>()) {
-        for (QAction *action : menu->actions()) {
-            if (!isPicked && action->text() == text && !action->objectName().startsWith("action")) {
-                action->trigger();
-                isPicked = true;
-            }
-        }
-    }
-    if (QWidget *popup = QApplication::activePopupWidget())
-        popup->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return isPicked;
-}
-
 /** A text of any characters that a project keeps. */
 QString anyText(QRandomGenerator &random)
 {
@@ -371,7 +337,7 @@ bool chooseAtRandom(Workspace &space, bool isMidi, QRandomGenerator &random)
     for (const char *combo : {"combo_offcolor", "combo_oncolor"})
         space.find<QComboBox>(combo)->setCurrentIndex(random.bounded(space.find<QComboBox>(combo)->count()));
     return random.bounded(4) == 0
-           || pickFromMenu(space, random.bounded(2, 10), random.bounded(2, 10), "Set as Switch");
+           || space.pickOnKey(random.bounded(2, 10), random.bounded(2, 10), {"Set as Switch"});
 }
 
 } // namespace
@@ -498,9 +464,9 @@ void TestProjects::savesGridToTheByte()
     QVERIFY(start(space));
     QVERIFY(space.click("radio_outputmidi"));
     QVERIFY(space.putOnKey(4, 2, 2));
-    QVERIFY(pickFromMenu(space, 2, 2, "Blink"));
+    QVERIFY(space.pickOnKey(2, 2, {"Blink"}));
     QVERIFY(space.call("colorpadchange", 3)); // the third of the palette
-    QVERIFY(pickFromMenu(space, 5, 6, "Set as Switch"));
+    QVERIFY(space.pickOnKey(5, 6, {"Set as Switch"}));
     QVERIFY(space.choose("combo_offcolor", 2));
     QVERIFY(space.choose("combo_oncolor", 0));
     const QByteArray root = attribute("deviceid", "APCMINI") + attribute("type", "midi")
@@ -563,7 +529,7 @@ void TestProjects::savingChangesNothing()
     QVERIFY(space.choose("combobox", 2));
     if (isMidi) {
         QVERIFY(space.click("radio_outputmidi"));
-        QVERIFY(pickFromMenu(space, 5, 6, "Set as Switch"));
+        QVERIFY(space.pickOnKey(5, 6, {"Set as Switch"}));
         QVERIFY(space.choose("mididevices", 1));
         QVERIFY(space.putOnKey(9, 2, 2));
     }
@@ -583,7 +549,7 @@ void TestProjects::savingAsksForAFile()
     Workspace space;
     QVERIFY(start(space));
     QVERIFY(space.putOnPad(3, 0));
-    space.dialogs.expect(saveDialog(space, {}));
+    space.dialogs.expect(Boxes::saveDialog(space, {}));
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(watch.parent, static_cast<QWidget *>(&space.window()));
@@ -620,7 +586,7 @@ void TestProjects::savedNotice()
     QVERIFY(start(space));
     for (const char *slot : {"savepadsproject", "savemidiproject"}) {
         const QString path = projectPath(space, file);
-        space.dialogs.expect(Box{"Project " + name + " is saved.", {}});
+        space.dialogs.expect(Boxes::projectSaved(name));
         QVERIFY(space.call(slot, path));
         QCOMPARE(space.dialogs.faults(), QString());
         QVERIFY(bytesOf(path).endsWith("</project>\n"));
@@ -664,7 +630,7 @@ void TestProjects::notSavedByTheMenu()
     Workspace space;
     QVERIFY(start(space));
     QVERIFY(space.putOnPad(3, 0));
-    space.dialogs.expect(saveDialog(space, space.home() + "/missing/Night.zarvex"));
+    space.dialogs.expect(Boxes::saveDialog(space, space.home() + "/missing/Night.zarvex"));
     space.dialogs.expect(Box{"Project Night was not saved.", {}});
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
@@ -676,7 +642,7 @@ void TestProjects::writingErrorsGoUnseen()
 {
     Workspace space;
     QVERIFY(start(space));
-    space.dialogs.expect(Box{"Project full is saved.", {}});
+    space.dialogs.expect(Boxes::projectSaved("full"));
     QVERIFY(space.call("savepadsproject", QString("/dev/full"))); // opens, and takes nothing
     QCOMPARE(space.dialogs.faults(), QString());
 }
@@ -689,7 +655,7 @@ void TestProjects::longerFileIsCutOff()
     QVERIFY(space.putOnPad(3, 0));
     QVERIFY(save(space, projectPath(space)));
     QVERIFY(writeFile(projectPath(space, "Long.zarvex"), QByteArray(1000000, 'x')));
-    space.dialogs.expect(Box{"Project Long is saved.", {}});
+    space.dialogs.expect(Boxes::projectSaved("Long"));
     QVERIFY(space.call("savepadsproject", projectPath(space, "Long.zarvex")));
     QCOMPARE(bytesOf(projectPath(space, "Long.zarvex")), bytesOf(projectPath(space)));
 }
@@ -700,7 +666,7 @@ void TestProjects::savesInTheDefaultCodec()
     QVERIFY(start(space));
     space.find<QLineEdit>("padsname")->setText(QString::fromUtf8("Café"));
     const DefaultCodec latin("ISO-8859-1");
-    space.dialogs.expect(Box{"Project Night is saved.", {}});
+    space.dialogs.expect(Boxes::projectSaved("Night"));
     QVERIFY(space.call("savepadsproject", projectPath(space)));
     QVERIFY(bytesOf(projectPath(space)).contains("export=\"Caf\xE9\" "));
     QVERIFY(bytesOf(projectPath(space)).startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"));
@@ -822,7 +788,7 @@ void TestProjects::loadsOverAnotherShow()
             QVERIFY(space.click("radio_outputmidi"));
             QVERIFY(space.putOnKey(4, 7, 7));
             QVERIFY(space.call("colorpadchange", 2));
-            QVERIFY(pickFromMenu(space, 5, 6, "Set as Switch"));
+            QVERIFY(space.pickOnKey(5, 6, {"Set as Switch"}));
             QVERIFY(!isMidi || space.click("radio_outputpage"));
         }
         const QByteArray content =
@@ -923,7 +889,7 @@ void TestProjects::settingsOfPads()
     QCOMPARE(pad(space, 9, 0), QString("Strobe|Strobe|1|3|#ff0000"));
     for (int bank = 7; bank >= 0; --bank)
         QVERIFY(space.choose("bankcombo", bank));
-    space.dialogs.expect(Box{"Pads Page " + page + " is created.", "Select it from VirtualDJ Pads dropdown"});
+    space.dialogs.expect(Boxes::pageCreated(page));
     QVERIFY(space.click("pushButton_2"));
     QCOMPARE(space.dialogs.faults(), QString());
 }
@@ -977,7 +943,7 @@ void TestProjects::settingsOfGrid()
         Workspace space;
         QVERIFY(start(space));
         QVERIFY(space.click("radio_outputmidi"));
-        QVERIFY(pickFromMenu(space, 9, 9, "Set as Switch"));
+        QVERIFY(space.pickOnKey(9, 9, {"Set as Switch"}));
         QCOMPARE(savedSwitch(space), QString("9,9"));
         QVERIFY(loadedFrom(space, isMidi ? midiProject(space, attributes) : padsProject(space, attributes))
                 == true);
@@ -1068,7 +1034,7 @@ void TestProjects::padsProjectKeepsDevice()
     QVERIFY(space.choose("combo_offcolor", 5));
     QVERIFY(space.choose("combo_oncolor", 7));
     const QStringList keys = space.keys();
-    QVERIFY(pickFromMenu(space, 3, 4, "Set as Switch"));
+    QVERIFY(space.pickOnKey(3, 4, {"Set as Switch"}));
     QCOMPARE(savedSwitch(space), QString("3,4"));
     QVERIFY(loadedFrom(space, padsProject(space, {}, padKey(0, 0, "Strobe", 3))) == true);
     QCOMPARE(current(space, "devicescombo"), 6);
@@ -1103,7 +1069,7 @@ void TestProjects::switchSurvivesTheCleaning()
             == true);
     QCOMPARE(savedSwitch(space), QString("3,4"));
     // It is the same Switch to the menu: picked again, it is none.
-    QVERIFY(pickFromMenu(space, 3, 4, "Set as Switch"));
+    QVERIFY(space.pickOnKey(3, 4, {"Set as Switch"}));
     QCOMPARE(savedSwitch(space), QString("-1,-1"));
     QCOMPARE(space.grid()->index(3, 4).data().toString(), QString("PAD 11"));
 }
@@ -1141,15 +1107,12 @@ void TestProjects::strangeSwitchIsHarmless()
     for (const int mapper : {0, 1}) {
         QVERIFY(space.choose("mididevices", mapper));
         if (mapper == 1)
-            space.dialogs.expect(Box{"AKAI APC Mini - Keys mapping already exists.",
-                                     "Do you want to overwrite ?", QMessageBox::Yes | QMessageBox::No,
-                                     QMessageBox::No, QMessageBox::Yes});
-        space.dialogs.expect(Box{"Mapping Keys for AKAI APC Mini is created.",
-                                 "Select it from Controllers tab of VirtualDJ Settings."});
+            space.dialogs.expect(Boxes::overwrite("AKAI APC Mini - Keys mapping", QMessageBox::Yes));
+        space.dialogs.expect(Boxes::mappingCreated("Keys", "AKAI APC Mini"));
         QVERIFY(space.click("pushButton_2"));
         QCOMPARE(space.dialogs.faults(), QString());
     }
-    QVERIFY(pickFromMenu(space, 4, 4, "Set as Switch"));
+    QVERIFY(space.pickOnKey(4, 4, {"Set as Switch"}));
     QCOMPARE(savedSwitch(space), QString("4,4"));
     QCOMPARE(key(space, 2, 2), QString("Strobe|Strobe|1|3|1|||0|#0000ff"));
 }
@@ -1220,7 +1183,7 @@ void TestProjects::keyBeyondTheShow()
     QVERIFY(start(space));
     QVERIFY(loadedFrom(space, padsProject(space, R"(export="Page" )", padKey(0, 0, "Gone", 999))) == true);
     QCOMPARE(pad(space, 0, 0), QString("Gone|Gone|1|999|#ff0000"));
-    space.dialogs.expect(Box{"Pads Page Page is created.", "Select it from VirtualDJ Pads dropdown"});
+    space.dialogs.expect(Boxes::pageCreated("Page"));
     QVERIFY(space.click("pushButton_2"));
     QVERIFY(space.drag(space.pads()->index(0, 0), space.padsView(), space.pads()->index(4, 0)));
     QCOMPARE(pad(space, 4, 0), QString("Gone|Gone|1|999|#ff0000"));
@@ -1229,10 +1192,9 @@ void TestProjects::keyBeyondTheShow()
 
     QVERIFY(loadedFrom(space, midiProject(space, R"(export="Keys" )", gridKey(2, 2, "Gone", 999))) == true);
     QCOMPARE(space.ticked(), QList<int>());
-    space.dialogs.expect(Box{"Mapping Keys for AKAI APC Mini is created.",
-                             "Select it from Controllers tab of VirtualDJ Settings."});
+    space.dialogs.expect(Boxes::mappingCreated("Keys", "AKAI APC Mini"));
     QVERIFY(space.click("pushButton_2"));
-    QVERIFY(pickFromMenu(space, 2, 2, "Remove"));
+    QVERIFY(space.pickOnKey(2, 2, {"Remove"}));
     QVERIFY(space.ask<bool>("isMIDIempty"));
     QCOMPARE(space.dialogs.faults(), QString());
 }
@@ -1321,8 +1283,8 @@ void TestProjects::unknownDeviceIsHarmless()
 
     // All that can be pressed.
     for (const char *entry : {"Blink", "Set as Switch"}) {
-        QVERIFY(pickFromMenu(space, 2, 2, entry));
-        QVERIFY(pickFromMenu(space, 4, 4, "Set as Switch"));
+        QVERIFY(space.pickOnKey(2, 2, {entry}));
+        QVERIFY(space.pickOnKey(4, 4, {"Set as Switch"}));
     }
     QVERIFY(space.putOnKey(5, 6, 6));
     space.gridView()->setCurrentIndex(space.grid()->index(6, 6));
@@ -1333,8 +1295,7 @@ void TestProjects::unknownDeviceIsHarmless()
     space.dialogs.tolerate("Choose a Color");
     QVERIFY(space.call("rgbpadchange"));
     QVERIFY(space.call("rgbonpadchange"));
-    space.dialogs.expect(
-        Box{"Mapping Keys for  is created.", "Select it from Controllers tab of VirtualDJ Settings."});
+    space.dialogs.expect(Boxes::mappingCreated("Keys", {}));
     QVERIFY(space.click("pushButton_2"));
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(saved(space, "savemidiproject").attribute("deviceid", "not saved"), QString());
@@ -1361,8 +1322,8 @@ void TestProjects::loadCancelled()
     const QStringList before = space.snapshot();
     QVERIFY(loaded(space, {}) == false);
     QCOMPARE(space.snapshot(), before);
-    space.dialogs.expect(loadDialog(space, {}));
-    space.dialogs.expect(Box{"Failed to load the Project's Show.", {}}); // odd as it reads
+    space.dialogs.expect(Boxes::loadDialog(space, {}));
+    space.dialogs.expect(Boxes::loadFailed()); // odd as it reads
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
@@ -1397,13 +1358,9 @@ void TestProjects::fileCannotBeOpened()
     const QStringList before = space.snapshot();
     if (file == "gone")
         watch.toRemove = path;
-    space.dialogs.expect(Box{"Are you sure you want to load a Project before saving current ?",
-                             {},
-                             QMessageBox::Save | QMessageBox::Yes | QMessageBox::Cancel,
-                             QMessageBox::Cancel,
-                             QMessageBox::Yes});
-    space.dialogs.expect(loadDialog(space, path));
-    space.dialogs.expect(Box{"Failed to load the Project's Show.", {}});
+    space.dialogs.expect(Boxes::projectOverWork(QMessageBox::Yes));
+    space.dialogs.expect(Boxes::loadDialog(space, path));
+    space.dialogs.expect(Boxes::loadFailed());
     space.trigger("actionLoad_Project");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
@@ -1433,7 +1390,7 @@ void TestProjects::showIsMissing()
     QVERIFY(space.click("radio_outputmidi"));
     QVERIFY(space.choose("mididevices", 1));
     QVERIFY(space.putOnKey(9, 2, 2));
-    QVERIFY(pickFromMenu(space, 5, 6, "Set as Switch"));
+    QVERIFY(space.pickOnKey(5, 6, {"Set as Switch"}));
     QVERIFY(space.choose("combobox", 2));
     const QStringList before = space.snapshot();
     QVERIFY(loadedFrom(space, document(attributes, gridKey(2, 3, "Strobe", 3) + padKey(0, 0, "Strobe", 3)))
@@ -1478,9 +1435,8 @@ void TestProjects::showCannotBeRead()
 
     // All that can be pressed.
     QVERIFY(space.choose("combobox", 1));
-    QVERIFY(pickFromMenu(space, 2, 2, "Blink"));
-    space.dialogs.expect(Box{"Mapping Keys for AKAI APC Mini is created.",
-                             "Select it from Controllers tab of VirtualDJ Settings."});
+    QVERIFY(space.pickOnKey(2, 2, {"Blink"}));
+    space.dialogs.expect(Boxes::mappingCreated("Keys", "AKAI APC Mini"));
     QVERIFY(space.click("pushButton_2"));
     QVERIFY(space.click("radio_outputpage"));
     space.trigger("actionNew_2");
@@ -1521,7 +1477,7 @@ void TestProjects::noProject()
     QVERIFY(space.type("padsname", "Friday"));
     QVERIFY(space.click("radio_outputmidi"));
     QVERIFY(space.putOnKey(9, 2, 2));
-    QVERIFY(pickFromMenu(space, 5, 6, "Set as Switch"));
+    QVERIFY(space.pickOnKey(5, 6, {"Set as Switch"}));
     QVERIFY(space.choose("combobox", 2));
     const QByteArray pads = fileOf({}, space.pads(), PadAttributes);
     const QByteArray keys = fileOf({}, space.grid(), KeyAttributes);

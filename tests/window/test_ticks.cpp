@@ -1,3 +1,4 @@
+#include "support/boxes.h"
 #include "support/files.h"
 #include "support/workspace.h"
 
@@ -46,18 +47,6 @@ bool put(Workspace &space, const QString &text)
     return true;
 }
 
-/** Selects cells of a table, as "row,column row,column", with the keyboard's help or without. */
-void select(QTableView *view, const QString &cells)
-{
-    view->selectionModel()->clear();
-    const QStringList parts = cells.split(' ', Qt::SkipEmptyParts);
-    for (const QString &cell : parts) {
-        view->selectionModel()->select(
-            view->model()->index(cell.section(',', 0, 0).toInt(), cell.section(',', 1).toInt()),
-            QItemSelectionModel::Select);
-    }
-}
-
 QString colorOf(const QModelIndex &index, int role = Qt::DecorationRole)
 {
     return index.data(role).value<QColor>().name();
@@ -70,11 +59,6 @@ bool focusElsewhere(Workspace &space)
     auto *elsewhere = space.find<QLineEdit>("padsname");
     elsewhere->setFocus();
     return QApplication::focusWidget() == elsewhere;
-}
-
-QString focused()
-{
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : "nothing";
 }
 
 } // namespace
@@ -347,7 +331,7 @@ void TestTicks::removing()
     QVERIFY2(start(space, onKeys), qPrintable(space.dialogs.faults()));
     QVERIFY(put(space, before));
     QTableView *view = onKeys ? space.gridView() : space.padsView();
-    select(view, selected);
+    Workspace::select(view, selected);
     QVERIFY(space.call(onKeys ? "ondeleteaction_triggered" : "ondeletevdjaction_triggered"));
 
     QCOMPARE(space.ticked(), ticked);
@@ -381,7 +365,7 @@ void TestTicks::removingOneKey()
     QVERIFY2(start(space, true), qPrintable(space.dialogs.faults()));
     QVERIFY(put(space, before));
     QVERIFY(put(space, "9@7,7"));
-    select(space.gridView(), "7,7"); // the selection does not matter
+    Workspace::select(space.gridView(), "7,7"); // the selection does not matter
     ticked.append(9);
 
     QVERIFY(space.call("ondeletemidiaction_triggered", row, col));
@@ -399,7 +383,7 @@ void TestTicks::removingOutsideColumn0OfAFullTable()
         QVERIFY(space.pads()->setData(space.pads()->index(row, 0), "5", ButtonRole));
 
     // No pad of the first column is empty, so the number -1 stands nowhere; no Live Button has it either.
-    select(space.padsView(), "0,1");
+    Workspace::select(space.padsView(), "0,1");
     QVERIFY(space.call("ondeletevdjaction_triggered"));
     QCOMPARE(space.ticked(), QList<int>({3}));
 }
@@ -505,7 +489,7 @@ void TestTicks::removedCellsRest()
         QVERIFY(table->setData(cell, "1", BlinkRole));
     }
 
-    select(view, QString("%1,%2").arg(row).arg(col));
+    Workspace::select(view, QString("%1,%2").arg(row).arg(col));
     if (operation == "ondeletemidiaction_triggered")
         QVERIFY(space.call(operation, row, col));
     else if (operation == "dmxcheckchange")
@@ -533,7 +517,7 @@ void TestTicks::sixteenPadAsymmetry()
     QVERIFY2(start(space, false), qPrintable(space.dialogs.faults()));
     QVERIFY(put(space, "3@0,0 3@0,1"));
     QCOMPARE(space.ticked(), QList<int>({3}));
-    select(space.padsView(), "0,0");
+    Workspace::select(space.padsView(), "0,0");
     QVERIFY(space.call("ondeletevdjaction_triggered"));
     QCOMPARE(space.ticked(), QList<int>());
 
@@ -544,8 +528,7 @@ void TestTicks::sixteenPadAsymmetry()
     QVERIFY(space.click("radio_outputpage"));
     QCOMPARE(space.ticked(), QList<int>());
 
-    space.dialogs.expect(
-        ExpectedDialogs::Box{"Pads Page OS2L DMX is created.", "Select it from VirtualDJ Pads dropdown"});
+    space.dialogs.expect(Boxes::pageCreated("OS2L DMX"));
     space.trigger("actionExport");
     QCOMPARE(space.dialogs.faults(), QString());
     QVERIFY(bytesOf(space.padsFolder() + "/OS2L DMX.xml").contains("os2l_button &apos;1-4&apos;</pad9>"));
@@ -617,7 +600,7 @@ void TestTicks::modeSwitchGoesToTheFirstRow()
     QVERIFY(focusElsewhere(space));
     QVERIFY(space.call("resetdmxlist"));
     QCOMPARE(space.dmxView()->currentIndex(), space.dmx()->index(0, 0));
-    QCOMPARE(focused(), QString("padsname"));
+    QCOMPARE(Workspace::focused(), QString("padsname"));
 }
 
 void TestTicks::modeSwitchWithoutShow()
@@ -1044,7 +1027,7 @@ void TestTicks::uncheckedButtonLeavesItsCells()
     QCOMPARE(space.padsView()->currentIndex(), space.pads()->index(9, 0));
     QCOMPARE(space.gridView()->currentIndex(), space.grid()->index(5, 5));
     QCOMPARE(space.dmxView()->currentIndex(), space.dmx()->index(3, 0));
-    QCOMPARE(focused(), QString("dmxlistview"));
+    QCOMPARE(Workspace::focused(), QString("dmxlistview"));
     QCOMPARE(space.ticked(), QList<int>({3, 4})); // the tick itself is another's affair
 }
 
@@ -1055,7 +1038,7 @@ void TestTicks::plainDropOnAPadLeavesTheFocus()
     QVERIFY(focusElsewhere(space));
     const QModelIndex current = space.padsView()->currentIndex();
     QVERIFY(space.drag(space.dmx()->index(3, 0), space.padsView(), space.pads()->index(4, 0)));
-    QCOMPARE(focused(), QString("padsname"));
+    QCOMPARE(Workspace::focused(), QString("padsname"));
     QCOMPARE(space.padsView()->currentIndex(), current);
 }
 
@@ -1092,7 +1075,7 @@ void TestTicks::focusAfterDrops()
     space.gridView()->setCurrentIndex(space.grid()->index(9, 9));
     QVERIFY(focusElsewhere(space));
     QVERIFY(put(space, drop));
-    QCOMPARE(focused(), focus);
+    QCOMPARE(Workspace::focused(), focus);
     if (onKeys) {
         QCOMPARE(space.gridView()->currentIndex(), space.grid()->index(4, 6));
         QVERIFY(space.gridView()->selectionModel()->isSelected(space.grid()->index(4, 6)));
@@ -1123,7 +1106,7 @@ void TestTicks::focusAfterCommands()
     Workspace space;
     QVERIFY2(start(space, onKeys), qPrintable(space.dialogs.faults()));
     QVERIFY(put(space, "3@2,0"));
-    select(onKeys ? space.gridView() : space.padsView(), "2,0");
+    Workspace::select(onKeys ? space.gridView() : space.padsView(), "2,0");
     space.dmxView()->setCurrentIndex(space.dmx()->index(7, 0));
     QVERIFY(focusElsewhere(space));
 
@@ -1136,7 +1119,7 @@ void TestTicks::focusAfterCommands()
     else
         QVERIFY(space.call(command));
 
-    QCOMPARE(focused(), focus);
+    QCOMPARE(Workspace::focused(), focus);
     QCOMPARE(space.ticked(), QList<int>());
     const int current = focus == "dmxlistview" ? 0 : 7;
     QCOMPARE(space.dmxView()->currentIndex(), space.dmx()->index(current, 0));
