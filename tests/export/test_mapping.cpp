@@ -680,8 +680,8 @@ void TestMapping::writesCellsOutsideTheGrid_data()
                            << "2";
     QTest::newRow("left") << "2"
                           << "-1";
-    QTest::newRow("where a Switch key that is none lies") << "-1"
-                                                          << "-1";
+    QTest::newRow("row and column -1, as without a Switch") << "-1"
+                                                            << "-1";
     QTest::newRow("far") << "2147483647"
                          << "-2147483648";
 }

@@ -563,11 +563,11 @@ void TestProjectFile::readsSettings_data()
     row("type pads", R"(type="pads")", "");
     row("type in upper case", R"(type="MIDI")", "");
     row("type with a blank", R"(type="midi ")", "");
-    row("type beyond both", R"(type="keys")", "");
+    row("unknown type", R"(type="keys")", "");
 
     row("layout of 16 pads", R"(layout="1")", "16");
     row("layout of 8 pads", R"(layout="0")", "");
-    row("layout beyond both", R"(layout="2")", "");
+    row("unknown layout", R"(layout="2")", "");
     row("layout told as pads", R"(layout="16")", "");
     row("layout not told exactly", R"(layout="01")", "");
     row("layout in a word", R"(layout="true")", "");

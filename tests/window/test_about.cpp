@@ -258,6 +258,7 @@ void TestAbout::formIsInArial()
 {
     const Form form;
     QCOMPARE(form.dialog.font().family(), QString("Arial"));
+    QCOMPARE(form.dialog.font().pointSize(), 8);
     for (const QWidget *widget : form.dialog.findChildren<QWidget *>())
         QCOMPARE(widget->font().family(), QString("Arial"));
 }
@@ -410,14 +411,18 @@ void TestAbout::textFits()
 
 void TestAbout::logo_data()
 {
+    QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("picture");
     QTest::addColumn<int>("width");
-    QTest::newRow("label") << ":/icons/Images/quelvarlogo.png" << 60;
-    QTest::newRow("label_5") << ":/icons/Images/zarvexlogo.png" << 200;
+    QTest::newRow("maker") << "label"
+                           << ":/icons/Images/quelvarlogo.png" << 60;
+    QTest::newRow("product") << "label_5"
+                             << ":/icons/Images/zarvexlogo.png" << 200;
 }
 
 void TestAbout::logo()
 {
+    QFETCH(const QString, name);
     QFETCH(const QString, picture);
     QFETCH(const int, width);
     const QImage image(picture);
@@ -425,7 +430,8 @@ void TestAbout::logo()
 
     Dialog dialog(nullptr);
     dialog.show();
-    auto *label = dialog.findChild<QLabel *>(QTest::currentDataTag());
+    auto *label = dialog.findChild<QLabel *>(name);
+    QVERIFY(label);
     const QRect painted = paintedPart(dialog.grab(label->geometry()).toImage());
     QVERIFY(painted.width() > width * 8 / 10);
     QVERIFY(painted.width() <= width);
@@ -559,8 +565,11 @@ void TestAbout::menuLeavesNoTrace()
     space.dialogs.tolerate("Zarvex - About");
     const QStringList before = space.snapshot();
     const int windows = QApplication::topLevelWidgets().size();
+    int shown = 0;
+    const Watcher watcher([&shown](Dialog & /*dialog*/) { ++shown; });
 
     space.trigger("actionAbout");
+    QCOMPARE(shown, 1);
     QCOMPARE(space.snapshot(), before);
     QCOMPARE(QApplication::topLevelWidgets().size(), windows);
     for (const QWidget *widget : QApplication::topLevelWidgets())

@@ -461,7 +461,11 @@ bool put(Workspace &space, int row, int col, int role, const QString &value)
 class Home final
 {
 public:
-    Home() { QDir(m_folder.path()).mkpath("Documents/VirtualDJ/Mappers"); }
+    Home()
+    {
+        if (!m_folder.isValid() || !QDir(m_folder.path()).mkpath("Documents/VirtualDJ/Mappers"))
+            qFatal("cannot make a home folder");
+    }
     QString mappersFolder() const { return m_folder.path() + "/Documents/VirtualDJ/Mappers"; }
     /** Lets the next window live here; to be called before it is built. */
     void takeIn() const { qputenv("HOME", m_folder.path().toLocal8Bit()); }
@@ -490,7 +494,7 @@ class TestExportMapping final : public QObject
     Q_OBJECT
 
 private slots:
-    void userRoad();
+    void goldenFileOfAUsersWork();
     void devicesToTheLine_data();
     void devicesToTheLine();
     void liveButtons_data();
@@ -519,8 +523,8 @@ private slots:
     void longerFileIsCutOff();
     void cannotBeWritten_data();
     void cannotBeWritten();
-    void names_data();
-    void names();
+    void pageNamesInFileNames_data();
+    void pageNamesInFileNames();
     void emptyNameIsGuarded();
     void nameBeyondAscii();
     void usesTheDefaultCodec_data();
@@ -533,14 +537,14 @@ private slots:
     void everyExportReadsAnew();
     void changesNothing_data();
     void changesNothing();
-    void isNoSave();
+    void exportLeavesWorkUnsaved();
 
     void isOfferedAtTheNextStart_data();
     void isOfferedAtTheNextStart();
     void againGivesTheSame_data();
     void againGivesTheSame();
-    void generations_data();
-    void generations();
+    void exportsOfExports_data();
+    void exportsOfExports();
     void keyTakenBack_data();
     void keyTakenBack();
 
@@ -598,7 +602,7 @@ bool layOut(Workspace &space, Plan &plan)
 
 } // namespace
 
-void TestExportMapping::userRoad()
+void TestExportMapping::goldenFileOfAUsersWork()
 {
     Workspace space;
     QVERIFY(writeFile(space.mappersFolder() + "/Evening.xml",
@@ -1218,7 +1222,7 @@ void TestExportMapping::cannotBeWritten()
     QCOMPARE(QFileInfo::exists(space.documents() + "/VirtualDJ"), obstacle != "no VirtualDJ");
 }
 
-void TestExportMapping::names_data()
+void TestExportMapping::pageNamesInFileNames_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("folder"); // to be made
@@ -1236,7 +1240,7 @@ void TestExportMapping::names_data()
     QTest::newRow("longer than a file name") << QString(300, 'x') << none << false;
 }
 
-void TestExportMapping::names()
+void TestExportMapping::pageNamesInFileNames()
 {
     QFETCH(QString, name);
     QFETCH(QString, folder);
@@ -1435,7 +1439,7 @@ void TestExportMapping::changesNothing()
     QCOMPARE(space.window().findChildren<QObject *>().size(), children);
 }
 
-void TestExportMapping::isNoSave()
+void TestExportMapping::exportLeavesWorkUnsaved()
 {
     Workspace space;
     QVERIFY2(start(space, Akai), qPrintable(space.dialogs.faults()));
@@ -1535,7 +1539,9 @@ class Generations final
 public:
     Generations(int device, const Scripts &scripts) : m_device(device)
     {
-        writeFile(m_home.mappersFolder() + "/Mine.xml", mapper(devices().at(device).identifier, scripts));
+        if (!writeFile(m_home.mappersFolder() + "/Mine.xml",
+                       mapper(devices().at(device).identifier, scripts)))
+            qFatal("cannot write a mapper");
     }
 
     /** One export more, by a new start; what went wrong, or nothing. */
@@ -1573,7 +1579,7 @@ private:
 
 } // namespace
 
-void TestExportMapping::generations_data()
+void TestExportMapping::exportsOfExports_data()
 {
     QTest::addColumn<int>("device");
     QTest::addColumn<Scripts>("scripts");
@@ -1643,7 +1649,7 @@ void TestExportMapping::generations_data()
         << lights + "nothing : nothing" << lights + "nothing : nothing";
 }
 
-void TestExportMapping::generations()
+void TestExportMapping::exportsOfExports()
 {
     QFETCH(int, device);
     QFETCH(Scripts, scripts);
@@ -1785,8 +1791,10 @@ private:
         m_plan.toggle = isOneIn(2) && m_plan.cells.size() > 1 ? m_plan.cells.firstKey() : somePlace();
         if (m_plan.cells.contains(m_plan.toggle))
             m_plan.cells[m_plan.toggle].button = None;
-        if (m_plan.cells.size() == 1) // nothing would be left to export
-            assign(m_space, m_plan, Strobe, m_plan.toggle == Place(9, 9) ? Place(9, 8) : Place(9, 9));
+        const Place other = m_plan.toggle == Place(9, 9) ? Place(9, 8) : Place(9, 9);
+        const bool isAlone = m_plan.cells.size() == 1; // nothing would be left to export
+        if (isAlone && !assign(m_space, m_plan, Strobe, other))
+            return false;
         return m_space.pickOnKey(m_plan.toggle.first, m_plan.toggle.second, {"Set as Switch"});
     }
 

@@ -166,7 +166,7 @@ private slots:
     void everyWayExportsTheSame_data();
     void everyWayExportsTheSame();
     void changesNothing();
-    void isNoSave();
+    void exportLeavesWorkUnsaved();
 
     void unwrapsScripts_data();
     void unwrapsScripts();
@@ -648,7 +648,7 @@ void TestExportPage::changesNothing()
     QCOMPARE(space.snapshot(), before);
 }
 
-void TestExportPage::isNoSave()
+void TestExportPage::exportLeavesWorkUnsaved()
 {
     Workspace space;
     QVERIFY2(start(space), qPrintable(space.dialogs.faults()));

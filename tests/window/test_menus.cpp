@@ -294,8 +294,8 @@ private slots:
     void switchIsOfTheClickedKeyAlone();
     void switchTakesNoDrops();
     void switchBesideTheCells();
-    void switchOutlives_data();
-    void switchOutlives();
+    void switchStaysMarked_data();
+    void switchStaysMarked();
     void switchIsForgottenByAShow_data();
     void switchIsForgottenByAShow();
     void switchAndDevices();
@@ -309,8 +309,8 @@ private slots:
     void opensByTheMouse();
     void closesByEscape_data();
     void closesByEscape();
-    void secondMenu_data();
-    void secondMenu();
+    void menuOverAnOpenMenu_data();
+    void menuOverAnOpenMenu();
     void tableChangesUnderTheMenu_data();
     void tableChangesUnderTheMenu();
     void windowGoesWithAnOpenMenu_data();
@@ -1386,7 +1386,7 @@ void TestMenus::switchBesideTheCells()
     QCOMPARE(switches(space), QStringList());
 }
 
-void TestMenus::switchOutlives_data()
+void TestMenus::switchStaysMarked_data()
 {
     QTest::addColumn<QByteArray>("act");
     QTest::addColumn<QString>("available");
@@ -1395,7 +1395,7 @@ void TestMenus::switchOutlives_data()
     QTest::newRow("Remove") << QByteArray("ondeleteaction_triggered") << "1";
 }
 
-void TestMenus::switchOutlives()
+void TestMenus::switchStaysMarked()
 {
     QFETCH(QByteArray, act);
     QFETCH(QString, available);
@@ -1646,14 +1646,14 @@ void TestMenus::closesByEscape()
     QCOMPARE(space.snapshot(), before);
 }
 
-void TestMenus::secondMenu_data()
+void TestMenus::menuOverAnOpenMenu_data()
 {
     QTest::addColumn<bool>("onKeys");
     QTest::newRow("pads") << false;
     QTest::newRow("keys") << true;
 }
 
-void TestMenus::secondMenu()
+void TestMenus::menuOverAnOpenMenu()
 {
     QFETCH(bool, onKeys);
 
@@ -1760,11 +1760,11 @@ void TestMenus::menusAreFreed_data()
     QTest::addColumn<QString>("where");
     QTest::addColumn<QStringList>("path"); // empty: the menu is closed
     QTest::newRow("pad, closed") << "pad" << QStringList();
-    QTest::newRow("pad, Remove every now and then") << "pad" << QStringList{"Remove"};
+    QTest::newRow("pad, Remove at every 20th opening") << "pad" << QStringList{"Remove"};
     QTest::newRow("key, closed") << "key" << QStringList();
-    QTest::newRow("key, colour every now and then") << "key" << QStringList{"On Color", " #AA5500"};
-    QTest::newRow("key, Blink every now and then") << "key" << QStringList{"Blink"};
-    QTest::newRow("empty key, Switch every now and then") << "empty key" << QStringList{"Set as Switch"};
+    QTest::newRow("key, colour at every 20th opening") << "key" << QStringList{"On Color", " #AA5500"};
+    QTest::newRow("key, Blink at every 20th opening") << "key" << QStringList{"Blink"};
+    QTest::newRow("empty key, Switch at every 20th opening") << "empty key" << QStringList{"Set as Switch"};
     QTest::newRow("beside the keys, closed") << "beside the keys" << QStringList();
 }
 
@@ -1801,7 +1801,6 @@ void TestMenus::menusAreFreed()
         QVERIFY(!QApplication::activePopupWidget());
     }
     QCOMPARE(childrenOf(space), children);
-    QVERIFY(space.window().findChildren<QAction *>().size() < 50);
 }
 
 QTEST_MAIN(TestMenus)

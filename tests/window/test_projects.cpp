@@ -340,6 +340,14 @@ bool chooseAtRandom(Workspace &space, bool isMidi, QRandomGenerator &random)
            || space.pickOnKey(random.bounded(2, 10), random.bounded(2, 10), {"Set as Switch"});
 }
 
+/** Rows for a test of both kinds of project. */
+void bothKinds()
+{
+    QTest::addColumn<bool>("isMidi");
+    QTest::newRow("pads") << false;
+    QTest::newRow("midi") << true;
+}
+
 } // namespace
 
 /** From a filled workspace to a project file and back, and what becomes of files that are none. */
@@ -513,9 +521,7 @@ void TestProjects::savesWhatIsOnShowOnly()
 
 void TestProjects::savingChangesNothing_data()
 {
-    QTest::addColumn<bool>("isMidi");
-    QTest::newRow("pads") << false;
-    QTest::newRow("midi") << true;
+    bothKinds();
 }
 
 void TestProjects::savingChangesNothing()
@@ -742,7 +748,7 @@ void TestProjects::loadsGrid()
 
 void TestProjects::loadsWithoutAShowBefore_data()
 {
-    savingChangesNothing_data();
+    bothKinds();
 }
 
 void TestProjects::loadsWithoutAShowBefore()
@@ -767,7 +773,7 @@ void TestProjects::loadsWithoutAShowBefore()
 
 void TestProjects::loadsOverAnotherShow_data()
 {
-    savingChangesNothing_data();
+    bothKinds();
 }
 
 void TestProjects::loadsOverAnotherShow()
@@ -1583,7 +1589,7 @@ void TestProjects::secondShowIsMissing()
 
 void TestProjects::roundTrips_data()
 {
-    savingChangesNothing_data();
+    bothKinds();
 }
 
 void TestProjects::roundTrips()
