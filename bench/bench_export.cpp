@@ -1,11 +1,11 @@
 // Writing a full Pads Page of 8 banks with 16 pads, against one write of the same bytes.
 
 #include "app/mainwindow.h"
+#include "cells.h"
 #include "export/padspage.h"
 #include "files.h"
 #include "home.h"
 #include "measure.h"
-#include "tables/roles.h"
 #include "window.h"
 
 #include <QApplication>
@@ -15,21 +15,6 @@
 #include <QTextStream>
 
 namespace {
-
-void fillPads(QAbstractItemModel &pads)
-{
-    for (int row = 0; row < pads.rowCount(); ++row) {
-        for (int column = 0; column < pads.columnCount(); ++column) {
-            const QModelIndex pad = pads.index(row, column);
-            const int button = row * pads.columnCount() + column;
-            pads.setData(pad, QString("Scene %1").arg(button), Qt::EditRole);
-            pads.setData(pad, QString::number(button / 60 + 1), PageRole);
-            pads.setData(pad, QString("Live Button %1").arg(button), DisplayNameRole);
-            pads.setData(pad, QString::number(button), ButtonRole);
-            pads.setData(pad, "#FF8000", Qt::DecorationRole);
-        }
-    }
-}
 
 double writePage(const QString &path, const PadsPage &page)
 {
@@ -53,7 +38,7 @@ int main(int argc, char *argv[])
     MainWindow window(nullptr);
     window.show();
     QAbstractItemModel &pads = *Window::find<QTableView>(window, "vdjlistview")->model();
-    fillPads(pads);
+    fill(pads);
     Window::find<QRadioButton>(window, "radioButton_16pads")->click();
     QCoreApplication::processEvents();
 

@@ -1,19 +1,17 @@
 // Exporting a wrapped mapping of the largest controller, against parsing the files that it is made from.
 
 #include "app/mainwindow.h"
+#include "cells.h"
 #include "devices/catalogue.h"
-#include "devices/grid.h"
 #include "devices/keyrecords.h"
 #include "export/mapping.h"
 #include "files.h"
 #include "home.h"
 #include "measure.h"
-#include "tables/roles.h"
 #include "window.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDomDocument>
 #include <QFile>
 #include <QLineEdit>
 #include <QTableView>
@@ -24,30 +22,6 @@ namespace {
 const QString ControllerName = "Novation Launchpad PRO";
 const QString Layout = ":/icons/Mappings/Novation Launchpad PRO.xml";
 const QString Mapper = ":/icons/Mappings/Novation Launchpad PRO mapping.xml";
-
-/** Puts a Live Button on every cell. */
-void fillGrid(QAbstractItemModel &grid)
-{
-    for (int row = 0; row < Grid::Size; ++row) {
-        for (int column = 0; column < Grid::Size; ++column) {
-            const QModelIndex key = grid.index(row, column);
-            const int button = row * Grid::Size + column;
-            grid.setData(key, QString("Scene %1").arg(button), Qt::EditRole);
-            grid.setData(key, QString::number(button / 60 + 1), PageRole);
-            grid.setData(key, QString("Live Button %1").arg(button), DisplayNameRole);
-            grid.setData(key, QString::number(button), ButtonRole);
-            grid.setData(key, "#FF8000", Qt::DecorationRole);
-        }
-    }
-}
-
-void parse(const QString &path)
-{
-    QFile file(path);
-    QDomDocument document;
-    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
-        qFatal("cannot parse %s", qPrintable(path));
-}
 
 double parseBoth()
 {
@@ -107,7 +81,7 @@ int main(int argc, char *argv[])
     auto *const mappers = Window::find<QComboBox>(window, "mididevices");
     mappers->setCurrentIndex(mappers->findText(ControllerName + " mapping (factory)"));
     QAbstractItemModel &grid = *Window::find<QTableView>(window, "tablecontroller")->model();
-    fillGrid(grid);
+    fill(grid);
     QCoreApplication::processEvents();
 
     const Window::Answers answers;

@@ -1,14 +1,13 @@
 // Loading a project against parsing it and loading its show, and saving one against writing its bytes.
 
+#include "cells.h"
 #include "files.h"
 #include "home.h"
 #include "measure.h"
 #include "showfile.h"
-#include "tables/roles.h"
 #include "window.h"
 
 #include <QApplication>
-#include <QDomDocument>
 #include <QFile>
 #include <QFileDialog>
 #include <QRadioButton>
@@ -44,30 +43,6 @@ private:
     QString m_path;
     double m_dialogGone = 0;
 };
-
-/** Puts a Live Button on every cell. */
-void fill(QAbstractItemModel &table)
-{
-    for (int row = 0; row < table.rowCount(); ++row) {
-        for (int column = 0; column < table.columnCount(); ++column) {
-            const QModelIndex cell = table.index(row, column);
-            const int button = row * table.columnCount() + column;
-            table.setData(cell, QString("Scene %1").arg(button), Qt::EditRole);
-            table.setData(cell, QString::number(button / ButtonsPerPage + 1), PageRole);
-            table.setData(cell, QString("Live Button %1").arg(button), DisplayNameRole);
-            table.setData(cell, QString::number(button), ButtonRole);
-            table.setData(cell, "#FF8000", Qt::DecorationRole);
-        }
-    }
-}
-
-void parse(const QString &path)
-{
-    QFile file(path);
-    QDomDocument document;
-    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
-        qFatal("cannot parse %s", qPrintable(path));
-}
 
 /** Loading and saving of one kind of project. */
 class Kind final

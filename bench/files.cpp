@@ -2,6 +2,7 @@
 
 #include "measure.h"
 
+#include <QDomDocument>
 #include <QFile>
 
 QByteArray contentOf(const QString &path)
@@ -10,6 +11,14 @@ QByteArray contentOf(const QString &path)
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(path));
     return file.readAll();
+}
+
+void parse(const QString &path)
+{
+    QFile file(path);
+    QDomDocument document;
+    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
+        qFatal("cannot parse %s", qPrintable(path));
 }
 
 double writeAtOnce(const QString &path, const QByteArray &bytes)
