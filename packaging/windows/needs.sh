@@ -1,0 +1,10 @@
+# shellcheck shell=bash disable=SC2034  # the lists are for those who source this
+# What the packages for Windows are made and tried with; in the form of scripts/setup.sh. Sourced, never run.
+
+windows_build_needs=(
+    'g++-mingw-w64-x86-64-posix|the MinGW-w64 compiler with POSIX threads|x86_64-w64-mingw32-g++-posix --version'
+    'dpkg-dev|the tools that unpack Debian sources|dpkg-source --version'
+    'g++|a C++17 compiler|c++ --version'
+    'make|Make|make --version'
+    'python3|Python 3|python3 --version'
+)
