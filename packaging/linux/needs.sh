@@ -1,0 +1,26 @@
+# shellcheck shell=bash disable=SC2034  # the lists are for those who source this
+# What the package for Debian is made and tried with; in the form of scripts/setup.sh. Sourced, never run.
+
+# Beside what the program itself is built with.
+linux_build_needs=(
+    'dpkg-dev|the tools that make Debian packages|dpkg-shlibdeps --version'
+    'file|file|file --version'
+    'git|Git|git --version'
+)
+# Small ones: ./check installs them too.
+linux_validate_needs=(
+    'desktop-file-utils|desktop-file-validate|command -v desktop-file-validate'
+    'appstream|AppStream|appstreamcli --version'
+    'shared-mime-info|the database of MIME types|command -v update-mime-database'
+    'groff-base|groff|groff --version'
+    'librsvg2-bin|rsvg-convert|rsvg-convert --version'
+    'imagemagick|ImageMagick|command -v compare'
+)
+linux_check_needs=(
+    'lintian|lintian|lintian --version'
+    'debootstrap|debootstrap|command -v debootstrap'
+    'xvfb|Xvfb, the virtual X server|command -v Xvfb'
+    'xdotool|xdotool|command -v xdotool'
+    'imagemagick|ImageMagick with its X11 tools|command -v import'
+    'libglib2.0-bin|gio|command -v gio'
+)
