@@ -7,4 +7,12 @@ windows_build_needs=(
     'g++|a C++17 compiler|c++ --version'
     'make|Make|make --version'
     'python3|Python 3|python3 --version'
+    'nsis|NSIS, which makes installers|makensis -VERSION'
+)
+windows_check_needs=(
+    'wine|Wine|wine --version'
+    'wine64|Wine for 64 bits|wine64 --version'
+    'xvfb|Xvfb, the virtual X server|command -v Xvfb'
+    'xdotool|xdotool|command -v xdotool'
+    'imagemagick|ImageMagick with its X11 tools|command -v import'
 )
