@@ -6,6 +6,7 @@ windows_build_needs=(
     'dpkg-dev|the tools that unpack Debian sources|dpkg-source --version'
     'g++|a C++17 compiler|c++ --version'
     'make|Make|make --version'
+    'perl|Perl|perl --version'
     'python3|Python 3|python3 --version'
     'nsis|NSIS, which makes installers|makensis -VERSION'
 )
