@@ -238,7 +238,9 @@ private slots:
     void takesABrokenMapperForAnEmptyOne_data();
     void takesABrokenMapperForAnEmptyOne();
     void takesFoldersForEmptyFiles();
+#ifdef Q_OS_UNIX
     void takesFilesThatCannotBeOpenedForEmptyOnes();
+#endif
     void mergesDevicesWithTheirFactoryMappers_data();
     void mergesDevicesWithTheirFactoryMappers();
     void copiesActionsOnTheAkai();
@@ -513,9 +515,11 @@ void TestKeyRecords::needsBothFiles()
     QVERIFY(!hasMapper || writeFile(files.mapper(), "<mapper/>"));
     QCOMPARE(files.records().size(), count);
 
-    // A link to nothing is no file; neither is an empty path.
+    // A link to nothing is no file (on Windows, links are files of their own); neither is an empty path.
+#ifdef Q_OS_UNIX
     QVERIFY(hasMapper || QFile::link(files.mapper() + ".gone", files.mapper()));
     QCOMPARE(files.records().size(), count);
+#endif
     QCOMPARE(readKeyRecords(files.layout(), "").size(), 0);
     QCOMPARE(readKeyRecords("", files.mapper()).size(), 0);
 }
@@ -578,6 +582,7 @@ void TestKeyRecords::takesFoldersForEmptyFiles()
     QCOMPARE(shown(readKeyRecords(folder.path(), files.mapper())), QStringList());
 }
 
+#ifdef Q_OS_UNIX // Windows has no such modes of files
 void TestKeyRecords::takesFilesThatCannotBeOpenedForEmptyOnes()
 {
     const Files files;
@@ -589,6 +594,7 @@ void TestKeyRecords::takesFilesThatCannotBeOpenedForEmptyOnes()
     QVERIFY(QFile::setPermissions(files.layout(), {}));
     QCOMPARE(files.records().size(), isOpen ? 1 : 0);
 }
+#endif
 
 void TestKeyRecords::mergesDevicesWithTheirFactoryMappers_data()
 {

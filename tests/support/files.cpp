@@ -10,6 +10,18 @@ QByteArray bytesOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
 }
 
+QByteArray textOf(const QByteArray &bytes)
+{
+#ifdef Q_OS_WIN
+    QByteArray text = bytes;
+    text.replace("\r\n", "\n");
+    return QByteArray(text).replace("\n", "\r\n") == bytes ? text
+                                                           : "line ends of another platform in: " + bytes;
+#else
+    return bytes;
+#endif
+}
+
 bool writeFile(const QString &path, const QByteArray &content)
 {
     QFile file(path);

@@ -11,6 +11,14 @@ class QTextStream;
 /** All of a file; "no file" where it cannot be read. */
 QByteArray bytesOf(const QString &path);
 
+/**
+ * What the program wrote as text, its lines ended by line feeds alone.
+ *
+ * @param bytes  as they lie on the disk
+ * @return       the fault in words where a line does not end as this platform's do: CR LF on Windows, LF elsewhere
+ */
+QByteArray textOf(const QByteArray &bytes);
+
 /** Writes a file anew; false where that fails. */
 bool writeFile(const QString &path, const QByteArray &content);
 

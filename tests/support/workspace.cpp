@@ -1,6 +1,7 @@
 #include "support/workspace.h"
 
 #include "support/files.h"
+#include "support/home.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -60,22 +61,11 @@ QVector<QStringList> gridLabels()
     return labels;
 }
 
-/**
- * Where the library keeps what its file dialogs remember. One for the whole process: the library asks for
- * it once, and would bring back a home folder that is gone by then.
- */
-QString settingsFolder()
-{
-    static const QTemporaryDir folder;
-    return folder.path();
-}
-
 } // namespace
 
 Workspace::Workspace()
 {
-    qputenv("HOME", m_home.path().toLocal8Bit());
-    qputenv("XDG_CONFIG_HOME", settingsFolder().toLocal8Bit());
+    takeHome(m_home.path());
     QDir(m_home.path()).mkpath("Documents/VirtualDJ/Pads");
     QDir(m_home.path()).mkpath("Documents/VirtualDJ/Mappers");
     QDir(m_home.path()).mkpath("TheLightingController/LightShows");

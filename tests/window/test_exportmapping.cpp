@@ -1,5 +1,6 @@
 #include "support/boxes.h"
 #include "support/files.h"
+#include "support/home.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
@@ -344,14 +345,19 @@ QStringList expected(const Plan &plan)
 
 // Files that stand there.
 
-/** The lines of a file with TODAY in place of the date. */
-QStringList linesOf(const QString &path)
+/** The lines of a text with TODAY in place of the date. */
+QStringList linesIn(const QByteArray &bytes)
 {
-    QString text = QString::fromUtf8(bytesOf(path));
+    QString text = QString::fromUtf8(bytes);
     for (const QDate &date : {FirstDay, QDate::currentDate()})
         text.replace(QString(" date=\"%1-%2-%3\"").arg(date.day()).arg(date.month()).arg(date.year()),
                      " date=\"TODAY\"");
     return text.split('\n');
+}
+
+QStringList linesOf(const QString &path)
+{
+    return linesIn(textOf(bytesOf(path)));
 }
 
 /** Where two files differ; empty if nowhere. */
@@ -468,7 +474,7 @@ public:
     }
     QString mappersFolder() const { return m_folder.path() + "/Documents/VirtualDJ/Mappers"; }
     /** Lets the next window live here; to be called before it is built. */
-    void takeIn() const { qputenv("HOME", m_folder.path().toLocal8Bit()); }
+    void takeIn() const { takeHome(m_folder.path()); }
 
 private:
     QTemporaryDir m_folder;
@@ -642,7 +648,7 @@ void TestExportMapping::goldenFileOfAUsersWork()
     QVERIFY(space.type("padsname", "Evening Set"));
 
     QVERIFY2(exports(space, Akai, "Evening Set"), qPrintable(space.dialogs.faults()));
-    const QStringList golden = linesOf(QFINDTESTDATA("../data/exportmapping-road.xml"));
+    const QStringList golden = linesIn(bytesOf(QFINDTESTDATA("../data/exportmapping-road.xml")));
     QCOMPARE(golden.size(), 174); // a golden file that is missing has one line
     QCOMPARE(difference(exported(space, Akai, "Evening Set"), golden), QString());
 }
@@ -1308,7 +1314,7 @@ void TestExportMapping::usesTheDefaultCodec()
     QVERIFY(space.putOnKey(Accented, 2, 2));
     const DefaultCodec inUse(codec);
     QVERIFY2(exports(space, Akai), qPrintable(space.dialogs.faults()));
-    const QByteArray bytes = bytesOf(space.mappersFolder() + "/" + fileName(Akai));
+    const QByteArray bytes = textOf(bytesOf(space.mappersFolder() + "/" + fileName(Akai)));
     QVERIFY(bytes.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"));
     QVERIFY(
         bytes.contains("\n\t<map value=\"ROW1_PAD1\" action=\"os2l_button &apos;" + name + "&apos;\"/>\n"));
