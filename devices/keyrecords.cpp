@@ -62,7 +62,7 @@ QList<Record> readPads(const QDomDocument &layout, const Scripts &scripts)
 QList<Record> readButtons(const QDomDocument &layout, const Scripts &scripts)
 {
     QList<Record> records;
-    bool anyLedMapped = false; // not for each button anew: mappers have been built on it
+    bool anyLedMapped = false; // of the whole pass, and on purpose not of each button
     const QDomNodeList buttons = layout.elementsByTagName("button");
     for (int i = 0; i < buttons.size(); ++i) {
         const QDomElement button = buttons.at(i).toElement();
