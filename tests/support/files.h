@@ -8,6 +8,13 @@
 
 class QTextStream;
 
+/** Whether any sign may stand in a file's name; Windows forbids " < > and others. */
+#ifdef Q_OS_WIN
+constexpr bool AnySignNamesFiles = false;
+#else
+constexpr bool AnySignNamesFiles = true;
+#endif
+
 /** All of a file; "no file" where it cannot be read. */
 QByteArray bytesOf(const QString &path);
 

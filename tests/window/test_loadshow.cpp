@@ -29,6 +29,9 @@ File folderDialog(const Workspace &space, const QString &answer)
 {
     File dialog{"Select a Show", space.home() + "/TheLightingController/LightShows", answer};
     dialog.showsFoldersOnly = true;
+#ifdef Q_OS_WIN
+    dialog.folder.clear(); // the account alone says there where the home folder is
+#endif
     return dialog;
 }
 
