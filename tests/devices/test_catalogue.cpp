@@ -1,4 +1,5 @@
 #include "devices/catalogue.h"
+#include "devices/device.h"
 #include "support/files.h"
 
 #include <QDirIterator>
@@ -211,6 +212,8 @@ private slots:
     void factoryMappersBelongToTheirLayouts_data();
     void factoryMappersBelongToTheirLayouts();
 
+    void tellsPalettes_data();
+    void tellsPalettes();
     void readsLayouts_data();
     void readsLayouts();
     void readsLayoutsInMappersBesideTheirLayouts();
@@ -473,6 +476,30 @@ void TestCatalogue::factoryMappersBelongToTheirLayouts()
         QVERIFY(!maps.at(i).toElement().attribute("value").isEmpty());
         QVERIFY(!maps.at(i).toElement().attribute("action").isEmpty());
     }
+}
+
+void TestCatalogue::tellsPalettes_data()
+{
+    QTest::addColumn<Record>("device");
+    QTest::addColumn<QStringList>("palette");
+
+    const auto colored = [](const char *colors) { return Record{{"device", "BOX"}, {"colors", colors}}; };
+    QTest::newRow("words and digits") << colored("black,#00FF00") << QStringList{"black", "#00FF00"};
+    QTest::newRow("one colour") << colored("red") << QStringList{"red"};
+    QTest::newRow("empty parts are kept") << colored(",red,,blue,") << QStringList{"", "red", "", "blue", ""};
+    QTest::newRow("blanks are kept") << colored(" red, blue ") << QStringList{" red", " blue "};
+    QTest::newRow("other signs do not separate")
+        << colored("red;blue green") << QStringList{"red;blue green"};
+    QTest::newRow("no colours are one empty part") << colored("") << QStringList{""};
+    QTest::newRow("attribute missing") << Record{{"device", "BOX"}} << QStringList{""};
+    QTest::newRow("no device") << Record() << QStringList();
+}
+
+void TestCatalogue::tellsPalettes()
+{
+    QFETCH(const Record, device);
+    QFETCH(const QStringList, palette);
+    QCOMPARE(Device::palette(device), palette);
 }
 
 void TestCatalogue::readsLayouts_data()

@@ -143,6 +143,9 @@ void TestGrid::keysOfDevices_data()
     QTest::newRow("Novation Launchpad Mini MK3") << device("4", "0", "0", "8") << 4 << 0 << 0 << 8;
     QTest::newRow("Novation Launchpad PRO") << device("4", "8", "8", "8") << 4 << 8 << 8 << 8;
     QTest::newRow("all bands differ") << device("1", "2", "3", "4") << 1 << 2 << 3 << 4;
+    Record withFaders = device("0", "0", "8", "8");
+    withFaders["faders"] = "99";
+    QTest::newRow("faders are no band") << withFaders << 0 << 0 << 8 << 8;
     QTest::newRow("no device") << Record() << 0 << 0 << 0 << 0;
     QTest::newRow("empty counts") << device("", "", "", "") << 0 << 0 << 0 << 0;
     QTest::newRow("negative counts") << device("-1", "-8", "-2", "-2147483648") << 0 << 0 << 0 << 0;

@@ -354,6 +354,7 @@ private slots:
     void writesDates_data();
     void writesDates();
     void writesIdentifiersRaw();
+    void toldNumberOfFadersDoesNotMatter();
     void writesInTheCodecOfTheStream_data();
     void writesInTheCodecOfTheStream();
     void flushesEveryLine();
@@ -923,6 +924,20 @@ void TestMapping::writesIdentifiersRaw()
     QCOMPARE(difference(written(mapping), fileOf({}).replace("PADBOX", "")), QString());
 }
 
+/** Only the faders that a layout has are written. */
+void TestMapping::toldNumberOfFadersDoesNotMatter()
+{
+    Controller grid;
+    QVERIFY(fill(grid, {}));
+    ControllerMapping mapping =
+        mappingOf({{control("slider", "", "0"), control("slider", "", "8")}, {}}, grid);
+    for (const QString number : {"", "0", "8", "99", "many"}) {
+        mapping.device["faders"] = number;
+        QCOMPARE(difference(written(mapping), fileOf({line("KEY", "os2l_cmd 1"), line("KEY", "os2l_cmd 9")})),
+                 QString());
+    }
+}
+
 void TestMapping::writesInTheCodecOfTheStream_data()
 {
     QTest::addColumn<QByteArray>("codec");
@@ -952,26 +967,9 @@ void TestMapping::writesInTheCodecOfTheStream()
 /** Each line has reached the device before the next one begins. */
 void TestMapping::flushesEveryLine()
 {
-    class Writes final : public QIODevice
-    {
-    public:
-        QByteArrayList all;
-
-    protected:
-        qint64 readData(char *, qint64) override { return -1; }
-        qint64 writeData(const char *bytes, qint64 size) override
-        {
-            all += QByteArray(bytes, static_cast<int>(size));
-            return size;
-        }
-    };
-
     Controller grid;
     QVERIFY(fill(grid, {}));
-    Writes device;
-    QVERIFY(device.open(QIODevice::WriteOnly));
-    QTextStream out(&device);
-    writeMapping(out, mappingOf({{pad(), control("ignore", "level")}, {}}, grid));
+    const ControllerMapping mapping = mappingOf({{pad(), control("ignore", "level")}, {}}, grid);
     const QByteArrayList expected = {
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n",
         "<mapper device=\"PADBOX\" author=\"Zarvex\" version=\"840\" date=\"5-3-2026\">\n",
@@ -980,7 +978,7 @@ void TestMapping::flushesEveryLine()
         "\t<map value=\"KEY\" action=\"level\"/>\n",
         "</mapper>\n",
     };
-    QCOMPARE(device.all, expected);
+    QCOMPARE(pieces([&mapping](QTextStream &out) { writeMapping(out, mapping); }), expected);
 }
 
 void TestMapping::changesNothing()

@@ -133,6 +133,7 @@ private slots:
     void writesPages();
     void writesInTheCodecOfTheStream_data();
     void writesInTheCodecOfTheStream();
+    void flushesEveryLine();
     void writesRandomPages_data();
     void writesRandomPages();
     void writesFullPages_data();
@@ -258,6 +259,19 @@ void TestPadsPage::writesInTheCodecOfTheStream()
     const PadsPage page = {QString::fromUtf8("Läser & Été"), {QString::fromUtf8("Grüße")}, 8, table};
     QCOMPARE(difference(written(page, codec), codec == "UTF-8" ? golden.toUtf8() : golden.toLatin1()),
              QString());
+}
+
+/** Each line has reached the device before the next one begins. */
+void TestPadsPage::flushesEveryLine()
+{
+    VDJModel table;
+    QVERIFY(fill(table, {{1, 1, "1", "Strobe", "Strobe", "#ff0000"}}));
+    const PadsPage page = {"OS2L DMX", defaultBanks(), 8, table};
+    const QByteArrayList lines = pieces([&page](QTextStream &out) { writePadsPage(out, page); });
+    QCOMPARE(lines.size(), 2 + 8 + 2);
+    for (const QByteArray &line : lines)
+        QCOMPARE(line.indexOf('\n'), line.size() - 1);
+    QCOMPARE(lines.join(), written(page));
 }
 
 void TestPadsPage::writesRandomPages_data()

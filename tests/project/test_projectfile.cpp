@@ -259,6 +259,7 @@ private slots:
     void writesFilledGrid();
     void writesRowByRow();
     void writesColumnOfHiddenPads();
+    void writesTypedNameOfAnEmptyPad();
     void writesColors_data();
     void writesColors();
     void writesSwitch_data();
@@ -269,6 +270,7 @@ private slots:
     void writesInTheCodecOfTheStream();
     void writesInTheDefaultCodec_data();
     void writesInTheDefaultCodec();
+    void flushesEveryLine();
     void writingChangesNothing();
 
     void readsSettings_data();
@@ -407,6 +409,18 @@ void TestProjectFile::writesColumnOfHiddenPads()
     QCOMPARE(QByteArray(eight).replace(R"( layout="0" )", R"( layout="1" )"), sixteen);
 }
 
+void TestProjectFile::writesTypedNameOfAnEmptyPad()
+{
+    VDJModel pads;
+    QVERIFY(fillWithEmptyPads(pads));
+    QVERIFY(set(pads, 0, 1, {Qt::EditRole}, {"Mine"}));
+    const QByteArray bytes = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
+    QCOMPARE(bytes.split('\n').value(3),
+             QByteArray("\t"
+                        R"(<key row="0" column="1" name="Mine" dspname="PAD 9" pagenr="0" id="-1" )"
+                        R"(color="#000000" />)"));
+}
+
 void TestProjectFile::writesColors_data()
 {
     QTest::addColumn<QString>("color");
@@ -527,6 +541,23 @@ void TestProjectFile::writesInTheDefaultCodec()
     QCOMPARE(bytes.split('\n').value(0), QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>)"));
     QCOMPARE(bytes.split('\n').value(1), R"(<project deviceid="D" type="midi" show="s" showname=")" + name
                                              + R"(" switch="0,0" offcolor="0" oncolor="0" export="e" >)");
+}
+
+/** Each line has reached the device before the next one begins. */
+void TestProjectFile::flushesEveryLine()
+{
+    const QStandardItemModel table(2, 3);
+    const PadsProject pads = {"s", "n", "e", false, {}, table};
+    const MidiProject midi = {"D", "s", "n", {0, 0}, 0, 0, "e", table};
+    const QByteArrayList ofPads = pieces([&pads](QTextStream &out) { writeProject(out, pads); });
+    const QByteArrayList ofMidi = pieces([&midi](QTextStream &out) { writeProject(out, midi); });
+    for (const QByteArrayList &lines : {ofPads, ofMidi}) {
+        QCOMPARE(lines.size(), 2 + 6 + 1);
+        for (const QByteArray &line : lines)
+            QCOMPARE(line.indexOf('\n'), line.size() - 1);
+    }
+    QCOMPARE(ofPads.join(), written(pads));
+    QCOMPARE(ofMidi.join(), written(midi));
 }
 
 void TestProjectFile::writingChangesNothing()

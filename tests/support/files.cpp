@@ -4,6 +4,25 @@
 #include <QFile>
 #include <QTextStream>
 
+namespace {
+
+/** A device that notes what is written into it. */
+class Notes final : public QIODevice
+{
+public:
+    QByteArrayList all;
+
+protected:
+    qint64 readData(char * /*data*/, qint64 /*maxSize*/) override { return -1; }
+    qint64 writeData(const char *bytes, qint64 size) override
+    {
+        all += QByteArray(bytes, static_cast<int>(size));
+        return size;
+    }
+};
+
+} // namespace
+
 QByteArray bytesOf(const QString &path)
 {
     QFile file(path);
@@ -40,6 +59,17 @@ QByteArray streamed(const std::function<void(QTextStream &)> &write, const char 
     write(out);
     out.flush();
     return bytes;
+}
+
+QByteArrayList pieces(const std::function<void(QTextStream &)> &write)
+{
+    Notes device;
+    if (!device.open(QIODevice::WriteOnly))
+        return {"no device"};
+    QTextStream out(&device);
+    out.setCodec("UTF-8");
+    write(out);
+    return device.all;
 }
 
 QString difference(const QByteArray &actual, const QByteArray &expected)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QString>
 #include <QTextCodec>
 
@@ -36,6 +37,9 @@ bool writeFile(const QString &path, const QByteArray &content);
  * @param codec  of the stream; nullptr leaves it at the default
  */
 QByteArray streamed(const std::function<void(QTextStream &)> &write, const char *codec = "UTF-8");
+
+/** The same in UTF-8, cut into the pieces in which it reaches the device; without what is not flushed. */
+QByteArrayList pieces(const std::function<void(QTextStream &)> &write);
 
 /** Where two files first differ, for a person; empty where they do not. */
 QString difference(const QByteArray &actual, const QByteArray &expected);

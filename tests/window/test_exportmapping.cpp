@@ -540,6 +540,8 @@ private slots:
     void mapperCalledSimple();
     void mapperChangesAfterTheStart_data();
     void mapperChangesAfterTheStart();
+    void mapperGoneAfterAnExport();
+    void comboBoxTellsTheDevice();
     void everyExportReadsAnew();
     void changesNothing_data();
     void changesNothing();
@@ -1388,6 +1390,36 @@ void TestExportMapping::mapperChangesAfterTheStart()
     QVERIFY(content.isNull() ? QFile::remove(path) : writeFile(path, content));
     QVERIFY2(exports(space, Mk2), qPrintable(space.dialogs.faults()));
     QCOMPARE(difference(exported(space, Mk2), hasKeys ? expected(plan) : file("LAUNCHPAD2", {})), QString());
+}
+
+/** The keys of the export before are gone with the mapper. */
+void TestExportMapping::mapperGoneAfterAnExport()
+{
+    Workspace space;
+    QVERIFY2(startWith(space, Mk2, {{"PAD_1_1", "play"}}), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.putOnKey(Strobe, 2, 2));
+    QVERIFY2(exports(space, Mk2), qPrintable(space.dialogs.faults()));
+    QCOMPARE(exported(space, Mk2).filter("<map ").size(), 160);
+
+    QVERIFY(QFile::remove(space.mappersFolder() + "/Mine.xml"));
+    space.dialogs.expect(overwrite(Mk2, QMessageBox::Yes));
+    QVERIFY2(exports(space, Mk2), qPrintable(space.dialogs.faults()));
+    QCOMPARE(exported(space, Mk2), file("LAUNCHPAD2", {}));
+}
+
+/** Not what the page shows, which another device may have been brought to by program. */
+void TestExportMapping::comboBoxTellsTheDevice()
+{
+    Workspace space;
+    QVERIFY2(start(space, Akai), qPrintable(space.dialogs.faults()));
+    Plan plan = {Akai, true, factoryScripts(Akai)};
+    QVERIFY(assign(space, plan, Strobe, {2, 2}));
+    plan.off = "yellow";
+    plan.on = "green";
+    QVERIFY(space.call("updatemidicombo", Mk2));
+    QCOMPARE(space.find<QComboBox>("devicescombo")->currentIndex(), Akai);
+    QVERIFY2(exports(space, Akai), qPrintable(space.dialogs.faults()));
+    QCOMPARE(difference(exported(space, Akai), expected(plan)), QString());
 }
 
 void TestExportMapping::everyExportReadsAnew()

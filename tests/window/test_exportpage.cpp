@@ -3,6 +3,7 @@
 #include "support/workspace.h"
 
 #include <QLineEdit>
+#include <QRadioButton>
 
 namespace {
 
@@ -136,6 +137,7 @@ private slots:
     void oneBankToTheByte();
     void twoBanksToTheByte();
     void sixteenPadsToTheByte();
+    void radioTellsTheNumberOfPads();
     void onePadOfBank8();
     void everyPadOfEveryBank();
     void hiddenPadsUseTheirBank_data();
@@ -253,6 +255,18 @@ void TestExportPage::sixteenPadsToTheByte()
     lines += padOfOneBank(16, "Blackout", "#ffffff", "Blackout");
     lines += parameter({"BANK 1"});
     QCOMPARE(exported(space).split('\n'), page("OS2L DMX", lines).split('\n'));
+}
+
+/** Not what the table shows: a radio that is set by program leaves it as it is. */
+void TestExportPage::radioTellsTheNumberOfPads()
+{
+    Workspace space;
+    QVERIFY2(start(space), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.putOnPad(Strobe, 0));
+    space.find<QRadioButton>("radioButton_16pads")->setChecked(true);
+    QVERIFY(space.padsView()->isColumnHidden(1));
+    QVERIFY2(exports(space), qPrintable(space.dialogs.faults()));
+    QCOMPARE(line(exported(space), "pad16"), emptyPad(16, 1));
 }
 
 void TestExportPage::onePadOfBank8()

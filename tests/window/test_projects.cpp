@@ -360,6 +360,7 @@ private slots:
     void savesPadsToTheByte();
     void savesGridToTheByte();
     void savesWhatIsOnShowOnly();
+    void savesWhatTheWidgetsTell();
     void savingChangesNothing_data();
     void savingChangesNothing();
     void savingAsksForAFile();
@@ -517,6 +518,20 @@ void TestProjects::savesWhatIsOnShowOnly()
     QVERIFY(pads.contains(" type=\"pads\" "));
     QVERIFY(pads.contains("\"1-4\""));
     QVERIFY(!pads.contains("\"1-5\""));
+}
+
+/** Set by program, a widget can tell another layout than the table and another device than its page. */
+void TestProjects::savesWhatTheWidgetsTell()
+{
+    Workspace space;
+    QVERIFY(start(space));
+    space.find<QRadioButton>("radioButton_16pads")->setChecked(true);
+    QVERIFY(space.padsView()->isColumnHidden(1));
+    QCOMPARE(saved(space, "savepadsproject").attribute("layout"), QString("1"));
+
+    QVERIFY(space.call("updatemidicombo", 6));
+    QCOMPARE(current(space, "devicescombo"), 0);
+    QCOMPARE(saved(space, "savemidiproject").attribute("deviceid"), QString("APCMINI"));
 }
 
 void TestProjects::savingChangesNothing_data()
