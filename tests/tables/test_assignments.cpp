@@ -130,6 +130,7 @@ void TestAssignments::asksForOneButton_data()
     QTest::newRow("nowhere") << Numbers{{"13", "30"}, {"-3", "-1"}} << 3 << false << false;
     QTest::newRow("in the last row") << Numbers{{"-1", "-1"}, {"3", "-1"}} << 3 << true << true;
     QTest::newRow("written with zeros in front") << Numbers{{"003", "-1"}} << 3 << true << true;
+    QTest::newRow("a cell without a number counts as button 0") << Numbers{{"-1", ""}} << 0 << false << true;
     QTest::newRow("button 0 is not an empty cell") << Numbers{{"-1", "-1"}} << 0 << false << false;
     QTest::newRow("an empty cell") << Numbers{{"3", "-1"}} << -1 << false << true;
     QTest::newRow("no empty cell") << Numbers{{"3", "4"}} << -1 << false << false;
