@@ -189,6 +189,8 @@ private slots:
     void assignmentsSurviveADevice();
     void paintingStaysOnUnavailableKeys();
     void keysOfTheNewDeviceTakeDrops();
+    void gridShowsMouseAndSelection_data();
+    void gridShowsMouseAndSelection();
 
     void namesCells_data();
     void namesCells();
@@ -510,6 +512,40 @@ void TestDevicePage::keysOfTheNewDeviceTakeDrops()
     QVERIFY(!space.putOnKey(1, 0, 6));
     QVERIFY(!space.putOnKey(1, 11, 4));
     QCOMPARE(space.ticked(), QList<int>({1, 2}));
+}
+
+void TestDevicePage::gridShowsMouseAndSelection_data()
+{
+    QTest::addColumn<QPoint>("cell"); // row, column
+    QTest::addColumn<bool>("isUnderMouse");
+    QTest::addColumn<bool>("isSelected");
+    QTest::addColumn<QColor>("background");
+    const QPoint key(4, 4);
+    const QPoint noKey(0, 4);
+    QTest::newRow("key at rest") << key << false << false << QColor("#000000");
+    QTest::newRow("key under the mouse") << key << true << false << QColor("#202020");
+    QTest::newRow("selected key") << key << false << true << QColor("#404040");
+    QTest::newRow("selected key under the mouse") << key << true << true << QColor("#404040");
+    QTest::newRow("no key") << noKey << false << false << QColor("#303030");
+    QTest::newRow("no key under the mouse") << noKey << true << false << QColor("#303030");
+}
+
+void TestDevicePage::gridShowsMouseAndSelection()
+{
+    QFETCH(QPoint, cell);
+    QFETCH(bool, isUnderMouse);
+    QFETCH(bool, isSelected);
+    QFETCH(QColor, background);
+
+    Workspace space;
+    QVERIFY(space.click("radio_outputmidi"));
+    QTableView *view = space.gridView();
+    const QRect rect = view->visualRect(space.grid()->index(cell.x(), cell.y()));
+    Workspace::select(view, isSelected ? QString("%1,%2").arg(cell.x()).arg(cell.y()) : QString());
+    QTest::mouseMove(view->viewport(), view->visualRect(space.grid()->index(9, 9)).center());
+    if (isUnderMouse)
+        QTest::mouseMove(view->viewport(), rect.center());
+    QTRY_COMPARE(view->viewport()->grab(rect).toImage().pixelColor(1, 1), background);
 }
 
 void TestDevicePage::namesCells_data()
