@@ -1,11 +1,12 @@
+#include "support/focuslog.h"
 #include "support/workspace.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
-#include <QFocusEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QPointer>
 #include <QWindow>
 
@@ -217,22 +218,6 @@ int childrenOf(Workspace &space)
     return space.window().findChildren<QObject *>().size();
 }
 
-/** Notes which widget takes the focus, and why. */
-class FocusLog final : public QObject
-{
-public:
-    FocusLog() { qApp->installEventFilter(this); }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::FocusIn && watched->isWidgetType())
-            taken.append({watched->objectName(), static_cast<QFocusEvent *>(event)->reason()});
-        return false;
-    }
-
-    QList<QPair<QString, Qt::FocusReason>> taken;
-};
-
 } // namespace
 
 /** The menus of pads and keys: what they offer, and what their entries do. */
@@ -245,6 +230,7 @@ private slots:
     void padMenu();
     void emptyPadHasNoMenu_data();
     void emptyPadHasNoMenu();
+    void blankedPadHasMenu();
     void padsMenuBesideTheCells_data();
     void padsMenuBesideTheCells();
     void removesPads_data();
@@ -383,6 +369,25 @@ void TestMenus::emptyPadHasNoMenu()
     }
     QVERIFY(!space.rightClick(space.padsView(), pad));
     QVERIFY(!QApplication::activePopupWidget());
+}
+
+/** A pad that was dropped on a line has no number left, which counts as 0. */
+void TestMenus::blankedPadHasMenu()
+{
+    Workspace space;
+    QVERIFY2(startOnPads(space), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.putOnPad(3, 2, 1));
+    const QModelIndex pad = space.pads()->index(2, 1);
+    const std::unique_ptr<QMimeData> data(space.pads()->mimeData({pad}));
+    const QRect other = space.padsView()->visualRect(space.pads()->index(5, 0));
+    QVERIFY(Workspace::drop(data.get(), space.padsView(), {other.center().x(), other.bottom() + 1}));
+    QCOMPARE(pad.data(ButtonRole), QVariant(""));
+
+    QMenu *menu = space.rightClick(space.padsView(), pad);
+    QVERIFY(menu);
+    QVERIFY(Workspace::pick(menu, {"Remove"}));
+    QCOMPARE(pad.data(ButtonRole), QVariant("-1"));
+    QCOMPARE(pad.data(), QVariant("PAD 3"));
 }
 
 void TestMenus::padsMenuBesideTheCells_data()
