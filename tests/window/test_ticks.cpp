@@ -1,5 +1,6 @@
 #include "support/boxes.h"
 #include "support/files.h"
+#include "support/focuslog.h"
 #include "support/workspace.h"
 
 #include <QApplication>
@@ -91,6 +92,7 @@ private slots:
     void modeSwitchLooksAtColumn0Alone();
     void modeSwitchLooksAtKeysThatTheDeviceLacks();
     void modeSwitchTicksHiddenRows();
+    void modeSwitchLooksForTheSameText();
     void modeSwitchGoesToTheFirstRow();
     void modeSwitchWithoutShow();
 
@@ -98,6 +100,7 @@ private slots:
     void cleansPadsFromBank5();
     void cleansKeys();
     void cleansSections();
+    void cleaningRebuildsFromTheTop();
     void cleansTicksOfHiddenRows_data();
     void cleansTicksOfHiddenRows();
     void cleaningWithoutShow();
@@ -128,6 +131,8 @@ private slots:
     void focusAfterDrops();
     void focusAfterCommands_data();
     void focusAfterCommands();
+    void wayOfTheFocus_data();
+    void wayOfTheFocus();
 };
 
 void TestTicks::dropTicks_data()
@@ -592,6 +597,19 @@ void TestTicks::modeSwitchTicksHiddenRows()
     QVERIFY(space.dmxView()->isRowHidden(3));
 }
 
+/** Elsewhere the numbers count; here their texts do, which differ in a project written by hand. */
+void TestTicks::modeSwitchLooksForTheSameText()
+{
+    Workspace space;
+    QVERIFY2(start(space, false), qPrintable(space.dialogs.faults()));
+    QVERIFY(put(space, "3@0,0 5@1,0"));
+    QVERIFY(space.pads()->setData(space.pads()->index(0, 0), "03", ButtonRole));
+    QVERIFY(space.call("dmxtoremove", 3));
+    QCOMPARE(space.ticked(), QList<int>({3, 5}));
+    QVERIFY(space.call("resetdmxlist"));
+    QCOMPARE(space.ticked(), QList<int>({5}));
+}
+
 void TestTicks::modeSwitchGoesToTheFirstRow()
 {
     Workspace space;
@@ -696,6 +714,25 @@ void TestTicks::cleansSections()
         QCOMPARE(space.gridView()->columnWidth(i), isGap ? 5 : 95);
         QCOMPARE(space.gridView()->rowHeight(i), isGap ? 5 : 30);
     }
+}
+
+/** Which rows go in where is heard by the views: pads row by row, the grid at once. */
+void TestTicks::cleaningRebuildsFromTheTop()
+{
+    Workspace space;
+    QVERIFY2(start(space, false), qPrintable(space.dialogs.faults()));
+    QSignalSpy pads(space.pads(), &QAbstractItemModel::rowsInserted);
+    QSignalSpy keys(space.grid(), &QAbstractItemModel::rowsInserted);
+    QVERIFY(space.click("cleanpads_button"));
+    QCOMPARE(pads.count(), 64);
+    for (const QVariantList &told : qAsConst(pads))
+        QCOMPARE(told, QVariantList({QModelIndex(), 0, 0}));
+    QCOMPARE(keys.count(), 0);
+
+    QVERIFY(space.click("radio_outputmidi"));
+    QVERIFY(space.click("cleanmidi_button"));
+    QCOMPARE(keys, QList<QVariantList>({{QModelIndex(), 0, 11}}));
+    QCOMPARE(pads.count(), 64);
 }
 
 void TestTicks::cleansTicksOfHiddenRows_data()
@@ -1123,6 +1160,52 @@ void TestTicks::focusAfterCommands()
     QCOMPARE(space.ticked(), QList<int>());
     const int current = focus == "dmxlistview" ? 0 : 7;
     QCOMPARE(space.dmxView()->currentIndex(), space.dmx()->index(current, 0));
+}
+
+void TestTicks::wayOfTheFocus_data()
+{
+    QTest::addColumn<bool>("onKeys");
+    QTest::addColumn<QByteArray>("slot");
+    QTest::addColumn<QStringList>("focus");
+    const QStringList endsOnPads = {"dmxlistview", "vdjlistview"};
+    const QStringList endsOnKeys = {"dmxlistview", "tablecontroller"};
+    QTest::newRow("replaced on a pad") << false << QByteArray("dmxtoremove") << endsOnPads;
+    QTest::newRow("remove from pads") << false << QByteArray("ondeletevdjaction_triggered") << endsOnPads;
+    QTest::newRow("unchecked, pads") << false << QByteArray("dmxcheckchange")
+                                     << QStringList{"vdjlistview", "dmxlistview"};
+    QTest::newRow("replaced on a key") << true << QByteArray("dmxtoremove2") << endsOnKeys;
+    QTest::newRow("remove from keys") << true << QByteArray("ondeleteaction_triggered") << endsOnKeys;
+    QTest::newRow("remove one key") << true << QByteArray("ondeletemidiaction_triggered") << endsOnKeys;
+    QTest::newRow("unchecked, keys") << true << QByteArray("dmxcheckchange")
+                                     << QStringList{"tablecontroller", "dmxlistview"};
+    QTest::newRow("dropped on a key")
+        << true << QByteArray("CheckChangedCon") << QStringList{"tablecontroller"};
+}
+
+void TestTicks::wayOfTheFocus()
+{
+    QFETCH(bool, onKeys);
+    QFETCH(QByteArray, slot);
+    QFETCH(QStringList, focus);
+
+    Workspace space;
+    QVERIFY2(start(space, onKeys), qPrintable(space.dialogs.faults()));
+    QVERIFY(put(space, "3@2,0"));
+    Workspace::select(onKeys ? space.gridView() : space.padsView(), "2,0");
+    QVERIFY(focusElsewhere(space));
+
+    const FocusLog log;
+    if (slot == "CheckChangedCon")
+        QVERIFY(space.call(slot, 3, 2, 0));
+    else if (slot == "ondeletemidiaction_triggered")
+        QVERIFY(space.call(slot, 2, 0));
+    else if (slot.startsWith("ondelete"))
+        QVERIFY(space.call(slot));
+    else
+        QVERIFY(space.call(slot, 3));
+    QCOMPARE(log.names(), focus);
+    for (const auto &widget : log.taken)
+        QCOMPARE(widget.second, Qt::OtherFocusReason);
 }
 
 QTEST_MAIN(TestTicks)
