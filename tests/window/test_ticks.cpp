@@ -81,6 +81,8 @@ private slots:
 
     void removing_data();
     void removing();
+    void tickGoesWithTheLastCell_data();
+    void tickGoesWithTheLastCell();
     void removingOneKey_data();
     void removingOneKey();
     void removingOutsideColumn0OfAFullTable();
@@ -346,6 +348,38 @@ void TestTicks::removing()
                  isRemoved ? -1 : cell.button);
     }
     QCOMPARE(space.dialogs.faults(), QString());
+}
+
+void TestTicks::tickGoesWithTheLastCell_data()
+{
+    QTest::addColumn<bool>("onKeys");
+    QTest::addColumn<bool>("isFilteredOut"); // the Live Button, by the page filter
+    QTest::newRow("pads") << false << false;
+    QTest::newRow("pads, button out of sight") << false << true;
+    QTest::newRow("keys") << true << false;
+    QTest::newRow("keys, button out of sight") << true << true;
+}
+
+void TestTicks::tickGoesWithTheLastCell()
+{
+    QFETCH(bool, onKeys);
+    QFETCH(bool, isFilteredOut);
+
+    Workspace space;
+    QVERIFY2(start(space, onKeys), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.choose("combobox", isFilteredOut ? 2 : 0));
+    QVERIFY(put(space, "3@2,0 3@9,0 12@3,0"));
+    QCOMPARE(space.dmxView()->isRowHidden(3), isFilteredOut);
+    QCOMPARE(space.ticked(), QList<int>({3, 12}));
+
+    QTableView *view = onKeys ? space.gridView() : space.padsView();
+    const char *remove = onKeys ? "ondeleteaction_triggered" : "ondeletevdjaction_triggered";
+    Workspace::select(view, "2,0");
+    QVERIFY(space.call(remove));
+    QCOMPARE(space.ticked(), QList<int>({3, 12}));
+    Workspace::select(view, "9,0");
+    QVERIFY(space.call(remove));
+    QCOMPARE(space.ticked(), QList<int>({12}));
 }
 
 void TestTicks::removingOneKey_data()
