@@ -157,12 +157,12 @@ void ExpectedDialogs::answer(QFileDialog &dialog)
         complain("starts in " + dialog.directory().absolutePath() + " instead of " + expected.folder);
     if (!expected.nameFilters.isEmpty() && dialog.nameFilters() != expected.nameFilters)
         complain("filters " + dialog.nameFilters().join(", "));
+    if (!qobject_cast<QMainWindow *>(dialog.parentWidget()))
+        complain("no dialog of the window: " + dialog.windowTitle());
     const bool isForFiles =
         dialog.fileMode() == QFileDialog::AnyFile || dialog.fileMode() == QFileDialog::ExistingFile;
-    if (expected.showsFoldersOnly
-        && (isForFiles || !dialog.testOption(QFileDialog::ShowDirsOnly)
-            || !qobject_cast<QMainWindow *>(dialog.parentWidget())))
-        complain("no folder dialog of the window: " + dialog.windowTitle());
+    if (expected.showsFoldersOnly && (isForFiles || !dialog.testOption(QFileDialog::ShowDirsOnly)))
+        complain("no dialog for folders: " + dialog.windowTitle());
 
     if (expected.path.isEmpty()) {
         dialog.reject();

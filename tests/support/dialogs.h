@@ -37,14 +37,14 @@ public:
         bool isStyled = true;
     };
 
-    /** What a file dialog must look like, and the path to choose in it; an empty path cancels. */
+    /** What a file dialog of the window must look like, and the path to choose in it; an empty path cancels. */
     struct File
     {
         QString caption;
         QString folder; ///< where it must start; empty where that does not matter
         QString path;
         QStringList nameFilters = {};
-        bool showsFoldersOnly = false; ///< must be a dialog of the window that shows and takes folders only
+        bool showsFoldersOnly = false; ///< must show and take folders only
     };
 
     /** What a colour dialog without options must look like, and the colour to choose in it; an invalid one cancels. */
