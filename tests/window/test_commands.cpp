@@ -9,6 +9,19 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
+#include <optional>
+
+// The library's macros have no place in a namespace.
+static void initManual()
+{
+    Q_INIT_RESOURCE(manual);
+}
+
+static void cleanupManual()
+{
+    Q_CLEANUP_RESOURCE(manual);
+}
+
 namespace {
 
 using Box = ExpectedDialogs::Box;
@@ -79,6 +92,15 @@ bool writeProject(const Workspace &space, const QString &path)
     return writeFile(path, content.arg(space.home()).toUtf8());
 }
 
+/** Gives the program a manual among its resources, which it has none of, and takes it away again. */
+class ManualInProgram final
+{
+public:
+    ManualInProgram() { initManual(); }
+    ~ManualInProgram() { cleanupManual(); }
+    Q_DISABLE_COPY(ManualInProgram)
+};
+
 /** Takes the files that the desktop would open. */
 class Desktop final : public QObject
 {
@@ -104,6 +126,8 @@ class TestCommands final : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { cleanupManual(); } // it came with the start of this test
+
     void modeSlot_data();
     void modeSlot();
     void modeByClicks();
@@ -150,6 +174,8 @@ private slots:
     void leaving();
     void leavingAsksEveryTime();
     void exitAsksOnce();
+    void exitForgetsTheShow_data();
+    void exitForgetsTheShow();
     void typedNamesAreNoWork();
     void emptiedWorkIsNoWork();
     void savedWorkIsStillWork();
@@ -818,6 +844,37 @@ void TestCommands::exitAsksOnce()
     QCOMPARE(space.dialogs.faults(), QString());
 }
 
+void TestCommands::exitForgetsTheShow_data()
+{
+    QTest::addColumn<bool>("byExit");
+    QTest::addColumn<bool>("hasWork");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("Exit, no work") << true << false << "Nothing to Export. Load a Show";
+    QTest::newRow("Exit, work") << true << true << "Nothing to Export. Load a Show";
+    QTest::newRow("frame keeps it") << false << false << "Nothing to Export. Pads are empty";
+}
+
+void TestCommands::exitForgetsTheShow()
+{
+    QFETCH(const bool, byExit);
+    QFETCH(const bool, hasWork);
+    QFETCH(const QString, text);
+    Workspace space;
+    QVERIFY(prepare(space, {true, hasWork, false, false}));
+    if (hasWork)
+        space.dialogs.expect(leavingWithWork(QMessageBox::Yes));
+    if (byExit)
+        space.trigger("actionExit");
+    else
+        QVERIFY(space.window().close());
+    QVERIFY(space.window().isHidden());
+    QCOMPARE(space.window().windowTitle(), QString("Zarvex - Show"));
+
+    space.dialogs.expect(Box{text, {}});
+    space.trigger("actionExport");
+    QCOMPARE(space.dialogs.faults(), QString());
+}
+
 void TestCommands::typedNamesAreNoWork()
 {
     Workspace space;
@@ -853,16 +910,23 @@ void TestCommands::savedWorkIsStillWork()
 void TestCommands::manualOpens_data()
 {
     QTest::addColumn<bool>("byAction");
-    QTest::newRow("action") << true;
-    QTest::newRow("slot") << false;
+    QTest::addColumn<bool>("isInProgram");
+    QTest::newRow("action, a manual in the program") << true << true;
+    QTest::newRow("action, none in the program") << true << false;
+    QTest::newRow("slot, a manual in the program") << false << true;
+    QTest::newRow("slot, none in the program") << false << false;
 }
 
 void TestCommands::manualOpens()
 {
     QFETCH(const bool, byAction);
+    QFETCH(const bool, isInProgram);
     Workspace space;
     space.window();
     const Desktop desktop;
+    std::optional<ManualInProgram> inProgram;
+    if (isInProgram)
+        inProgram.emplace();
     if (byAction)
         space.trigger("actionManual");
     else
@@ -870,7 +934,7 @@ void TestCommands::manualOpens()
 
     const QString manual = space.documents() + "/Zarvex/Manual.pdf";
     QCOMPARE(desktop.opened, QList<QUrl>{QUrl::fromLocalFile(manual)});
-    QCOMPARE(QFile::exists(manual), QFile::exists(":/icons/Images/Manual.pdf"));
+    QCOMPARE(bytesOf(manual), isInProgram ? QByteArray("How to play.\n") : QByteArray("no file"));
     QCOMPARE(space.dialogs.faults(), QString());
 }
 
@@ -880,6 +944,7 @@ void TestCommands::manualInFolderIsKept()
     space.window();
     const QString manual = space.documents() + "/Zarvex/Manual.pdf";
     QVERIFY(writeFile(manual, "a manual"));
+    const ManualInProgram inProgram;
     const Desktop desktop;
     space.trigger("actionManual");
     QCOMPARE(desktop.opened, QList<QUrl>{QUrl::fromLocalFile(manual)});
@@ -891,6 +956,7 @@ void TestCommands::manualWithoutFolder()
     Workspace space;
     space.window();
     QVERIFY(QDir(space.documents()).removeRecursively());
+    const ManualInProgram inProgram;
     const Desktop desktop;
     space.trigger("actionManual");
     QCOMPARE(desktop.opened.size(), 1);
