@@ -99,10 +99,12 @@ private slots:
     void loadsByName();
     void badPathLeavesEverything_data();
     void badPathLeavesEverything();
+    void badPathLeavesTheSwitch();
 
     void throwsAwayAssignmentsAndNames();
     void keepsModeLayoutAndDevice();
     void secondShowInMidiModeEmptiesTheGrid();
+    void showWithoutPagesCountsAsLoaded_data();
     void showWithoutPagesCountsAsLoaded();
 
     void readsSettings_data();
@@ -358,7 +360,16 @@ void TestLoadShow::settingsThatCannotBeOpenedLeaveTheNewName()
     QCOMPARE(space.snapshot(), before);
     QCOMPARE(space.window().windowTitle(), QString("Zarvex - Show"));
 
-    // The new name is there nevertheless: the next reading by path puts it in the title.
+    // The new name is there nevertheless, beside the old settings: a project has both.
+    const QString project = space.documents() + "/Zarvex/projects/Night.zarvex";
+    space.dialogs.expect(Boxes::saveDialog(space, project));
+    space.dialogs.expect(Boxes::projectSaved("Night"));
+    space.trigger("actionSave_2");
+    QCOMPARE(space.dialogs.faults(), QString());
+    QVERIFY(bytesOf(project).contains(" showname=\"Locked\""));
+    QVERIFY(bytesOf(project).contains(" show=\"" + (space.home() + "/Show/Live/live.ini").toUtf8() + '"'));
+
+    // The next reading by path puts it in the title.
     const QString path = space.writeShow("Other", Workspace::iniWith({2})) + "/Live/live.ini";
     QVERIFY(space.ask<bool>("loadshowname", path));
     QCOMPARE(space.window().windowTitle(), QString("Zarvex - Locked"));
@@ -424,6 +435,19 @@ void TestLoadShow::badPathLeavesEverything()
     QVERIFY(!space.ask<bool>("loadshowname", path.isEmpty() ? path : space.home() + path));
     QCOMPARE(space.snapshot(), before);
     QCOMPARE(space.dialogs.faults(), QString());
+}
+
+void TestLoadShow::badPathLeavesTheSwitch()
+{
+    Workspace space;
+    QVERIFY(space.click("radio_outputmidi"));
+    QVERIFY(space.pickOnKey(2, 2, {"Set as Switch"}));
+    QVERIFY(!space.ask<bool>("loadshowname", space.home() + "/live.ini"));
+    QCOMPARE(space.grid()->index(2, 2).data().toString(), QString("SWITCH"));
+
+    // The window knows it still: the next click takes the role away.
+    QVERIFY(space.pickOnKey(2, 2, {"Set as Switch"}));
+    QCOMPARE(space.grid()->index(2, 2).data().toString(), QString("PAD 1"));
 }
 
 void TestLoadShow::throwsAwayAssignmentsAndNames()
@@ -511,10 +535,20 @@ void TestLoadShow::secondShowInMidiModeEmptiesTheGrid()
     QVERIFY2(exportSays(space, NothingAssigned), qPrintable(space.dialogs.faults()));
 }
 
+void TestLoadShow::showWithoutPagesCountsAsLoaded_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+    QTest::newRow("empty file") << QByteArray();
+    QTest::newRow("no page group") << QByteArray("[other]\nkey=1\n");
+    QTest::newRow("no number") << QByteArray("[page]\nkey=1\n[page1]\nname=One\n");
+}
+
 void TestLoadShow::showWithoutPagesCountsAsLoaded()
 {
+    QFETCH(QByteArray, ini);
+
     Workspace space;
-    QVERIFY2(space.load(space.writeShow("Bare", "[other]\nkey=1\n")), qPrintable(space.dialogs.faults()));
+    QVERIFY2(space.load(space.writeShow("Bare", ini)), qPrintable(space.dialogs.faults()));
     QCOMPARE(space.window().windowTitle(), QString("Zarvex - Bare"));
     QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("combobox")), QStringList("All Pages"));
     QCOMPARE(space.find<QComboBox>("combobox")->currentText(), QString("All Pages"));
