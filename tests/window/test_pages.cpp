@@ -49,6 +49,7 @@ private slots:
     void rowsTakeTheRecords();
     void rowsComeInOneInsert_data();
     void rowsComeInOneInsert();
+    void listingAgainInsertsInFront();
     void comboListsThePages();
     void comboRowsAreTall();
 
@@ -66,6 +67,7 @@ private slots:
 
     void countsButtonsOfAPage_data();
     void countsButtonsOfAPage();
+    void countsByTextAndFiltersByNumber();
     void makesColours_data();
     void makesColours();
     void escapes_data();
@@ -157,6 +159,21 @@ void TestPages::rowsComeInOneInsert()
     QCOMPARE(inserted.at(0).at(0).toModelIndex(), QModelIndex());
     QCOMPARE(inserted.at(0).at(1).toInt(), 0);
     QCOMPARE(inserted.at(0).at(2).toInt(), last);
+}
+
+void TestPages::listingAgainInsertsInFront()
+{
+    Workspace space;
+    QVERIFY2(loadPages(space), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.dmx()->setData(space.dmx()->index(0, 0), "Old", Qt::EditRole));
+    QSignalSpy inserted(space.dmx(), &QAbstractItemModel::rowsInserted);
+    QVERIFY(space.call("initlist"));
+    QCOMPARE(inserted.count(), 1);
+    QCOMPARE(inserted.at(0).at(1).toInt(), 0);
+    QCOMPARE(inserted.at(0).at(2).toInt(), Buttons - 1);
+    QCOMPARE(space.dmx()->rowCount(), 2 * Buttons);
+    QCOMPARE(space.dmx()->index(0, 0).data().toString(), QString("A"));
+    QCOMPARE(space.dmx()->index(Buttons, 0).data().toString(), QString("Old"));
 }
 
 void TestPages::comboListsThePages()
@@ -361,6 +378,17 @@ void TestPages::countsButtonsOfAPage()
     if (isShowLoaded)
         QVERIFY2(loadPages(space), qPrintable(space.dialogs.faults()));
     QCOMPARE(space.ask<int>("buttonsperpage", page), buttons);
+}
+
+void TestPages::countsByTextAndFiltersByNumber()
+{
+    Workspace space;
+    QVERIFY2(space.load(space.writeShow("Pages", "[page]\nnumber=1\n[page1]\nnb_buttons=2\n"
+                                                 "[page1_button1]\npageid=01\n[page1_button2]\npageid=1\n")),
+             qPrintable(space.dialogs.faults()));
+    QCOMPARE(space.ask<int>("buttonsperpage", 1), 1);
+    QVERIFY(space.choose("combobox", 1));
+    QCOMPARE(shown(space), QList<int>({0, 1}));
 }
 
 void TestPages::makesColours_data()
