@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QHelpEvent>
 #include <QImage>
+#include <QLabel>
 #include <QScrollBar>
 
 namespace {
@@ -195,6 +196,7 @@ private slots:
     void pixel_data();
     void pixel();
     void padsPanelLiesOnTop();
+    void endOfColorsLabelIsSeen();
     void cellToolTipIsDark_data();
     void cellToolTipIsDark();
 };
@@ -424,6 +426,26 @@ void TestStyles::padsPanelLiesOnTop()
     for (const int y : {175, 176, 177})
         QCOMPARE(central->childAt(295, y)->objectName(), QString("groupBox_pads"));
     QCOMPARE(central->childAt(295, 178)->objectName(), QString("groupBox_3"));
+}
+
+void TestStyles::endOfColorsLabelIsSeen()
+{
+    Workspace space;
+    QVERIFY(space.click("radio_outputmidi"));
+    auto *label = space.find<QLabel>("label_10");
+    const auto *frame = space.find<QWidget>("groupBox_colors");
+    QVERIFY(frame->isVisible());
+    const int end = label->x() + label->fontMetrics().horizontalAdvance(label->text());
+    QVERIFY(end > frame->x()); // the frame lies over the end of the text, and on top of it
+
+    const auto *panel = space.find<QWidget>("groupBox_midis");
+    const int off = frame->x() + space.find<QLabel>("label")->x();
+    for (int x = label->x(); x < qMin(end, off); ++x)
+        QCOMPARE(panel->childAt(x, 20), label);
+    for (const char *name : {"label", "combo_offcolor", "label_2", "combo_oncolor"}) {
+        const QRect place = space.find<QWidget>(name)->geometry().translated(frame->pos());
+        QCOMPARE(panel->childAt(place.center())->objectName(), QString(name));
+    }
 }
 
 void TestStyles::cellToolTipIsDark_data()
