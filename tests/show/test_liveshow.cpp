@@ -119,6 +119,7 @@ private slots:
     void readsAllThatIsThereBehindAHugeCount();
     void readsSixtyThousandButtons();
     void readsTheFileAfreshEachTime();
+    void leavesTheFileAlone();
     void readsTheExampleShow();
     void colorTexts_data();
     void colorTexts();
@@ -770,6 +771,18 @@ void TestLiveShow::readsTheFileAfreshEachTime()
         file.close();
         QCOMPARE(valuesOf(readLiveShow(path).pages, "name"), (QStringList{"All Pages", name}));
     }
+}
+
+void TestLiveShow::leavesTheFileAlone()
+{
+    const QTemporaryDir folder;
+    QVERIFY(folder.isValid());
+    const QString path = folder.filePath("live.ini");
+    const QByteArray ini = "; kept\r\n\r\n" + smallShow() + "[page2_button1]\nbuttonid = 7\n";
+    QVERIFY(writeFile(path, ini));
+    QCOMPARE(readLiveShow(path).buttons.size(), 3);
+    QCOMPARE(bytesOf(path), ini);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"live.ini"});
 }
 
 void TestLiveShow::readsTheExampleShow()
