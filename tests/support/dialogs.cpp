@@ -133,6 +133,8 @@ void ExpectedDialogs::answer(QMessageBox &box)
         complain("a parent on: " + box.text());
     if (box.styleSheet() != QString(expected.isStyled ? StyleSheet::messageBox : ""))
         complain("other style sheet on: " + box.text());
+    if (expected.isStyled && box.textFormat() != Qt::PlainText) // else a name may count as rich text
+        complain("other text format on: " + box.text());
 
     // The style gives labels a least width. A small screen makes the library wrap what a large one then cuts
     // off, so that width is what tells.
