@@ -1,12 +1,12 @@
 #include "project/projectfile.h"
 #include "support/files.h"
+#include "support/processortime.h"
 #include "tables/controller.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
 
 #include <QColor>
 #include <QDomDocument>
-#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QStandardItemModel>
 #include <QTemporaryDir>
@@ -1054,8 +1054,7 @@ void TestProjectFile::endsSoonOnBombs()
 {
     QFETCH(const QByteArray, content);
     const QString path = write(content);
-    QElapsedTimer timer;
-    timer.start();
+    const ProcessorTime timer;
     const auto document = readProject(path);
     QVERIFY(document.has_value());
     QVERIFY(projectSettings(*document).isEmpty());
@@ -1113,8 +1112,7 @@ void TestProjectFile::readsHundredsOfThousandsOfKeys()
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
     int ticks = 0;
-    QElapsedTimer timer;
-    timer.start();
+    const ProcessorTime timer;
     const auto document = readProject(path);
     QVERIFY(document.has_value());
     QCOMPARE(projectSettings(*document).size(), 1);
