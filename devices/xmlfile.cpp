@@ -97,7 +97,7 @@ std::optional<QByteArray> readFile(const QString &path, qint64 longest)
     // What is no file, such as a pipe, could keep the program waiting.
     if (!QFileInfo(path).isFile() || file.size() > longest || !file.open(QIODevice::ReadOnly))
         return {};
-    return file.read(longest);
+    return file.read(qMin(file.size(), longest));
 }
 
 QDomDocument parseXml(const QByteArray &bytes)

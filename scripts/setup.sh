@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034  # the lists are for those who source this
-# What ./run, ./check and bench/run share: the list of needs, and how a stage is told and run.
+# What ./run, ./check, bench/run and fuzz/run share: the list of needs, and how a stage is told and run.
 # Sourced, never run.
 
 # One need a line: Debian and Ubuntu package | what it is, in words | a test for systems without these packages
@@ -19,6 +19,11 @@ tour_needs=(
 plan_needs=('python3|Python 3.9 or later|python3 --version')
 format_needs=('clang-format|clang-format, at best version 14|clang-format --version')
 lint_needs=('clang-tidy|clang-tidy, at best version 14|clang-tidy --version')
+fuzz_needs=(
+    'python3|Python 3.9 or later|python3 --version'
+    'clang|Clang 14 or later|clang++ --version'
+    'libclang-rt-dev|libFuzzer, of Clang|ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*'
+)
 
 say() { printf '%s\n' "$*"; }
 
