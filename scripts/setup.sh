@@ -16,6 +16,7 @@ tour_needs=(
     'xdotool|xdotool|command -v xdotool'
     'imagemagick|ImageMagick with its X11 tools|command -v import'
 )
+locale_needs=('locales|the sources of locales|localedef --version')
 plan_needs=('python3|Python 3.9 or later|python3 --version')
 format_needs=('clang-format|clang-format, at best version 14|clang-format --version')
 lint_needs=('clang-tidy|clang-tidy, at best version 14|clang-tidy --version')
