@@ -2,6 +2,7 @@
 
 #include "app/stylesheets.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
@@ -127,6 +128,8 @@ void ExpectedDialogs::answer(QMessageBox &box)
         complain("other default button on: " + box.text());
     if (box.windowTitle() != expected.title)
         complain("title \"" + box.windowTitle() + "\" on: " + box.text());
+    if (QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name).isEmpty())
+        complain("nothing to be read out for: " + box.text());
     if (box.icon() != expected.icon)
         complain("other icon on: " + box.text());
     if (box.parentWidget())
