@@ -155,6 +155,7 @@ private slots:
     void labelBelongsToField();
     void tabFollowsReadingOrder_data() { modes(); }
     void tabFollowsReadingOrder();
+    void focusStartsOnLiveButtons();
     void tabSkipsPadsBeneathGrid();
     void arrowsMoveInTables_data();
     void arrowsMoveInTables();
@@ -250,6 +251,13 @@ void TestAccessible::tabFollowsReadingOrder()
     QVERIFY(expected.size() > 9);
     QCOMPARE(walk(expected.first(), Qt::Key_Tab), namesOf(expected));
     QCOMPARE(walk(expected.first(), Qt::Key_Backtab), backwards(namesOf(expected)));
+}
+
+void TestAccessible::focusStartsOnLiveButtons()
+{
+    Workspace space;
+    QCOMPARE(space.window().focusWidget(), space.dmxView());
+    QCOMPARE(Workspace::focused(), QString("dmxlistview"));
 }
 
 /** The pads stay where they are in the other mode, with the grid over them. */
