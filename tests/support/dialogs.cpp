@@ -16,6 +16,8 @@
 
 namespace {
 
+constexpr int WidestText = 800; // pixels; a box need not become wider
+
 QString titleOf(const ExpectedDialogs::Box &box)
 {
     return box.text;
@@ -30,12 +32,6 @@ QString titleOf(const ExpectedDialogs::Color &color)
 {
     return color.title;
 }
-
-} // namespace
-
-namespace {
-
-constexpr int WidestText = 800; // pixels; a box need not become wider
 
 } // namespace
 
