@@ -111,6 +111,25 @@ QString unwrappedByHand(const QString &text)
     return answer > 0 ? rest : "";
 }
 
+/** What the layout alone tells of a control. */
+Record recordWithoutScripts(const QDomElement &control)
+{
+    const QString type = control.tagName();
+    const QString name = control.attribute("name");
+    const QString color = control.attribute("colorled");
+    const bool isSimple = type == "button" && color.isEmpty();
+    Record record = {{"value", name}, {"action", ""}, {"type", type}};
+    record["row"] = control.attribute("row");
+    record["col"] = control.attribute("col");
+    if (type == "pad" || type == "button") {
+        record["led"] = (isSimple ? control.attribute("led") : color) + name;
+        record["ledaction"] = "";
+    }
+    if (type == "button")
+        record["ledtype"] = isSimple ? "led" : "color";
+    return record;
+}
+
 /** Every element of the layout against every row of the mapper; something to compare with. */
 QList<Record> recordsByHand(const QString &layoutPath, const QString &mapperPath)
 {
@@ -128,27 +147,13 @@ QList<Record> recordsByHand(const QString &layoutPath, const QString &mapperPath
         bool isFlagSet = false;
         const QDomNodeList elements = layout.elementsByTagName(type);
         for (int i = 0; i < elements.size(); ++i) {
-            const QDomElement element = elements.at(i).toElement();
-            const QString name = element.attribute("name");
-            const bool hasLed = type == "pad" || type == "button";
-            const QString color = element.attribute("colorled");
-            const bool isSimple = type == "button" && color.isEmpty();
-            const QString led = (isSimple ? element.attribute("led") : color) + name;
-            Record record = {{"value", name}, {"action", ""}, {"type", type}};
-            record["row"] = element.attribute("row");
-            record["col"] = element.attribute("col");
-            if (hasLed) {
-                record["led"] = led;
-                record["ledaction"] = "";
-            }
-            if (type == "button")
-                record["ledtype"] = isSimple ? "led" : "color";
+            Record record = recordWithoutScripts(elements.at(i).toElement());
             for (int j = 0; j < rows.size(); ++j) {
                 const QDomElement row = rows.at(j).toElement();
                 const QString script = unwrappedByHand(row.attribute("action"));
-                if (row.attribute("value") == name)
+                if (row.attribute("value") == record["value"])
                     record["action"] = script;
-                if (hasLed && row.attribute("value") == led) {
+                if (record.contains("led") && row.attribute("value") == record["led"]) {
                     record["ledaction"] = script;
                     isFlagSet = true;
                 }

@@ -608,6 +608,16 @@ bool layOut(Workspace &space, Plan &plan)
            && space.pickOnKey(8, 8, {"Set as Switch"});
 }
 
+bool layOutForAnEvening(Workspace &space)
+{
+    return space.putOnKey(Strobe, 2, 2) && space.putOnKey(Fog, 2, 3)
+           && space.putOnKey(Quoted, 3, 2) // gives way to the Switch
+           && space.putOnKey(Strobe, 9, 9) && space.putOnKey(Blackout, 11, 2)
+           && space.pickOnKey(2, 2, {"Off Color", " green"}) && space.pickOnKey(2, 2, {"On Color", " red"})
+           && space.pickOnKey(2, 3, {"Blink"}) && space.pickOnKey(11, 2, {"On Color", " red"})
+           && space.pickOnKey(11, 2, {"Blink"}) && space.pickOnKey(3, 2, {"Set as Switch"});
+}
+
 } // namespace
 
 void TestExportMapping::goldenFileOfAUsersWork()
@@ -636,17 +646,7 @@ void TestExportMapping::goldenFileOfAUsersWork()
     QVERIFY(space.choose("combo_offcolor", 0));
     QVERIFY(space.choose("combo_oncolor", 3));
 
-    QVERIFY(space.putOnKey(Strobe, 2, 2));
-    QVERIFY(space.putOnKey(Fog, 2, 3));
-    QVERIFY(space.putOnKey(Quoted, 3, 2)); // gives way to the Switch
-    QVERIFY(space.putOnKey(Strobe, 9, 9));
-    QVERIFY(space.putOnKey(Blackout, 11, 2));
-    QVERIFY(space.pickOnKey(2, 2, {"Off Color", " green"}));
-    QVERIFY(space.pickOnKey(2, 2, {"On Color", " red"}));
-    QVERIFY(space.pickOnKey(2, 3, {"Blink"}));
-    QVERIFY(space.pickOnKey(11, 2, {"On Color", " red"}));
-    QVERIFY(space.pickOnKey(11, 2, {"Blink"}));
-    QVERIFY(space.pickOnKey(3, 2, {"Set as Switch"}));
+    QVERIFY(layOutForAnEvening(space));
     QVERIFY(space.type("padsname", "Evening Set"));
 
     QVERIFY2(exports(space, Akai, "Evening Set"), qPrintable(space.dialogs.faults()));

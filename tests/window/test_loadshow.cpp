@@ -99,6 +99,26 @@ QByteArray oneButton(const QByteArray &lines)
     return "[page]\nnumber=1\n[page1]\nname=One\nnb_buttons=1\n[page1_button1]\n" + lines;
 }
 
+bool fillKeys(Workspace &space)
+{
+    return space.click("radio_outputmidi") && space.putOnKey(1, 2, 2) && space.putOnKey(2, 11, 9)
+           && space.grid()->setData(space.grid()->index(2, 2), "#ff0000", OnColorRole)
+           && space.grid()->setData(space.grid()->index(2, 2), "1", BlinkRole);
+}
+
+bool nameBank(Workspace &space, const QString &name)
+{
+    const bool isTyped = space.type("bankname", name);
+    QTest::keyClick(space.find<QLineEdit>("bankname"), Qt::Key_Return);
+    return isTyped;
+}
+
+bool fillAndNameBanks(Workspace &space)
+{
+    return space.click("radio_outputpage") && space.click("radioButton_16pads") && space.putOnPad(9, 0, 1)
+           && nameBank(space, "First") && space.putOnPad(10, 60, 0) && nameBank(space, "Last");
+}
+
 } // namespace
 
 /** From "Load DMX Show" to the tables: the questions, the folder, live.ini, and what is thrown away. */
@@ -487,19 +507,7 @@ void TestLoadShow::throwsAwayAssignmentsAndNames()
 {
     Workspace space;
     QVERIFY2(space.loadSomeShow(), qPrintable(space.dialogs.faults()));
-    QVERIFY(space.click("radio_outputmidi"));
-    QVERIFY(space.putOnKey(1, 2, 2));
-    QVERIFY(space.putOnKey(2, 11, 9));
-    QVERIFY(space.grid()->setData(space.grid()->index(2, 2), "#ff0000", OnColorRole));
-    QVERIFY(space.grid()->setData(space.grid()->index(2, 2), "1", BlinkRole));
-    QVERIFY(space.click("radio_outputpage"));
-    QVERIFY(space.click("radioButton_16pads"));
-    QVERIFY(space.putOnPad(9, 0, 1));
-    QVERIFY(space.type("bankname", "First"));
-    QTest::keyClick(space.find<QLineEdit>("bankname"), Qt::Key_Return);
-    QVERIFY(space.putOnPad(10, 60, 0));
-    QVERIFY(space.type("bankname", "Last"));
-    QTest::keyClick(space.find<QLineEdit>("bankname"), Qt::Key_Return);
+    QVERIFY(fillKeys(space) && fillAndNameBanks(space));
     QVERIFY(space.type("padsname", "My Page"));
     QVERIFY(space.choose("combobox", 2));
     QVERIFY(space.dmxView()->isRowHidden(0));

@@ -348,6 +348,24 @@ void bothKinds()
     QTest::newRow("midi") << true;
 }
 
+/** Picks all that the menu of a key offers on any device. */
+bool useAllMenus(Workspace &space)
+{
+    for (const char *entry : {"Blink", "Set as Switch"}) {
+        if (!space.pickOnKey(2, 2, {entry}) || !space.pickOnKey(4, 4, {"Set as Switch"}))
+            return false;
+    }
+    if (!space.putOnKey(5, 6, 6))
+        return false;
+    space.gridView()->setCurrentIndex(space.grid()->index(6, 6));
+    for (int choice = 0; choice < 5; ++choice) {
+        if (!space.call("colorpadchange", choice) || !space.call("coloronpadchange", choice))
+            return false;
+    }
+    space.dialogs.tolerate("Choose a Color");
+    return space.call("rgbpadchange") && space.call("rgbonpadchange");
+}
+
 } // namespace
 
 /** From a filled workspace to a project file and back, and what becomes of files that are none. */
@@ -1305,20 +1323,7 @@ void TestProjects::unknownDeviceIsHarmless()
     QCOMPARE(key(space, 2, 2), QString("Strobe|Strobe|1|3|1|||0|#0000ff"));
     QCOMPARE(notOfOutput(space, true), QString());
 
-    // All that can be pressed.
-    for (const char *entry : {"Blink", "Set as Switch"}) {
-        QVERIFY(space.pickOnKey(2, 2, {entry}));
-        QVERIFY(space.pickOnKey(4, 4, {"Set as Switch"}));
-    }
-    QVERIFY(space.putOnKey(5, 6, 6));
-    space.gridView()->setCurrentIndex(space.grid()->index(6, 6));
-    for (int choice = 0; choice < 5; ++choice) {
-        QVERIFY(space.call("colorpadchange", choice));
-        QVERIFY(space.call("coloronpadchange", choice));
-    }
-    space.dialogs.tolerate("Choose a Color");
-    QVERIFY(space.call("rgbpadchange"));
-    QVERIFY(space.call("rgbonpadchange"));
+    QVERIFY(useAllMenus(space));
     space.dialogs.expect(Boxes::mappingCreated("Keys", {}));
     QVERIFY(space.click("pushButton_2"));
     QCOMPARE(space.dialogs.faults(), QString());

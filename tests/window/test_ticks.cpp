@@ -53,6 +53,21 @@ QString colorOf(const QModelIndex &index, int role = Qt::DecorationRole)
     return index.data(role).value<QColor>().name();
 }
 
+/** Gives a key all that it can hold beside its Live Button, availability aside. */
+bool colorKey(QAbstractItemModel &grid, const QModelIndex &key)
+{
+    return grid.setData(key, "#123456", Qt::ForegroundRole) && grid.setData(key, "#ff0000", OffColorRole)
+           && grid.setData(key, "#00ff00", OnColorRole) && grid.setData(key, "1", BlinkRole);
+}
+
+/** Calls a slot that takes Live Button 5 off the cell where it stands, which is selected. */
+bool removeBy(Workspace &space, const QByteArray &slot, int row, int col)
+{
+    if (slot == "ondeletemidiaction_triggered")
+        return space.call(slot, row, col);
+    return slot == "dmxcheckchange" ? space.call(slot, 5) : space.call(slot);
+}
+
 /** Puts the focus where none of the tables has it. */
 bool focusElsewhere(Workspace &space)
 {
@@ -520,21 +535,11 @@ void TestTicks::removedCellsRest()
     const QModelIndex cell = table->index(row, col);
     QVERIFY(table->setData(cell, "typed", Qt::EditRole));
     if (onKeys) {
-        if (operation != "ondeleteaction_triggered") // a key that the device lacks cannot be selected
-            QVERIFY(table->setData(cell, "0", AvailableRole));
-        QVERIFY(table->setData(cell, "#123456", Qt::ForegroundRole));
-        QVERIFY(table->setData(cell, "#ff0000", OffColorRole));
-        QVERIFY(table->setData(cell, "#00ff00", OnColorRole));
-        QVERIFY(table->setData(cell, "1", BlinkRole));
+        const bool isSelected = operation == "ondeleteaction_triggered"; // not if the device lacks the key
+        QVERIFY(colorKey(*table, cell) && table->setData(cell, isSelected ? "1" : "0", AvailableRole));
     }
-
     Workspace::select(view, QString("%1,%2").arg(row).arg(col));
-    if (operation == "ondeletemidiaction_triggered")
-        QVERIFY(space.call(operation, row, col));
-    else if (operation == "dmxcheckchange")
-        QVERIFY(space.call(operation, 5));
-    else
-        QVERIFY(space.call(operation));
+    QVERIFY(removeBy(space, operation, row, col));
 
     QCOMPARE(cell.data(Qt::EditRole), QVariant(label));
     QCOMPARE(cell.data(DisplayNameRole), QVariant(label));
