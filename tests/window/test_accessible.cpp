@@ -1,5 +1,6 @@
 #include "app/dialog.h"
 #include "app/messagebox.h"
+#include "support/devices.h"
 #include "support/workspace.h"
 
 #include <QAccessible>
@@ -174,11 +175,11 @@ void TestAccessible::modes()
     QTest::addColumn<QString>("mode");
     QTest::addColumn<int>("device");
     QTest::addColumn<bool>("isFilled");
-    QTest::newRow("pads without a show") << "radio_outputpage" << 0 << false;
-    QTest::newRow("pads with Live Buttons") << "radio_outputpage" << 0 << true;
-    QTest::newRow("keys without a show") << "radio_outputmidi" << 0 << false;
-    QTest::newRow("keys with Live Buttons") << "radio_outputmidi" << 0 << true;
-    QTest::newRow("keys of a device without a palette") << "radio_outputmidi" << 1 << false;
+    QTest::newRow("pads without a show") << "radio_outputpage" << Devices::Akai << false;
+    QTest::newRow("pads with Live Buttons") << "radio_outputpage" << Devices::Akai << true;
+    QTest::newRow("keys without a show") << "radio_outputmidi" << Devices::Akai << false;
+    QTest::newRow("keys with Live Buttons") << "radio_outputmidi" << Devices::Akai << true;
+    QTest::newRow("keys of a device without a palette") << "radio_outputmidi" << Devices::MiniMk3 << false;
 }
 
 bool TestAccessible::enter(Workspace &space)

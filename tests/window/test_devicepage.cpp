@@ -1,4 +1,5 @@
 #include "support/boxes.h"
+#include "support/devices.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
@@ -15,13 +16,7 @@ const QStringList ClassicPalette = {"#000000", "#550000", "#AA0000", "#FF0000", 
                                     "#00FF00", "#555500", "#AA5500", "#FF5500", "#55AA00", "#AAAA00",
                                     "#FFAA00", "#55FF00", "#AAFF00", "#FFFF00"};
 
-constexpr int Akai = 0;
-constexpr int MiniMk3 = 1;
-constexpr int Mini = 2;
-constexpr int Mk2 = 3;
-constexpr int Pro = 4;
-constexpr int S = 5;
-constexpr int Classic = 6;
+using namespace Devices;
 
 const QStringList AkaiKeys = {
     "............", //
@@ -239,10 +234,7 @@ void TestDevicePage::listsTheDevices()
 {
     Workspace space;
     auto *combo = space.find<QComboBox>("devicescombo");
-    QCOMPARE(Workspace::itemsOf(combo),
-             QStringList({"AKAI APC Mini", "Novation Launchpad Mini MK3", "Novation Launchpad Mini",
-                          "Novation Launchpad MKII", "Novation Launchpad PRO", "Novation Launchpad S",
-                          "Novation Launchpad"}));
+    QCOMPARE(Workspace::itemsOf(combo), Names);
     QVERIFY(hasTallRows(combo));
     for (int i = 0; i < combo->count(); ++i) {
         QVERIFY(combo->itemIcon(i).isNull());
@@ -820,7 +812,7 @@ void TestDevicePage::noDeviceHasNoBands()
     else if (act == "layout")
         QVERIFY(space.call("updatelayout"));
     else
-        QVERIFY(space.call("on_devicescombo_currentIndexChanged", 7));
+        QVERIFY(space.call("on_devicescombo_currentIndexChanged", Names.size()));
 
     QCOMPARE(space.keys(), NoBands);
     QCOMPARE(space.leftOnGrid().isEmpty(), isEmptied);

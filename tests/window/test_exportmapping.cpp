@@ -1,4 +1,5 @@
 #include "support/boxes.h"
+#include "support/devices.h"
 #include "support/files.h"
 #include "support/home.h"
 #include "support/workspace.h"
@@ -17,12 +18,9 @@ using Place = QPair<int, int>;          ///< row and column of the grid
 // Midnight may strike while the tests run.
 const QDate FirstDay = QDate::currentDate();
 
-// Rows of the devices' list and of the mappers' list.
-constexpr int Akai = 0;
-constexpr int MiniMk3 = 1;
-constexpr int Mk2 = 3;
-constexpr int Pro = 4;
-constexpr int Classic = 6;
+using namespace Devices;
+
+// Rows of the mappers' list.
 constexpr int Simple = 0;
 constexpr int Factory = 1;
 constexpr int Users = 2;
@@ -64,7 +62,7 @@ const QList<LiveButton> LiveButtons = {
     {"Fog", "#008000"},        {"Lost", "#0000ff"},
 };
 
-// The seven devices and all they have on them.
+// The devices and all they have on them.
 
 struct Control
 {

@@ -1,4 +1,5 @@
 #include "support/boxes.h"
+#include "support/devices.h"
 #include "support/files.h"
 #include "support/processortime.h"
 #include "support/workspace.h"
@@ -158,8 +159,8 @@ private slots:
     void readsSettings();
     void survivesBadSettings_data();
     void survivesBadSettings();
-    void promisesBeyondReasonEnd_data();
-    void promisesBeyondReasonEnd();
+    void hugeCountsEndSoon_data();
+    void hugeCountsEndSoon();
     void readsSixtyThousandButtons();
 };
 
@@ -540,8 +541,8 @@ void TestLoadShow::keepsModeLayoutAndDevice()
     Workspace space;
     QVERIFY(space.click("radioButton_16pads"));
     QVERIFY(space.click("radio_outputmidi"));
-    QVERIFY(space.choose("devicescombo", 4));
-    QVERIFY(space.choose("devicescombo", 5));
+    QVERIFY(space.choose("devicescombo", Devices::Pro));
+    QVERIFY(space.choose("devicescombo", Devices::S));
     QVERIFY(space.choose("mididevices", 1));
     QVERIFY(space.choose("combo_offcolor", 7));
     QVERIFY(space.choose("combo_oncolor", 11));
@@ -751,14 +752,14 @@ void TestLoadShow::survivesBadSettings()
         QCOMPARE(space.dmx()->index(row, 0).data(ButtonRole).toString(), QString::number(row));
 }
 
-void TestLoadShow::promisesBeyondReasonEnd_data()
+void TestLoadShow::hugeCountsEndSoon_data()
 {
     QTest::addColumn<QByteArray>("ini");
     QTest::newRow("pages") << QByteArray("[page]\nnumber=2000000000\n[page1]\nname=One\n");
     QTest::newRow("buttons") << oneButton("title=A\n").replace("nb_buttons=1", "nb_buttons=2000000000");
 }
 
-void TestLoadShow::promisesBeyondReasonEnd()
+void TestLoadShow::hugeCountsEndSoon()
 {
     QFETCH(QByteArray, ini);
 

@@ -1,4 +1,5 @@
 #include "support/boxes.h"
+#include "support/devices.h"
 #include "support/files.h"
 #include "support/focuslog.h"
 #include "support/workspace.h"
@@ -34,7 +35,8 @@ QVector<Assignment> assignments(const QString &text)
 bool start(Workspace &space, bool isMidiMode)
 {
     return space.loadSomeShow() && space.click("radioButton_16pads")
-           && (!isMidiMode || (space.click("radio_outputmidi") && space.choose("devicescombo", 4)));
+           && (!isMidiMode
+               || (space.click("radio_outputmidi") && space.choose("devicescombo", Devices::Pro)));
 }
 
 /** Drags Live Buttons onto pads, or onto keys in MIDI Mapping mode. */
@@ -614,7 +616,7 @@ void TestTicks::modeSwitchLooksAtKeysThatTheDeviceLacks()
     Workspace space;
     QVERIFY2(start(space, true), qPrintable(space.dialogs.faults()));
     QVERIFY(put(space, "3@2,0 5@2,2"));
-    QVERIFY(space.choose("devicescombo", 0)); // no left band
+    QVERIFY(space.choose("devicescombo", Devices::Akai)); // no left band
     QCOMPARE(space.grid()->index(2, 0).data(AvailableRole).toString(), QString("0"));
     QVERIFY(space.click("radio_outputpage"));
     QCOMPARE(space.ticked(), QList<int>());
@@ -720,7 +722,7 @@ void TestTicks::cleansKeys()
     QVERIFY2(start(space, false), qPrintable(space.dialogs.faults()));
     QVERIFY(put(space, "3@0,0"));
     QVERIFY(space.click("radio_outputmidi"));
-    QVERIFY(space.choose("devicescombo", 1));
+    QVERIFY(space.choose("devicescombo", Devices::MiniMk3));
     const QStringList keys = space.keys();
     QVERIFY(put(space, "5@2,2 6@0,5 7@9,11"));
     QVERIFY(space.grid()->setData(space.grid()->index(2, 2), "#ff0000", OnColorRole));
@@ -995,7 +997,7 @@ void TestTicks::dropOnNoKeyIsRefused()
 
     Workspace space;
     QVERIFY2(start(space, true), qPrintable(space.dialogs.faults()));
-    QVERIFY(space.choose("devicescombo", 0));
+    QVERIFY(space.choose("devicescombo", Devices::Akai));
     QVERIFY(!space.putOnKey(4, row, col));
     QCOMPARE(space.ticked(), QList<int>());
     QCOMPARE(space.leftOnGrid(), QString());
