@@ -249,7 +249,7 @@ private slots:
     void mergesDevicesWithTheirFactoryMappers_data();
     void mergesDevicesWithTheirFactoryMappers();
     void copiesActionsOnTheAkai();
-    void copiesNoActionsOnTheMarkTwo();
+    void copiesNoActionsOnTheMkii();
     void keepsWhatTheDevicesHaveTwice();
     void decodesScriptsOfTheClassicLaunchpad();
     void mergesRandomFilesLikeByHand();
@@ -423,7 +423,8 @@ void TestKeyRecords::lightsButtonsByTheirAction_data()
         << keys + map("LED_A", "toggle &apos;$os2l&apos;") << QStringList{"", "", ""};
     QTest::newRow("a pad's LED row is none")
         << keys + map("LED_P", "x") + map("P", "p") << QStringList{"a", "b", ""};
-    QTest::newRow("a stranger's LED row is none") << keys + map("LED_D", "x") << QStringList{"a", "b", ""};
+    QTest::newRow("row of another LED does not count")
+        << keys + map("LED_D", "x") << QStringList{"a", "b", ""};
     QTest::newRow("a LED row in another case is none")
         << keys + map("led_A", "x") << QStringList{"a", "b", ""};
     QTest::newRow("the simple prefix of a colour LED is none")
@@ -650,7 +651,7 @@ void TestKeyRecords::copiesActionsOnTheAkai()
     QVERIFY(records.at(79).value("ledaction") != records.at(79).value("action"));
 }
 
-void TestKeyRecords::copiesNoActionsOnTheMarkTwo()
+void TestKeyRecords::copiesNoActionsOnTheMkii()
 {
     const QString path = Mappings + "Novation Launchpad MKII";
     const QList<Record> records = readKeyRecords(path + ".xml", path + " mapping.xml");

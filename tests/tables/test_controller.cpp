@@ -183,7 +183,7 @@ class TestController final : public QObject
     Q_OBJECT
 
 private slots:
-    void face();
+    void metaObjectOfTheClass();
     void emptyTable();
     void freshRows();
     void listGivenAtStart();
@@ -278,7 +278,7 @@ private slots:
     void modelContractSweep();
 };
 
-void TestController::face()
+void TestController::metaObjectOfTheClass()
 {
     const QMetaObject &meta = Controller::staticMetaObject;
     QCOMPARE(meta.className(), "Controller");

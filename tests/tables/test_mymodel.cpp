@@ -51,7 +51,7 @@ private slots:
     void sharedNumbers_data();
     void sharedNumbers();
     void sharedNames();
-    void face();
+    void metaObjectOfTheClass();
 
     void emptyTable_data();
     void emptyTable();
@@ -142,7 +142,7 @@ void TestMyModel::sharedNames()
     QCOMPARE(MyModel().mimeTypes(), names);
 }
 
-void TestMyModel::face()
+void TestMyModel::metaObjectOfTheClass()
 {
     const QMetaObject &meta = MyModel::staticMetaObject;
     QCOMPARE(meta.className(), "MyModel");

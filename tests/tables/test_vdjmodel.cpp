@@ -162,7 +162,7 @@ class TestVdjModel final : public QObject
     Q_OBJECT
 
 private slots:
-    void face();
+    void metaObjectOfTheClass();
     void emptyTable();
     void freshRow();
     void listGivenAtStart();
@@ -252,7 +252,7 @@ private slots:
     void modelContractFrontStorage();
 };
 
-void TestVdjModel::face()
+void TestVdjModel::metaObjectOfTheClass()
 {
     const QMetaObject &meta = VDJModel::staticMetaObject;
     QCOMPARE(meta.className(), "VDJModel");
