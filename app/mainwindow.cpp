@@ -44,6 +44,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     ui->statusBar->setSizeGripEnabled(false);
     ui->radioButton_8pads->setChecked(true);
     ui->vdjlistview->hideColumn(1);
+    ui->dmxlistview->setFocus(); // the first device has given it to the grid, which is hidden
     msgstyle = StyleSheet::messageBox;
     switchkey = {-1, -1};
 }

@@ -15,6 +15,7 @@ class Mydelegate;
 class MyModel;
 class QAbstractItemModel;
 class QMenu;
+class QTableView;
 class QTextStream;
 class Ui_MainWindow;
 class VDJModel;
@@ -158,6 +159,8 @@ private:
     void untickIfGone(int button, const QAbstractItemModel &table, int columns);
     void noteCheck(int button, const QString &check);
     void clearKey(const QModelIndex &key);
+    void emptyTables();
+    void focusAnew(QTableView &table);
     void focusOnFirstLiveButton();
     void addLiveButtonEntries(QMenu &menu);
     void addColorEntries(QMenu &menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());
@@ -165,6 +168,8 @@ private:
     void setPaletteColor(int choice, int role);
     void askForColor(int role);
     void markAsSwitch(const QModelIndex &key);
+    void buildPads();
+    void showFirstBank();
     void showBankRows(int bank);
 
     bool exportTo(const QString &path, const QString &existsText,
@@ -172,7 +177,6 @@ private:
     void applySettings(const ProjectSettings &settings);
     void showPads(bool has16Pads);
 
-    void buildPads();
     void buildGrid();
     void setAvailability();
     void sizeGrid();

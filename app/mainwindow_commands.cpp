@@ -57,6 +57,7 @@ void MainWindow::showPadsPanels()
     ui->groupBox_midis->hide();
     ui->groupBox_controller->hide();
     ui->groupBox->setGeometry(290, 30, 341, 51);
+    letTabReach(*ui->vdjlistview, true);
     setFixedWidth(650);
 }
 
@@ -72,6 +73,7 @@ void MainWindow::switchToMidiMapping(int windowWidth)
     ui->groupBox_midis->show();
     ui->groupBox_controller->show();
     ui->groupBox->setGeometry(290, 30, 1071, 51);
+    letTabReach(*ui->vdjlistview, false); // the grid lies over it
     setFixedWidth(windowWidth);
     ui->label_padname->setText("MIDI Mapping");
 }

@@ -31,6 +31,7 @@ QMessageBox::StandardButton MessageBox::ask(const QString &styleSheet, const QSt
     box.setStyleSheet(styleSheet);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
+    box.setAccessibleName(text); // there is no title that could be read out
     box.setInformativeText(informative);
     box.setStandardButtons(buttons);
     box.setDefaultButton(defaultButton);

@@ -19,6 +19,13 @@ inline void setShown(QWidget &widget, bool isShown)
         widget.setVisible(isShown);
 }
 
+/** Lets the Tab key stop at a widget or pass it over; a click and the program can give it the focus all the same. */
+inline void letTabReach(QWidget &widget, bool isReached)
+{
+    const int policy = widget.focusPolicy() & ~Qt::TabFocus;
+    widget.setFocusPolicy(static_cast<Qt::FocusPolicy>(isReached ? policy | Qt::TabFocus : policy));
+}
+
 /**
  * Shows the rows of a table that match and hides the others.
  *

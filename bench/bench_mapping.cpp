@@ -68,6 +68,18 @@ Record deviceNamed(const QString &name)
     qFatal("no controller %s", qPrintable(name));
 }
 
+/** Picks the controller and its factory mapper in the window, and fills its grid. */
+QAbstractItemModel &fillController(MainWindow &window)
+{
+    auto *const devices = Window::find<QComboBox>(window, "devicescombo");
+    devices->setCurrentIndex(devices->findText(ControllerName));
+    auto *const mappers = Window::find<QComboBox>(window, "mididevices");
+    mappers->setCurrentIndex(mappers->findText(ControllerName + " mapping (factory)"));
+    QAbstractItemModel &grid = *Window::find<QTableView>(window, "tablecontroller")->model();
+    fill(grid);
+    return grid;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -76,12 +88,7 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     MainWindow window(nullptr);
     window.show();
-    auto *const devices = Window::find<QComboBox>(window, "devicescombo");
-    devices->setCurrentIndex(devices->findText(ControllerName));
-    auto *const mappers = Window::find<QComboBox>(window, "mididevices");
-    mappers->setCurrentIndex(mappers->findText(ControllerName + " mapping (factory)"));
-    QAbstractItemModel &grid = *Window::find<QTableView>(window, "tablecontroller")->model();
-    fill(grid);
+    QAbstractItemModel &grid = fillController(window);
     QCoreApplication::processEvents();
 
     const Window::Answers answers;

@@ -8,9 +8,7 @@
 #include "devices/keyrecords.h"
 #include "tables/assignments.h"
 #include "tables/controller.h"
-#include "tables/padbanks.h"
 #include "tables/roles.h"
-#include "tables/vdjmodel.h"
 
 #include <QPixmap>
 #include <QStyle>
@@ -145,30 +143,6 @@ void MainWindow::sizeGrid()
         ui->tablecontroller->setColumnWidth(col, Grid::columnWidth(col));
     for (int row = 0; row < Grid::Size; ++row)
         ui->tablecontroller->setRowHeight(row, Grid::rowHeight(row));
-}
-
-void MainWindow::initpadlist()
-{
-    buildPads();
-    for (int col = 0; col < vdjmodel->columnCount(); ++col)
-        ui->vdjlistview->setColumnWidth(col, 150);
-    ui->bankcombo->setCurrentIndex(0);
-    ui->bankname->setText(banklist.value(0));
-    buildGrid();
-}
-
-void MainWindow::buildPads()
-{
-    for (int bank = 0; bank < PadBanks::Count; ++bank) {
-        for (int row = PadBanks::RowsPerBank; row > 0; --row) { // each new row goes in at the top
-            vdjmodel->insertRows(0, 1);
-            for (int col = 0; col < vdjmodel->columnCount(); ++col) {
-                const QString label = "PAD " + QString::number(row + col * PadBanks::RowsPerBank);
-                Assignments::setLabel(*vdjmodel, vdjmodel->index(0, col), label);
-            }
-        }
-    }
-    showBankRows(0);
 }
 
 void MainWindow::buildGrid()

@@ -38,6 +38,11 @@ bool MainWindow::exportTo(const QString &path, const QString &existsText,
     return true;
 }
 
+QString MainWindow::xmlparse(const QString &text)
+{
+    return escapeScript(text);
+}
+
 QString MainWindow::removeos2l(const QString &text)
 {
     return unwrapScript(text);

@@ -77,10 +77,7 @@ bool MainWindow::loadproject()
 
 void MainWindow::applySettings(const ProjectSettings &settings)
 {
-    cleanDMX();
-    cleanVDJ();
-    cleanMIDI();
-    initpadlist();
+    emptyTables();
     showname = settings.showName;
     loadshowname(settings.show); // does nothing where the show cannot be read
 
@@ -102,8 +99,7 @@ void MainWindow::showPads(bool has16Pads)
 {
     ui->radio_outputpage->setChecked(true);
     switchToPadsPage();
-    ui->bankname->setText(banklist.value(0));
-    ui->bankcombo->setCurrentIndex(0);
+    showFirstBank();
     QRadioButton *layout = has16Pads ? ui->radioButton_16pads : ui->radioButton_8pads;
     layout->setChecked(true);
     ui->vdjlistview->setColumnHidden(1, !has16Pads);

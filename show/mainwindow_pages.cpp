@@ -2,7 +2,6 @@
 
 #include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
-#include "export/escape.h"
 #include "show/liveshow.h"
 #include "tables/mymodel.h"
 #include "tables/roles.h"
@@ -59,9 +58,4 @@ int MainWindow::buttonsperpage(int page)
 QString MainWindow::getcolor(const QString &color)
 {
     return colorText(color);
-}
-
-QString MainWindow::xmlparse(const QString &text)
-{
-    return escapeScript(text);
 }

@@ -47,10 +47,7 @@ bool MainWindow::loadshowname(const QString &path)
         return false;
 
     switchkey = {-1, -1};
-    cleanDMX();
-    cleanVDJ();
-    cleanMIDI();
-    initpadlist();
+    emptyTables();
     nameAfresh();
     ui->combobox->clear();
 

@@ -53,3 +53,18 @@ void Assignments::clearCell(QAbstractItemModel &table, const QModelIndex &cell, 
     table.setData(cell, "-1", ButtonRole);
     table.setData(cell, color, Qt::DecorationRole);
 }
+
+QMap<int, QString> Assignments::textsOf(const QModelIndex &cell, const QVector<int> &roles)
+{
+    QMap<int, QString> texts;
+    for (const int role : roles)
+        texts.insert(role, cell.data(role).toString());
+    return texts;
+}
+
+void Assignments::setTexts(QAbstractItemModel &table, const QModelIndex &cell,
+                           const QMap<int, QString> &texts)
+{
+    for (auto text = texts.cbegin(); text != texts.cend(); ++text)
+        table.setData(cell, text.value(), text.key());
+}

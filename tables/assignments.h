@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QMap>
 #include <QSet>
 #include <QString>
+#include <QVector>
 
 class QAbstractItemModel;
 class QModelIndex;
@@ -42,5 +44,11 @@ void setLabel(QAbstractItemModel &table, const QModelIndex &cell, const QString 
  */
 void clearCell(QAbstractItemModel &table, const QModelIndex &cell, const QString &label,
                const QString &color = QStringLiteral("#000000"));
+
+/** What a cell holds, one text for each of some roles. */
+QMap<int, QString> textsOf(const QModelIndex &cell, const QVector<int> &roles);
+
+/** Gives a cell of a table what textsOf() has told of another. */
+void setTexts(QAbstractItemModel &table, const QModelIndex &cell, const QMap<int, QString> &texts);
 
 } // namespace Assignments

@@ -1,5 +1,6 @@
 #include "tables/controller.h"
 
+#include "tables/assignments.h"
 #include "tables/dragpayload.h"
 #include "tables/roles.h"
 
@@ -12,6 +13,11 @@ namespace {
 
 constexpr int Columns = 12;
 constexpr int RowsPerSweep = 12;
+
+/** What trades places where a key is dragged onto another. */
+const QVector<int> DraggedRoles = {Qt::EditRole, PageRole,      DisplayNameRole,
+                                   ButtonRole,   AvailableRole, OffColorRole,
+                                   OnColorRole,  BlinkRole,     Qt::DecorationRole};
 
 /** A small square of the colour as a base64 PNG, for a tool tip. */
 QString swatch(const QString &color)
@@ -166,40 +172,22 @@ bool Controller::dropMimeData(const QMimeData *data, Qt::DropAction action, int 
         return false;
 
     const QModelIndex target = index(to.row(), to.column());
-    const QString oldname = target.data(Qt::EditRole).toString();
-    const QString oldpage = target.data(PageRole).toString();
-    const QString olddsp = target.data(DisplayNameRole).toString();
-    const QString oldid = target.data(ButtonRole).toString();
-    const QString oldavail = target.data(AvailableRole).toString();
-    const QString oldcoloroff = target.data(OffColorRole).toString();
-    const QString oldcoloron = target.data(OnColorRole).toString();
-    const QString oldblink = target.data(BlinkRole).toString();
-    const QString oldcolor = target.data(Qt::DecorationRole).toString();
-    const bool replaced = oldpage.toInt() >= 1 && payload->isLiveButton();
-
+    const QMap<int, QString> before = Assignments::textsOf(target, DraggedRoles);
+    const bool wasEmpty = before.value(ButtonRole) == QLatin1String("-1");
     write(target, *payload);
 
-    if (!payload->isMove()) {
-        emit ItemDroped(payload->sourceRow(), to.row(), to.column());
-        if (replaced)
-            emit ItemToUncheck(oldid.toInt());
+    if (payload->isMove()) {
+        const QModelIndex source = index(payload->sourceRow(), payload->sourceColumn());
+        if (wasEmpty)
+            clear(source, celltext(source.row(), source.column()));
+        else
+            Assignments::setTexts(*this, source, before);
         return true;
     }
 
-    const QModelIndex source = index(payload->sourceRow(), payload->sourceColumn());
-    if (oldid == QLatin1String("-1")) {
-        clear(source, celltext(source.row(), source.column()));
-    } else {
-        setData(source, oldname, Qt::EditRole);
-        setData(source, oldpage, PageRole);
-        setData(source, olddsp, DisplayNameRole);
-        setData(source, oldid, ButtonRole);
-        setData(source, oldavail, AvailableRole);
-        setData(source, oldcoloroff, OffColorRole);
-        setData(source, oldcoloron, OnColorRole);
-        setData(source, oldblink, BlinkRole);
-        setData(source, oldcolor, Qt::DecorationRole);
-    }
+    emit ItemDroped(payload->sourceRow(), to.row(), to.column());
+    if (payload->isLiveButton() && before.value(PageRole).toInt() >= 1)
+        emit ItemToUncheck(before.value(ButtonRole).toInt());
     return true;
 }
 

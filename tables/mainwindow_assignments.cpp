@@ -36,6 +36,14 @@ void MainWindow::cleanMIDI()
     removeAllRows(*controllermodel);
 }
 
+void MainWindow::emptyTables()
+{
+    cleanDMX();
+    cleanVDJ();
+    cleanMIDI();
+    initpadlist();
+}
+
 bool MainWindow::isVDJempty()
 {
     return Assignments::isEmpty(*vdjmodel);
@@ -92,15 +100,13 @@ void MainWindow::untickAll()
 void MainWindow::dmxtoremove(int index)
 {
     untickIfGone(index, *vdjmodel, TickedPadColumns);
-    ui->dmxlistview->setFocus();
-    ui->vdjlistview->setFocus();
+    focusAnew(*ui->vdjlistview);
 }
 
 void MainWindow::dmxtoremove2(int index)
 {
     untickIfGone(index, *controllermodel, Grid::Size);
-    ui->dmxlistview->setFocus();
-    ui->tablecontroller->setFocus();
+    focusAnew(*ui->tablecontroller);
 }
 
 void MainWindow::dmxcheckchange(int index)
@@ -135,23 +141,20 @@ void MainWindow::ondeletevdjaction_triggered()
         Assignments::clearCell(*vdjmodel, pad, Assignments::padLabel(pad.row()));
         untickIfGone(button, *vdjmodel, TickedPadColumns);
     }
-    ui->dmxlistview->setFocus();
-    ui->vdjlistview->setFocus();
+    focusAnew(*ui->vdjlistview);
 }
 
 void MainWindow::ondeleteaction_triggered()
 {
     for (const QModelIndex &key : ui->tablecontroller->selectionModel()->selectedIndexes())
         clearKey(key);
-    ui->dmxlistview->setFocus();
-    ui->tablecontroller->setFocus();
+    focusAnew(*ui->tablecontroller);
 }
 
 void MainWindow::ondeletemidiaction_triggered(int row, int col)
 {
     clearKey(controllermodel->index(row, col));
-    ui->dmxlistview->setFocus();
-    ui->tablecontroller->setFocus();
+    focusAnew(*ui->tablecontroller);
 }
 
 void MainWindow::clearKey(const QModelIndex &key)
@@ -178,6 +181,13 @@ void MainWindow::resetdmxlist()
     ui->dmxlistview->setCurrentIndex(dmxmodel->index(0, 0));
 }
 
+void MainWindow::focusAnew(QTableView &table)
+{
+    // The models tell no view of a change; a table that gets the focus is painted anew.
+    ui->dmxlistview->setFocus(Qt::OtherFocusReason);
+    table.setFocus(Qt::OtherFocusReason);
+}
+
 void MainWindow::focusOnFirstLiveButton()
 {
     ui->dmxlistview->setCurrentIndex(dmxmodel->index(0, 0));
@@ -189,8 +199,7 @@ void MainWindow::on_cleanpads_button_clicked()
     cleanVDJ();
     buildPads();
     untickAll();
-    ui->bankcombo->setCurrentIndex(0);
-    ui->bankname->setText(banklist.value(0));
+    showFirstBank();
     focusOnFirstLiveButton();
 }
 

@@ -2,8 +2,32 @@
 
 #include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
+#include "tables/assignments.h"
 #include "tables/padbanks.h"
 #include "tables/vdjmodel.h"
+
+void MainWindow::initpadlist()
+{
+    buildPads();
+    for (int col = 0; col < vdjmodel->columnCount(); ++col)
+        ui->vdjlistview->setColumnWidth(col, 150);
+    showFirstBank();
+    buildGrid();
+}
+
+void MainWindow::buildPads()
+{
+    for (int bank = 0; bank < PadBanks::Count; ++bank) {
+        for (int row = PadBanks::RowsPerBank; row > 0; --row) { // each new row goes in at the top
+            vdjmodel->insertRows(0, 1);
+            for (int col = 0; col < vdjmodel->columnCount(); ++col) {
+                const QString label = "PAD " + QString::number(row + col * PadBanks::RowsPerBank);
+                Assignments::setLabel(*vdjmodel, vdjmodel->index(0, col), label);
+            }
+        }
+    }
+    showBankRows(0);
+}
 
 void MainWindow::updatebankcombo()
 {
@@ -17,6 +41,12 @@ void MainWindow::showbank(int index)
 {
     showBankRows(index);
     ui->bankname->setText(banklist.value(index));
+}
+
+void MainWindow::showFirstBank()
+{
+    ui->bankcombo->setCurrentIndex(0);
+    ui->bankname->setText(banklist.value(0));
 }
 
 void MainWindow::showBankRows(int bank)

@@ -187,10 +187,7 @@ void MainWindow::ontoggleaction_triggered()
     ondeletemidiaction_triggered(clicked.at(0), clicked.at(1));
     if (old != clicked)
         markAsSwitch(menuindex);
-
-    // The model tells no view of a change; with the focus the grid is painted anew.
-    ui->dmxlistview->setFocus(Qt::OtherFocusReason);
-    ui->tablecontroller->setFocus(Qt::OtherFocusReason);
+    focusAnew(*ui->tablecontroller);
 }
 
 void MainWindow::markAsSwitch(const QModelIndex &key)

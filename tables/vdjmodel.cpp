@@ -11,6 +11,9 @@ namespace {
 
 constexpr int Columns = 2;
 
+/** What trades places where a pad is dragged onto another. */
+const QVector<int> DraggedRoles = {Qt::EditRole, PageRole, DisplayNameRole, ButtonRole, Qt::DecorationRole};
+
 QString numberedThroughAllBanks(int row)
 {
     return QStringLiteral("PAD ") + QString::number(row + 1);
@@ -138,33 +141,24 @@ bool VDJModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*
         return false;
 
     const QModelIndex target = index(to.row(), to.column());
-    const QString oldname = target.data(Qt::EditRole).toString();
-    const QString oldpage = target.data(PageRole).toString();
-    const QString olddsp = target.data(DisplayNameRole).toString();
-    const QString oldid = target.data(ButtonRole).toString();
-    const QString oldcolor = target.data(Qt::DecorationRole).toString();
-    const bool replaced = oldpage.toInt() >= 1 && payload->isLiveButton();
-
+    const QMap<int, QString> before = Assignments::textsOf(target, DraggedRoles);
+    const bool wasEmpty = before.value(ButtonRole) == QLatin1String("-1");
     write(target, *payload);
 
-    if (!payload->isMove()) {
-        emit ItemDroped(payload->sourceRow(), to.row());
-        if (replaced)
-            emit ItemToUncheck(oldid.toInt());
+    if (payload->isMove()) {
+        const QModelIndex source = index(payload->sourceRow(), payload->sourceColumn());
+        if (wasEmpty) {
+            clear(source, Assignments::padLabel(source.row()));
+            emit ItemMoved(to.row());
+        } else {
+            Assignments::setTexts(*this, source, before);
+        }
         return true;
     }
 
-    const QModelIndex source = index(payload->sourceRow(), payload->sourceColumn());
-    if (oldid == QLatin1String("-1")) {
-        clear(source, Assignments::padLabel(source.row()));
-        emit ItemMoved(to.row());
-    } else {
-        setData(source, oldname, Qt::EditRole);
-        setData(source, olddsp, DisplayNameRole);
-        setData(source, oldpage, PageRole);
-        setData(source, oldid, ButtonRole);
-        setData(source, oldcolor, Qt::DecorationRole);
-    }
+    emit ItemDroped(payload->sourceRow(), to.row());
+    if (payload->isLiveButton() && before.value(PageRole).toInt() >= 1)
+        emit ItemToUncheck(before.value(ButtonRole).toInt());
     return true;
 }
 

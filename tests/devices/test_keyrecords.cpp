@@ -111,6 +111,25 @@ QString unwrappedByHand(const QString &text)
     return answer > 0 ? rest : "";
 }
 
+/** What the layout alone tells of a control. */
+Record recordWithoutScripts(const QDomElement &control)
+{
+    const QString type = control.tagName();
+    const QString name = control.attribute("name");
+    const QString color = control.attribute("colorled");
+    const bool isSimple = type == "button" && color.isEmpty();
+    Record record = {{"value", name}, {"action", ""}, {"type", type}};
+    record["row"] = control.attribute("row");
+    record["col"] = control.attribute("col");
+    if (type == "pad" || type == "button") {
+        record["led"] = (isSimple ? control.attribute("led") : color) + name;
+        record["ledaction"] = "";
+    }
+    if (type == "button")
+        record["ledtype"] = isSimple ? "led" : "color";
+    return record;
+}
+
 /** Every element of the layout against every row of the mapper; something to compare with. */
 QList<Record> recordsByHand(const QString &layoutPath, const QString &mapperPath)
 {
@@ -128,27 +147,13 @@ QList<Record> recordsByHand(const QString &layoutPath, const QString &mapperPath
         bool isFlagSet = false;
         const QDomNodeList elements = layout.elementsByTagName(type);
         for (int i = 0; i < elements.size(); ++i) {
-            const QDomElement element = elements.at(i).toElement();
-            const QString name = element.attribute("name");
-            const bool hasLed = type == "pad" || type == "button";
-            const QString color = element.attribute("colorled");
-            const bool isSimple = type == "button" && color.isEmpty();
-            const QString led = (isSimple ? element.attribute("led") : color) + name;
-            Record record = {{"value", name}, {"action", ""}, {"type", type}};
-            record["row"] = element.attribute("row");
-            record["col"] = element.attribute("col");
-            if (hasLed) {
-                record["led"] = led;
-                record["ledaction"] = "";
-            }
-            if (type == "button")
-                record["ledtype"] = isSimple ? "led" : "color";
+            Record record = recordWithoutScripts(elements.at(i).toElement());
             for (int j = 0; j < rows.size(); ++j) {
                 const QDomElement row = rows.at(j).toElement();
                 const QString script = unwrappedByHand(row.attribute("action"));
-                if (row.attribute("value") == name)
+                if (row.attribute("value") == record["value"])
                     record["action"] = script;
-                if (hasLed && row.attribute("value") == led) {
+                if (record.contains("led") && row.attribute("value") == record["led"]) {
                     record["ledaction"] = script;
                     isFlagSet = true;
                 }
@@ -244,7 +249,7 @@ private slots:
     void mergesDevicesWithTheirFactoryMappers_data();
     void mergesDevicesWithTheirFactoryMappers();
     void copiesActionsOnTheAkai();
-    void copiesNoActionsOnTheMarkTwo();
+    void copiesNoActionsOnTheMkii();
     void keepsWhatTheDevicesHaveTwice();
     void decodesScriptsOfTheClassicLaunchpad();
     void mergesRandomFilesLikeByHand();
@@ -418,7 +423,8 @@ void TestKeyRecords::lightsButtonsByTheirAction_data()
         << keys + map("LED_A", "toggle &apos;$os2l&apos;") << QStringList{"", "", ""};
     QTest::newRow("a pad's LED row is none")
         << keys + map("LED_P", "x") + map("P", "p") << QStringList{"a", "b", ""};
-    QTest::newRow("a stranger's LED row is none") << keys + map("LED_D", "x") << QStringList{"a", "b", ""};
+    QTest::newRow("row of another LED does not count")
+        << keys + map("LED_D", "x") << QStringList{"a", "b", ""};
     QTest::newRow("a LED row in another case is none")
         << keys + map("led_A", "x") << QStringList{"a", "b", ""};
     QTest::newRow("the simple prefix of a colour LED is none")
@@ -645,7 +651,7 @@ void TestKeyRecords::copiesActionsOnTheAkai()
     QVERIFY(records.at(79).value("ledaction") != records.at(79).value("action"));
 }
 
-void TestKeyRecords::copiesNoActionsOnTheMarkTwo()
+void TestKeyRecords::copiesNoActionsOnTheMkii()
 {
     const QString path = Mappings + "Novation Launchpad MKII";
     const QList<Record> records = readKeyRecords(path + ".xml", path + " mapping.xml");

@@ -1,6 +1,7 @@
 #include "devices/catalogue.h"
 #include "devices/xmlfile.h"
 #include "support/boxes.h"
+#include "support/devices.h"
 #include "support/files.h"
 #include "support/processortime.h"
 #include "support/workspace.h"
@@ -111,8 +112,8 @@ private slots:
     void looksForMappersOnlyAtTheStart();
     void tellsPositions();
     void tellsDevices();
-    void comesUnharmedThrough_data();
-    void comesUnharmedThrough();
+    void hostileMappersAreHarmless_data();
+    void hostileMappersAreHarmless();
     void refusesLongFiles();
     void readsLikeAPlainDocument_data();
     void readsLikeAPlainDocument();
@@ -202,7 +203,7 @@ void TestMappers::offers_data()
     QTest::newRow("one") << Files{{"Evening.xml", mapper()}} << QStringList{"Evening"};
     QTest::newRow("by file name without case")
         << Files{{"c.xml", mapper()}, {"B.xml", mapper()}, {"a.xml", mapper()}} << QStringList{"a", "B", "c"};
-    QTest::newRow("strangers are left out")
+    QTest::newRow("mappers of other devices are left out")
         << Files{{"A.xml", mapper("OTHER")},    {"B.xml", mapper()},           {"C.xml", "<mapper/>"},
                  {"D.xml", mapper("apcmini")},  {"E.xml", mapper("APCMINI ")}, {"F.xml", mapper("")},
                  {"G.xml", mapper("LAUNCHPAD")}}
@@ -251,8 +252,7 @@ void TestMappers::offers()
 
 void TestMappers::offersMappersOfEachDevice()
 {
-    const QStringList identifiers = {"APCMINI",      "NLMINIMK3",  "LAUNCHPADMINI", "LAUNCHPAD2",
-                                     "LAUNCHPADPRO", "LAUNCHPADS", "LAUNCHPAD"};
+    const QStringList &identifiers = Devices::Identifiers;
     Workspace space;
     for (const QString &identifier : identifiers)
         QVERIFY(
@@ -349,14 +349,17 @@ void TestMappers::tellsPositions()
     const auto position = [&space](const QString &device, int index) {
         return space.ask<int>("getmapperid", device, index);
     };
-    QCOMPARE(position("APCMINI", 0), 0);
-    QCOMPARE(position("APCMINI", 1), 1);
-    QCOMPARE(position("APCMINI", 2), 15); // behind two for each of seven devices, and A
+    const int akai = 2 * Devices::Akai; // there are two for each device
+    const int classic = 2 * Devices::Classic;
+    const int found = 2 * Devices::Names.size();
+    QCOMPARE(position("APCMINI", 0), akai);
+    QCOMPARE(position("APCMINI", 1), akai + 1);
+    QCOMPARE(position("APCMINI", 2), found + 1);
     QCOMPARE(position("APCMINI", 4), -1);
-    QCOMPARE(position("LAUNCHPAD", 0), 12);
-    QCOMPARE(position("LAUNCHPAD", 1), 13);
-    QCOMPARE(position("LAUNCHPAD", 2), 14);
-    QCOMPARE(position("LAUNCHPAD", 3), 16);
+    QCOMPARE(position("LAUNCHPAD", 0), classic);
+    QCOMPARE(position("LAUNCHPAD", 1), classic + 1);
+    QCOMPARE(position("LAUNCHPAD", 2), found);
+    QCOMPARE(position("LAUNCHPAD", 3), found + 2);
     QCOMPARE(position("LAUNCHPAD", 5), -1);
     QCOMPARE(position("apcmini", 1), -1);
     QCOMPARE(position("OTHER", 1), -1);
@@ -366,8 +369,7 @@ void TestMappers::tellsPositions()
 void TestMappers::tellsDevices()
 {
     Workspace space;
-    const QStringList identifiers = {"APCMINI",      "NLMINIMK3",  "LAUNCHPADMINI", "LAUNCHPAD2",
-                                     "LAUNCHPADPRO", "LAUNCHPADS", "LAUNCHPAD"};
+    const QStringList &identifiers = Devices::Identifiers;
     for (int i = 0; i < identifiers.size(); ++i) {
         QCOMPARE(space.ask<int>("getdeviceindex", identifiers.at(i)), i);
         QVERIFY(space.ask<bool>("deviceinlist", identifiers.at(i)));
@@ -378,7 +380,7 @@ void TestMappers::tellsDevices()
     }
 }
 
-void TestMappers::comesUnharmedThrough_data()
+void TestMappers::hostileMappersAreHarmless_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<bool>("isOffered");
@@ -514,7 +516,7 @@ void TestMappers::comesUnharmedThrough_data()
     QTest::newRow("plain text") << QByteArray("mapper device APCMINI") << false;
 }
 
-void TestMappers::comesUnharmedThrough()
+void TestMappers::hostileMappersAreHarmless()
 {
     QFETCH(const QByteArray, content);
     QFETCH(const bool, isOffered);

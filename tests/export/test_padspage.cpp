@@ -59,62 +59,64 @@ QStringList defaultBanks()
     return banks;
 }
 
-/** Writes a page step by step, in two walks over the table; slow and plain, something to compare with. */
-QString pageByHand(const PadsPage &page)
+/** Whether a bank has a Live Button on any of its 16 pads. */
+bool isInUse(const QAbstractItemModel &table, int bank)
 {
-    QStringList used = {"", "", "", "", "", "", "", ""};
-    const QAbstractItemModel &table = page.pads;
-    for (int row = 0; row < table.rowCount(); ++row) {
+    for (int row = 8 * bank; row < 8 * bank + 8; ++row) {
         for (int column = 0; column < 2; ++column) {
             if (table.data(table.index(row, column), PageRole).toInt() > 0)
-                used[row / 8] = "yes";
+                return true;
         }
     }
+    return false;
+}
 
-    QVector<QStringList> texts(16);
-    QVector<QStringList> colors(16);
-    QVector<QStringList> actions(16);
-    QString banks;
-    for (int column = 0; column < 2; ++column) {
-        int count = 0;
-        for (int row = 0; row < table.rowCount(); ++row) {
-            const bool inUse = used.at(row / 8) == "yes";
-            if (row % 8 == 0 && inUse) {
-                if (count == 0)
-                    banks = "var &apos;dmxbank&apos; 0 ? get_text &apos;" + page.banks.at(row / 8) + "&apos;";
-                else
-                    banks += " : var &apos;dmxbank&apos; " + QString::number(count) + " ? get_text &apos;"
-                             + page.banks.at(row / 8) + "&apos;";
-                ++count;
-            }
-            const QModelIndex cell = table.index(row, column);
-            const int pagenr = table.data(cell, PageRole).toInt();
-            const int slot = row % 8 + 8 * column;
-            const QString clause = "var &apos;dmxbank&apos; " + QString::number(count - 1) + " ? ";
-            if (pagenr > 0 && inUse) {
-                texts[slot] +=
-                    clause + "get_text &apos;" + table.data(cell, Qt::EditRole).toString() + "&apos;";
-                colors[slot] +=
-                    clause + "color &apos;" + table.data(cell, Qt::DecorationRole).toString() + "&apos;";
-                actions[slot] +=
-                    clause + "os2l_button &apos;" + table.data(cell, DisplayNameRole).toString() + "&apos;";
-            } else if (pagenr == 0 && inUse) {
-                texts[slot] += clause + "get_text &apos;&apos;";
-                colors[slot] += clause + "color &apos;transparent&apos;";
-                actions[slot] += clause + "nothing";
-            }
+/** One of 16 pads: its texts, colours and actions. */
+struct PadByHand
+{
+    QStringList texts;
+    QStringList colors;
+    QStringList actions;
+
+    void add(const QModelIndex &cell, const QString &bank)
+    {
+        const QString clause = "var &apos;dmxbank&apos; " + bank + " ? ";
+        const int page = cell.data(PageRole).toInt();
+        if (page > 0) {
+            texts += clause + "get_text &apos;" + cell.data(Qt::EditRole).toString() + "&apos;";
+            colors += clause + "color &apos;" + cell.data(Qt::DecorationRole).toString() + "&apos;";
+            actions += clause + "os2l_button &apos;" + cell.data(DisplayNameRole).toString() + "&apos;";
+        } else if (page == 0) {
+            texts += clause + "get_text &apos;&apos;";
+            colors += clause + "color &apos;transparent&apos;";
+            actions += clause + "nothing";
         }
+    }
+};
+
+/** Writes a page bank by bank; slow and plain, something to compare with. */
+QString pageByHand(const PadsPage &page)
+{
+    QVector<PadByHand> pads(16);
+    QStringList banks;
+    for (int bank = 0; bank < page.pads.rowCount() / 8; ++bank) {
+        if (!isInUse(page.pads, bank))
+            continue;
+        const QString number = QString::number(banks.size());
+        banks += "var &apos;dmxbank&apos; " + number + " ? get_text &apos;" + page.banks.at(bank) + "&apos;";
+        for (int pad = 0; pad < 16; ++pad)
+            pads[pad].add(page.pads.index(8 * bank + pad % 8, pad / 8), number);
     }
 
     QString file = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<page name=\"" + page.name + "\">\n";
-    for (int slot = 0; slot < page.padsPerBank; ++slot) {
-        const QString number = QString::number(slot + 1);
-        file += "\t<pad" + number + " name=\"`" + texts.at(slot).join(" : ") + "`\" color=\""
-                + colors.at(slot).join(" : ") + "\">" + actions.at(slot).join(" : ") + "</pad" + number
-                + ">\n";
+    for (int pad = 0; pad < page.padsPerBank; ++pad) {
+        const QString number = QString::number(pad + 1);
+        file += "\t<pad" + number + " name=\"`" + pads.at(pad).texts.join(" : ") + "`\" color=\""
+                + pads.at(pad).colors.join(" : ") + "\">" + pads.at(pad).actions.join(" : ") + "</pad"
+                + number + ">\n";
     }
-    const QString n = QString::number(used.count("yes"));
-    file += "\t<param1 name=\"`" + banks + "`\">param_bigger 0 ? cycle &apos;dmxbank&apos; " + n
+    const QString n = QString::number(banks.size());
+    file += "\t<param1 name=\"`" + banks.join(" : ") + "`\">param_bigger 0 ? cycle &apos;dmxbank&apos; " + n
             + " : cycle &apos;dmxbank&apos; -" + n + "</param1>\n</page>\n";
     return file;
 }

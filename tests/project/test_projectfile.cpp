@@ -298,8 +298,8 @@ private slots:
     void readsDocuments();
     void refusesDocuments_data();
     void refusesDocuments();
-    void endsSoonOnBombs_data();
-    void endsSoonOnBombs();
+    void hostileDocumentsEndSoon_data();
+    void hostileDocumentsEndSoon();
     void cannotBeOpened_data();
     void cannotBeOpened();
     void pipeIsNoFile();
@@ -1031,7 +1031,7 @@ void TestProjectFile::refusesDocuments()
     QCOMPARE(ticked, QList<int>());
 }
 
-void TestProjectFile::endsSoonOnBombs_data()
+void TestProjectFile::hostileDocumentsEndSoon_data()
 {
     QTest::addColumn<QByteArray>("content");
     QByteArray entities = "<!DOCTYPE project [<!ENTITY a0 \"lights\">";
@@ -1050,7 +1050,7 @@ void TestProjectFile::endsSoonOnBombs_data()
     QTest::newRow("a million open quotes") << QByteArray("<a b=\"").repeated(1000000);
 }
 
-void TestProjectFile::endsSoonOnBombs()
+void TestProjectFile::hostileDocumentsEndSoon()
 {
     QFETCH(const QByteArray, content);
     const QString path = write(content);

@@ -2,6 +2,7 @@
 
 #include "app/stylesheets.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
@@ -14,6 +15,8 @@
 #include <QtTest>
 
 namespace {
+
+constexpr int WidestText = 800; // pixels; a box need not become wider
 
 QString titleOf(const ExpectedDialogs::Box &box)
 {
@@ -29,12 +32,6 @@ QString titleOf(const ExpectedDialogs::Color &color)
 {
     return color.title;
 }
-
-} // namespace
-
-namespace {
-
-constexpr int WidestText = 800; // pixels; a box need not become wider
 
 } // namespace
 
@@ -127,6 +124,8 @@ void ExpectedDialogs::answer(QMessageBox &box)
         complain("other default button on: " + box.text());
     if (box.windowTitle() != expected.title)
         complain("title \"" + box.windowTitle() + "\" on: " + box.text());
+    if (QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name).isEmpty())
+        complain("nothing to be read out for: " + box.text());
     if (box.icon() != expected.icon)
         complain("other icon on: " + box.text());
     if (box.parentWidget())

@@ -2,6 +2,7 @@
 
 #include "support/files.h"
 #include "support/home.h"
+#include "support/models.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -10,7 +11,6 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
-#include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
@@ -174,15 +174,7 @@ void Workspace::trigger(const char *action)
 
 bool Workspace::drop(const QMimeData *data, QTableView *onto, const QPoint &point)
 {
-    QDragEnterEvent enter(point, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(onto->viewport(), &enter);
-    QDragMoveEvent move(point, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(onto->viewport(), &move);
-    if (!move.isAccepted())
-        return false;
-    QDropEvent drop(point, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(onto->viewport(), &drop);
-    return drop.isAccepted();
+    return Models::drop(*onto, *data, point);
 }
 
 bool Workspace::drag(const QModelIndex &from, QTableView *onto, const QModelIndex &target)

@@ -1,3 +1,5 @@
+#include "support/models.h"
+#include "support/payload.h"
 #include "tables/controller.h"
 #include "tables/mymodel.h"
 #include "tables/record.h"
@@ -17,48 +19,6 @@
 #include <memory>
 
 namespace {
-
-void appendNumber(QByteArray &bytes, uint number, int size)
-{
-    for (int shift = 8 * (size - 1); shift >= 0; shift -= 8)
-        bytes.append(char(number >> shift));
-}
-
-/** Texts as they travel: length in bytes and UTF-16, big-endian; a null text has the length 0xFFFFFFFF. */
-QByteArray textBytes(const QStringList &texts)
-{
-    QByteArray bytes;
-    for (const QString &text : texts) {
-        appendNumber(bytes, text.isNull() ? 0xffffffffU : uint(text.size()) * 2, 4);
-        for (const QChar unit : text)
-            appendNumber(bytes, unit.unicode(), 2);
-    }
-    return bytes;
-}
-
-/** A colour as it travels: RGB, full alpha, each channel times 257, padding. */
-QByteArray colorBytes(uint red, uint green, uint blue)
-{
-    QByteArray bytes = QByteArray::fromHex("01ffff");
-    for (const uint channel : {red, green, blue})
-        appendNumber(bytes, channel * 257, 2);
-    return bytes + QByteArray::fromHex("0000");
-}
-
-std::unique_ptr<QMimeData> payload(const QByteArray &texts, const QByteArray &colors)
-{
-    auto data = std::make_unique<QMimeData>();
-    data->setData("application/vnd.text.list", texts);
-    data->setData("application/x-color", colors);
-    return data;
-}
-
-/** What the Live Buttons send: button 8 in row 4, "Fog" of page 5, in the colour #abcdef. */
-std::unique_ptr<QMimeData> fog(const QString &origin = "1")
-{
-    return payload(textBytes({"4", "0", "Fog", "5", "Fog low", origin, "8", "1", {}, {}, {}}),
-                   colorBytes(0xab, 0xcd, 0xef));
-}
 
 /** A key's texts, in the order of Field. */
 using Key = QStringList;
@@ -181,28 +141,10 @@ public:
     /** Drops data at a point of the viewport; whether the view took it. */
     bool drop(const QMimeData &data, const QPoint &point, Qt::DropAction action = Qt::CopyAction)
     {
-        QDragEnterEvent enter(point, action, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(view.viewport(), &enter);
-        QDragMoveEvent move(point, action, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(view.viewport(), &move);
-        if (!move.isAccepted())
-            return false;
-        QDropEvent drop(point, action, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(view.viewport(), &drop);
-        return drop.isAccepted();
+        return Models::drop(view, data, point, action);
     }
 
     QTableView view;
-};
-
-/** Makes createIndex() of a final model callable, for cells that index() would refuse. */
-struct IndexMaker : QAbstractItemModel
-{
-    static QModelIndex make(const QAbstractItemModel &model, int row, int column)
-    {
-        QModelIndex (QAbstractItemModel::*const create)(int, int, void *) const = &IndexMaker::createIndex;
-        return (model.*create)(row, column, nullptr);
-    }
 };
 
 /** Fills a model with rows that are told apart by the names in their first column: "0", "1" and so on. */
@@ -211,14 +153,6 @@ void fillNumbered(Controller &model, int count)
     model.insertRows(0, count);
     for (int row = 0; row < count; ++row)
         model.setData(model.index(row, 0), QString::number(row));
-}
-
-QStringList names(const Controller &model)
-{
-    QStringList names;
-    for (const QList<Record> &row : model.getlist())
-        names.append(row.at(0).value("name"));
-    return names;
 }
 
 QStringList numbers(int from, int to, int step = 1)
@@ -238,29 +172,8 @@ QByteArray png(const QString &color)
     return buffer.data();
 }
 
-QStringList complaints;
-
-void collectComplaint(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString &message)
-{
-    // The table ignores the parent when it counts rows.
-    for (const char *known : {"hasChildren(topIndex)", "model->parent(childIndex)"}) {
-        if (message.contains(known))
-            return;
-    }
-    complaints.append(message);
-}
-
-/** Collects what a model tester finds, but for the way in which the table is meant to depart. */
-class ComplaintCollector final
-{
-public:
-    ComplaintCollector() : m_previous(qInstallMessageHandler(collectComplaint)) { complaints.clear(); }
-    ~ComplaintCollector() { qInstallMessageHandler(m_previous); }
-    Q_DISABLE_COPY(ComplaintCollector)
-
-private:
-    QtMessageHandler m_previous;
-};
+/** The table ignores the parent when it counts rows. */
+const QStringList MeantComplaints = {"hasChildren(topIndex)", "model->parent(childIndex)"};
 
 } // namespace
 
@@ -270,7 +183,7 @@ class TestController final : public QObject
     Q_OBJECT
 
 private slots:
-    void face();
+    void metaObjectOfTheClass();
     void emptyTable();
     void freshRows();
     void listGivenAtStart();
@@ -365,7 +278,7 @@ private slots:
     void modelContractSweep();
 };
 
-void TestController::face()
+void TestController::metaObjectOfTheClass()
 {
     const QMetaObject &meta = Controller::staticMetaObject;
     QCOMPARE(meta.className(), "Controller");
@@ -382,7 +295,7 @@ void TestController::emptyTable()
     QCOMPARE(model.columnCount(), 12);
     QVERIFY(model.getlist().isEmpty());
     QCOMPARE(model.data({}, Qt::DisplayRole), QVariant());
-    QCOMPARE(model.data(IndexMaker::make(model, 0, 0), Qt::BackgroundRole), QVariant());
+    QCOMPARE(model.data(Models::lostIndex(model, 0, 0), Qt::BackgroundRole), QVariant());
 }
 
 void TestController::freshRows()
@@ -494,7 +407,7 @@ void TestController::readOffTheTable()
     QVERIFY(!grid.model.index(row, column).isValid());
     for (const int role : {int(Qt::DisplayRole), int(Qt::DecorationRole), int(Qt::ToolTipRole),
                            int(Qt::BackgroundRole), int(PageRole), int(BlinkRole)})
-        QCOMPARE(grid.model.data(IndexMaker::make(grid.model, row, column), role), QVariant());
+        QCOMPARE(grid.model.data(Models::lostIndex(grid.model, row, column), role), QVariant());
 }
 
 void TestController::rowOfOneCell()
@@ -503,7 +416,7 @@ void TestController::rowOfOneCell()
     Controller model(rows);
     QCOMPARE(model.data(model.index(0, 5), Qt::EditRole).toString(), QString());
     model.setData(model.index(0, 5), "x", Qt::EditRole);
-    QVERIFY(model.dropMimeData(fog().get(), Qt::CopyAction, -1, -1, model.index(0, 5)));
+    QVERIFY(model.dropMimeData(Payload::fog().get(), Qt::CopyAction, -1, -1, model.index(0, 5)));
     QCOMPARE(model.getlist().at(0).at(0), rows.at(0).at(0));
 }
 
@@ -591,7 +504,7 @@ void TestController::writeOffTheTable()
     QFETCH(int, row);
     QFETCH(int, column);
     Grid grid;
-    const QModelIndex lost = IndexMaker::make(grid.model, row, column);
+    const QModelIndex lost = Models::lostIndex(grid.model, row, column);
     for (const int role : roles)
         QVERIFY(!grid.model.setData(lost, "x", role));
     QCOMPARE(grid.filled(), QStringList());
@@ -653,8 +566,8 @@ void TestController::restingLabel()
                                         grid.model.index(toRow, column)));
         QCOMPARE(keyAt(grid.model, row, column), emptied(label));
         QCOMPARE(grid.drag(row, column)->data("application/vnd.text.list"),
-                 textBytes({QString::number(row), QString::number(column), label, "0", label, "0", "-1", "1",
-                            "", "", ""}));
+                 Payload::textBytes({QString::number(row), QString::number(column), label, "0", label, "0",
+                                     "-1", "1", "", "", ""}));
         QCOMPARE(keyAt(grid.model, toRow, column), parTravelled);
     }
 }
@@ -897,23 +810,13 @@ void TestController::insertRows()
     QFETCH(int, before);
     QFETCH(int, position);
     QFETCH(int, count);
+    QFETCH(QStringList, after);
     Controller model;
     fillNumbered(model, before);
-    QSignalSpy about(&model, &QAbstractItemModel::rowsAboutToBeInserted);
-    QSignalSpy done(&model, &QAbstractItemModel::rowsInserted);
-    QStringList onAbout;
-    QStringList onDone;
-    connect(&model, &QAbstractItemModel::rowsAboutToBeInserted, &model, [&] { onAbout = names(model); });
-    connect(&model, &QAbstractItemModel::rowsInserted, &model, [&] { onDone = names(model); });
-
+    const Models::RowLog log(model);
     QVERIFY(model.insertRows(position, count, model.index(0, 0)));
-
-    QTEST(names(model), "after");
-    const QVariantList told = {QModelIndex(), position, position + count - 1};
-    QCOMPARE(about, QList<QVariantList>{told});
-    QCOMPARE(done, QList<QVariantList>{told});
-    QCOMPARE(onAbout, numbers(0, before - 1));
-    QTEST(onDone, "after");
+    QCOMPARE(Models::firstColumn(model), after);
+    QCOMPARE(log.lines, Models::RowLog::of("insert", position, count, numbers(0, before - 1), after));
 }
 
 void TestController::removeRows_data()
@@ -947,23 +850,13 @@ void TestController::removeRows()
     QFETCH(int, before);
     QFETCH(int, position);
     QFETCH(int, count);
+    QFETCH(QStringList, after);
     Controller model;
     fillNumbered(model, before);
-    QSignalSpy about(&model, &QAbstractItemModel::rowsAboutToBeRemoved);
-    QSignalSpy done(&model, &QAbstractItemModel::rowsRemoved);
-    QStringList onAbout;
-    QStringList onDone;
-    connect(&model, &QAbstractItemModel::rowsAboutToBeRemoved, &model, [&] { onAbout = names(model); });
-    connect(&model, &QAbstractItemModel::rowsRemoved, &model, [&] { onDone = names(model); });
-
+    const Models::RowLog log(model);
     QVERIFY(model.removeRows(position, count, model.index(0, 0)));
-
-    QTEST(names(model), "after");
-    const QVariantList told = {QModelIndex(), position, position + count - 1};
-    QCOMPARE(about, QList<QVariantList>{told});
-    QCOMPARE(done, QList<QVariantList>{told});
-    QCOMPARE(onAbout, numbers(0, before - 1));
-    QTEST(onDone, "after");
+    QCOMPARE(Models::firstColumn(model), after);
+    QCOMPARE(log.lines, Models::RowLog::of("remove", position, count, numbers(0, before - 1), after));
 }
 
 void TestController::mimeTypes()
@@ -999,8 +892,8 @@ void TestController::mimeDataOfFreshKey()
 {
     const auto data = Grid().drag(2, 3);
     const QStringList texts = {"2", "3", "", "0", "", "0", "-1", "1", "", "", "0"};
-    QCOMPARE(data->data("application/vnd.text.list").toHex(), textBytes(texts).toHex());
-    QCOMPARE(data->data("application/x-color"), colorBytes(0, 0, 0));
+    QCOMPARE(data->data("application/vnd.text.list").toHex(), Payload::textBytes(texts).toHex());
+    QCOMPARE(data->data("application/x-color"), Payload::colorBytes(0, 0, 0));
 }
 
 void TestController::mimeDataOfSeveral()
@@ -1010,10 +903,12 @@ void TestController::mimeDataOfSeveral()
     grid.fill(0, 0, par);
     const std::unique_ptr<QMimeData> data(
         grid.model.mimeData({grid.model.index(11, 1), {}, grid.model.index(0, 0)}));
-    QCOMPARE(data->data("application/vnd.text.list"),
-             textBytes({"11", "1", "My strobe", "3", "Strobe", "0", "41", "1", "#ff0000", "lime", "1"})
-                 + textBytes({"0", "0", "My par", "2", "Par", "0", "17", "1", "", "#00ff00", "0"}));
-    QCOMPARE(data->data("application/x-color"), colorBytes(0x10, 0x20, 0x30) + colorBytes(0xf0, 0xe0, 0xd0));
+    QCOMPARE(
+        data->data("application/vnd.text.list"),
+        Payload::textBytes({"11", "1", "My strobe", "3", "Strobe", "0", "41", "1", "#ff0000", "lime", "1"})
+            + Payload::textBytes({"0", "0", "My par", "2", "Par", "0", "17", "1", "", "#00ff00", "0"}));
+    QCOMPARE(data->data("application/x-color"),
+             Payload::colorBytes(0x10, 0x20, 0x30) + Payload::colorBytes(0xf0, 0xe0, 0xd0));
 }
 
 void TestController::mimeDataOfNothing_data()
@@ -1040,7 +935,7 @@ void TestController::mimeDataOfRowThatIsGone()
     grid.model.removeRows(11, 1);
     const std::unique_ptr<QMimeData> data(grid.model.mimeData({stale}));
     QCOMPARE(data->data("application/vnd.text.list"),
-             textBytes({"11", "4", {}, {}, {}, "0", {}, {}, {}, {}, {}}));
+             Payload::textBytes({"11", "4", {}, {}, {}, "0", {}, {}, {}, {}, {}}));
     QCOMPARE(data->data("application/x-color").toHex(), QByteArray("00ffff0000000000000000"));
 }
 
@@ -1081,7 +976,7 @@ void TestController::dropLiveButton()
         grid.fill(row, column, before);
         grid.fill(4, 0, par); // where the Live Button's row and column would point in this table
         const Listener listener(grid.model);
-        QVERIFY(grid.model.dropMimeData(fog().get(), action, -1, -1, grid.model.index(row, column)));
+        QVERIFY(grid.model.dropMimeData(Payload::fog().get(), action, -1, -1, grid.model.index(row, column)));
 
         QCOMPARE(keyAt(grid.model, row, column), foggy);
         QCOMPARE(keyAt(grid.model, 4, 0), par);
@@ -1111,7 +1006,7 @@ void TestController::dropLiveButtonThroughTheView()
     GridView view(grid.model);
     QVERIFY(QTest::qWaitForWindowExposed(&view.view));
     const Listener listener(grid.model);
-    QVERIFY(view.drop(*fog(), view.rectOf(2, 3).center(), Qt::DropAction(action)));
+    QVERIFY(view.drop(*Payload::fog(), view.rectOf(2, 3).center(), Qt::DropAction(action)));
     QCOMPARE(grid.filled(), QStringList{Grid::told(2, 3, foggy)});
     QTEST(listener.heard, "heard");
 }
@@ -1141,7 +1036,7 @@ void TestController::replacedButtonIsToldLast()
     Grid grid;
     grid.fill(2, 3, strobe);
     const Listener listener(grid.model, grid.model.index(2, 3));
-    QVERIFY(grid.model.dropMimeData(fog().get(), Qt::CopyAction, -1, -1, grid.model.index(2, 3)));
+    QVERIFY(grid.model.dropMimeData(Payload::fog().get(), Qt::CopyAction, -1, -1, grid.model.index(2, 3)));
     QCOMPARE(listener.heard, (QStringList{"ItemDroped(4,2,3) while the key holds 8",
                                           "ItemToUncheck(41) while the key holds 8"}));
 }
@@ -1150,12 +1045,12 @@ void TestController::dropTakesItsPlaceFromTheParent()
 {
     Grid grid;
     const Listener listener(grid.model);
-    QVERIFY(grid.model.dropMimeData(fog().get(), Qt::CopyAction, 7, 7, grid.model.index(5, 1)));
+    QVERIFY(grid.model.dropMimeData(Payload::fog().get(), Qt::CopyAction, 7, 7, grid.model.index(5, 1)));
     // Row and column of the parent count, whosever index it is; what it holds does not.
     QStandardItemModel other(12, 12);
     other.setData(other.index(6, 11), "3", PageRole);
     other.setData(other.index(6, 11), "77", ButtonRole);
-    QVERIFY(grid.model.dropMimeData(fog().get(), Qt::CopyAction, 7, 7, other.index(6, 11)));
+    QVERIFY(grid.model.dropMimeData(Payload::fog().get(), Qt::CopyAction, 7, 7, other.index(6, 11)));
     QCOMPARE(grid.filled(), (QStringList{Grid::told(5, 1, foggy), Grid::told(6, 11, foggy)}));
     QCOMPARE(listener.heard, (QStringList{"ItemDroped(4,5,1)", "ItemDroped(4,6,11)"}));
 }
@@ -1177,7 +1072,8 @@ void TestController::dropOfUnknownOrigin()
     grid.fill(2, 3, strobe);
     grid.fill(4, 0, par);
     const Listener listener(grid.model);
-    QVERIFY(grid.model.dropMimeData(fog(origin).get(), Qt::CopyAction, -1, -1, grid.model.index(2, 3)));
+    QVERIFY(
+        grid.model.dropMimeData(Payload::fog(origin).get(), Qt::CopyAction, -1, -1, grid.model.index(2, 3)));
     // Not from this table, so the drop is told; not from the Live Buttons, so nothing is unchecked.
     QCOMPARE(listener.heard, QStringList{"ItemDroped(4,2,3)"});
     QCOMPARE(grid.filled(), (QStringList{Grid::told(2, 3, foggy), Grid::told(4, 0, par)}));
@@ -1202,12 +1098,12 @@ void TestController::dropColors_data()
 {
     QTest::addColumn<QByteArray>("colors");
     QTest::addColumn<QString>("color");
-    QTest::newRow("one") << colorBytes(0xAB, 0xCD, 0xEF) << "#abcdef";
-    QTest::newRow("two") << colorBytes(1, 2, 3) + colorBytes(4, 5, 6) << "#010203";
+    QTest::newRow("one") << Payload::colorBytes(0xAB, 0xCD, 0xEF) << "#abcdef";
+    QTest::newRow("two") << Payload::colorBytes(1, 2, 3) + Payload::colorBytes(4, 5, 6) << "#010203";
     QTest::newRow("see-through") << QByteArray::fromHex("018080ffff000000000000") << "#ff0000";
     QTest::newRow("invalid") << QByteArray::fromHex("00ffff0000000000000000") << "#000000";
     QTest::newRow("none") << QByteArray() << "";
-    QTest::newRow("cut off") << colorBytes(1, 2, 3).left(10) << "";
+    QTest::newRow("cut off") << Payload::colorBytes(1, 2, 3).left(10) << "";
 }
 
 void TestController::dropColors()
@@ -1215,7 +1111,7 @@ void TestController::dropColors()
     QFETCH(QByteArray, colors);
     Grid grid;
     const auto data =
-        payload(textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8", "1", {}, {}, {}}), colors);
+        Payload::of(Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8", "1", {}, {}, {}}), colors);
     QVERIFY(grid.model.dropMimeData(data.get(), Qt::CopyAction, -1, -1, grid.model.index(2, 3)));
     Key key = keyAt(grid.model, 2, 3);
     QTEST(key.takeLast(), "color");
@@ -1371,7 +1267,7 @@ void TestController::moveKeyFromOutside()
     QFETCH(int, column);
     const QStringList texts = {
         QString::number(row), QString::number(column), "Fog", "5", "Fog low", "0", "8", "1", "", "", ""};
-    const auto data = payload(textBytes(texts), colorBytes(0xab, 0xcd, 0xef));
+    const auto data = Payload::of(Payload::textBytes(texts), Payload::colorBytes(0xab, 0xcd, 0xef));
     Grid grid;
     grid.fill(7, 3, strobe);
     const Listener listener(grid.model);
@@ -1396,9 +1292,9 @@ void TestController::dropBeside()
     Grid grid;
     grid.fill(9, 11, strobe);
     const Listener listener(grid.model);
-    const QModelIndex lost = row < 0 ? QModelIndex() : IndexMaker::make(grid.model, row, column);
+    const QModelIndex lost = row < 0 ? QModelIndex() : Models::lostIndex(grid.model, row, column);
 
-    QVERIFY(grid.model.dropMimeData(fog().get(), Qt::CopyAction, 3, 3, lost));
+    QVERIFY(grid.model.dropMimeData(Payload::fog().get(), Qt::CopyAction, 3, 3, lost));
     QCOMPARE(grid.filled(), QStringList{Grid::told(9, 11, strobe)});
     QCOMPARE(listener.heard, QStringList{QString("ItemDroped(4,%1,%2)").arg(row).arg(column)});
 
@@ -1437,7 +1333,7 @@ void TestController::viewRefusesDrop()
                                           {"line beside", QPoint(cell.right() + 1, cell.center().y())},
                                           {"outside", QPoint(view.rectOf(0, 11).right() + 50, 100)}};
 
-    QVERIFY(!view.drop(*fog(), points.value(where)));
+    QVERIFY(!view.drop(*Payload::fog(), points.value(where)));
     QCOMPARE(grid.filled(), before);
     QVERIFY(!view.drop(*grid.drag(5, 5), points.value(where)));
     QCOMPARE(grid.filled(), before);
@@ -1461,7 +1357,8 @@ void TestController::dropRefused()
     const Listener listener(grid.model);
     QMimeData data;
     for (const QString &format : formats)
-        data.setData(format, textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8", "1", {}, {}, {}}));
+        data.setData(format,
+                     Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8", "1", {}, {}, {}}));
     for (const QModelIndex &to : {grid.model.index(2, 3), grid.model.index(0, 0), QModelIndex()})
         QVERIFY(!grid.model.dropMimeData(&data, Qt::CopyAction, -1, -1, to));
     QVERIFY(!grid.model.dropMimeData(nullptr, Qt::CopyAction, -1, -1, grid.model.index(2, 3)));
@@ -1477,7 +1374,8 @@ void TestController::dropRefusedThroughTheView()
     const Listener listener(grid.model);
     for (const char *format : {"application/vnd.text.list", "application/x-color", "text/plain"}) {
         QMimeData data;
-        data.setData(format, textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8", "1", {}, {}, {}}));
+        data.setData(format,
+                     Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8", "1", {}, {}, {}}));
         QVERIFY2(!view.drop(data, view.rectOf(2, 3).center()), format);
     }
     QCOMPARE(grid.filled(), QStringList());
@@ -1490,7 +1388,7 @@ void TestController::dropIgnored()
     grid.fill(2, 3, strobe);
     const Listener listener(grid.model);
     const QMimeData nothing;
-    QVERIFY(grid.model.dropMimeData(fog().get(), Qt::IgnoreAction, -1, -1, grid.model.index(2, 3)));
+    QVERIFY(grid.model.dropMimeData(Payload::fog().get(), Qt::IgnoreAction, -1, -1, grid.model.index(2, 3)));
     QVERIFY(grid.model.dropMimeData(grid.drag(2, 3).get(), Qt::IgnoreAction, -1, -1, grid.model.index(3, 3)));
     QVERIFY(grid.model.dropMimeData(&nothing, Qt::IgnoreAction, -1, -1, grid.model.index(2, 3)));
     QCOMPARE(grid.filled(), QStringList{Grid::told(2, 3, strobe)});
@@ -1507,16 +1405,17 @@ void TestController::dropDamaged_data()
     const QByteArray tooLong = QByteArray::fromHex("fffffffe00310032");
     const QStringList told = {"ItemDroped(4,2,3)"};
     const QStringList toldAndUnchecked = {"ItemDroped(4,2,3)", "ItemToUncheck(41)"};
-    const QByteArray whole = textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8", "1", "red", "blue", "1"});
+    const QByteArray whole =
+        Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8", "1", "red", "blue", "1"});
     QTest::newRow("no text") << QByteArray() << false << strobe << QStringList();
     QTest::newRow("half a length") << whole.left(2) << false << strobe << QStringList();
     QTest::newRow("odd length") << odd << false << strobe << QStringList();
     QTest::newRow("length far past the end") << tooLong << false << strobe << QStringList();
-    QTest::newRow("row alone") << textBytes({"4"}) << true << Key{"", "", "", "", "", "", "", "", "#abcdef"}
-                               << told;
-    QTest::newRow("no origin") << textBytes({"4", "0", "Fog", "5", "Fog low"}) << true
+    QTest::newRow("row alone") << Payload::textBytes({"4"}) << true
+                               << Key{"", "", "", "", "", "", "", "", "#abcdef"} << told;
+    QTest::newRow("no origin") << Payload::textBytes({"4", "0", "Fog", "5", "Fog low"}) << true
                                << Key{"Fog", "5", "Fog low", "", "", "", "", "", "#abcdef"} << told;
-    QTest::newRow("seven texts") << textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}) << true
+    QTest::newRow("seven texts") << Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}) << true
                                  << Key{"Fog", "5", "Fog low", "8", "", "", "", "", "#abcdef"}
                                  << toldAndUnchecked;
     QTest::newRow("ten texts and a half")
@@ -1538,8 +1437,8 @@ void TestController::dropDamaged()
     grid.fill(2, 3, strobe);
     grid.fill(4, 0, par);
     const Listener listener(grid.model);
-    QTEST(grid.model.dropMimeData(payload(texts, colorBytes(0xab, 0xcd, 0xef)).get(), Qt::CopyAction, -1, -1,
-                                  grid.model.index(2, 3)),
+    QTEST(grid.model.dropMimeData(Payload::of(texts, Payload::colorBytes(0xab, 0xcd, 0xef)).get(),
+                                  Qt::CopyAction, -1, -1, grid.model.index(2, 3)),
           "result");
     QCOMPARE(grid.filled(), (QStringList{Grid::told(2, 3, key), Grid::told(4, 0, par)}));
     QTEST(listener.heard, "heard");
@@ -1555,12 +1454,12 @@ void TestController::dropCutAnywhere_data()
 void TestController::dropCutAnywhere()
 {
     QFETCH(QString, origin);
-    const QByteArray texts = fog(origin)->data("application/vnd.text.list");
-    const QByteArray colors = fog(origin)->data("application/x-color");
+    const QByteArray texts = Payload::fog(origin)->data("application/vnd.text.list");
+    const QByteArray colors = Payload::fog(origin)->data("application/x-color");
     for (int size = 0; size <= texts.size(); ++size) {
         Grid grid;
         grid.fill(9, 9, strobe);
-        const auto data = payload(texts.left(size), colors.left(size % 12));
+        const auto data = Payload::of(texts.left(size), colors.left(size % 12));
         const bool holdsFirstText = size >= 6;
         for (const QModelIndex &to : {grid.model.index(2, 3), grid.model.index(4, 0), QModelIndex()})
             QCOMPARE(grid.model.dropMimeData(data.get(), Qt::CopyAction, -1, -1, to), holdsFirstText);
@@ -1586,7 +1485,7 @@ void TestController::neverTellsOfChanges()
     for (const QModelIndex &to : {model.index(2, 1), model.index(2, 1), QModelIndex()}) // move, swap, beside
         QVERIFY(model.dropMimeData(data.get(), Qt::CopyAction, -1, -1, to));
     for (const QModelIndex &to : {model.index(0, 1), model.index(0, 1), QModelIndex()})
-        QVERIFY(model.dropMimeData(fog().get(), Qt::CopyAction, -1, -1, to));
+        QVERIFY(model.dropMimeData(Payload::fog().get(), Qt::CopyAction, -1, -1, to));
     model.removeRows(0, 12);
 
     QCOMPARE(changed.count(), 0);
@@ -1596,40 +1495,42 @@ void TestController::neverTellsOfChanges()
 
 void TestController::modelContract()
 {
-    const ComplaintCollector collector;
+    const Models::Complaints complaints(MeantComplaints);
     Controller model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
     fillNumbered(model, 10);
     model.insertRows(0, 2);
-    model.dropMimeData(fog().get(), Qt::CopyAction, -1, -1, model.index(3, 1));
+    model.dropMimeData(Payload::fog().get(), Qt::CopyAction, -1, -1, model.index(3, 1));
     model.removeRows(11, 1);
     model.insertRows(0, 1);
     model.removeRows(0, 12);
-    QCOMPARE(complaints, QStringList());
+    QCOMPARE(Models::Complaints::found(), QStringList());
 }
 
 void TestController::modelContractFrontStorage()
 {
-    const ComplaintCollector collector;
+    const Models::Complaints complaints(MeantComplaints);
     Controller model;
     fillNumbered(model, 3);
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
     // The view is told of row 1, and the new row is row 0: what stood before row 1 is not the same.
     model.insertRows(1, 1);
-    QCOMPARE(complaints.size(), 1);
-    QVERIFY2(complaints.at(0).contains("model->index(start - 1, 0, c.parent)"), qPrintable(complaints.at(0)));
+    QCOMPARE(Models::Complaints::found().size(), 1);
+    QVERIFY2(Models::Complaints::found().at(0).contains("model->index(start - 1, 0, c.parent)"),
+             qPrintable(Models::Complaints::found().at(0)));
 }
 
 void TestController::modelContractSweep()
 {
-    const ComplaintCollector collector;
+    const Models::Complaints complaints(MeantComplaints);
     Controller model;
     fillNumbered(model, 12);
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
     // The view is told of one row, and six are gone.
     model.removeRows(0, 1);
-    QVERIFY(!complaints.isEmpty());
-    QVERIFY2(complaints.at(0).contains("model->rowCount(parent)"), qPrintable(complaints.at(0)));
+    QVERIFY(!Models::Complaints::found().isEmpty());
+    QVERIFY2(Models::Complaints::found().at(0).contains("model->rowCount(parent)"),
+             qPrintable(Models::Complaints::found().at(0)));
 }
 
 QTEST_MAIN(TestController)

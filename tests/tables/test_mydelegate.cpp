@@ -115,7 +115,7 @@ class TestMydelegate final : public QObject
     Q_OBJECT
 
 private slots:
-    void face();
+    void metaObjectOfTheClass();
     void plainCell();
     void keyAtRest();
     void restingGrid();
@@ -137,7 +137,7 @@ private slots:
     void painterIsRestored();
 };
 
-void TestMydelegate::face()
+void TestMydelegate::metaObjectOfTheClass()
 {
     QObject parent;
     const auto *delegate = new Mydelegate(&parent);

@@ -1,3 +1,5 @@
+#include "support/models.h"
+#include "support/payload.h"
 #include "tables/dragpayload.h"
 #include "tables/mymodel.h"
 #include "tables/record.h"
@@ -14,41 +16,6 @@
 #include <memory>
 
 namespace {
-
-void appendNumber(QByteArray &bytes, uint number, int size)
-{
-    for (int shift = 8 * (size - 1); shift >= 0; shift -= 8)
-        bytes.append(char(number >> shift));
-}
-
-/** Texts as they travel: length in bytes and UTF-16, big-endian; a null text has the length 0xFFFFFFFF. */
-QByteArray textBytes(const QStringList &texts)
-{
-    QByteArray bytes;
-    for (const QString &text : texts) {
-        appendNumber(bytes, text.isNull() ? 0xffffffffU : uint(text.size()) * 2, 4);
-        for (const QChar unit : text)
-            appendNumber(bytes, unit.unicode(), 2);
-    }
-    return bytes;
-}
-
-/** A colour as it travels: RGB, full alpha, each channel times 257, padding. */
-QByteArray colorBytes(uint red, uint green, uint blue)
-{
-    QByteArray bytes = QByteArray::fromHex("01ffff");
-    for (const uint channel : {red, green, blue})
-        appendNumber(bytes, channel * 257, 2);
-    return bytes + QByteArray::fromHex("0000");
-}
-
-std::unique_ptr<QMimeData> payload(const QByteArray &texts, const QByteArray &colors)
-{
-    auto data = std::make_unique<QMimeData>();
-    data->setData("application/vnd.text.list", texts);
-    data->setData("application/x-color", colors);
-    return data;
-}
 
 /** A row whose eight values differ from each other and from the defaults. */
 Record strobe()
@@ -70,47 +37,8 @@ QList<QMap<QString, QString>> titled(const QStringList &titles)
     return rows;
 }
 
-QStringList titles(const MyModel &model)
-{
-    QStringList titles;
-    for (const Record &row : model.getlist())
-        titles.append(row.value("title"));
-    return titles;
-}
-
-/** Makes createIndex() of a final model callable, for cells that index() would refuse. */
-struct IndexMaker : QAbstractItemModel
-{
-    static QModelIndex make(const QAbstractItemModel &model, int row, int column)
-    {
-        QModelIndex (QAbstractItemModel::*const create)(int, int, void *) const = &IndexMaker::createIndex;
-        return (model.*create)(row, column, nullptr);
-    }
-};
-
-QStringList complaints;
-
-void collectComplaint(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString &message)
-{
-    // All three tables ignore the parent when they count rows, and let a drag start from a lost index.
-    for (const char *known : {"hasChildren(topIndex)", "model->parent(childIndex)", "flags == 0"}) {
-        if (message.contains(known))
-            return;
-    }
-    complaints.append(message);
-}
-
-/** Collects what a model tester finds, but for the ways in which every table departs from the contract. */
-class ComplaintCollector final
-{
-public:
-    ComplaintCollector() : m_previous(qInstallMessageHandler(collectComplaint)) { complaints.clear(); }
-    ~ComplaintCollector() { qInstallMessageHandler(m_previous); }
-    Q_DISABLE_COPY(ComplaintCollector)
-
-private:
-    QtMessageHandler m_previous;
-};
+/** The table ignores the parent when it counts rows, and lets a drag start from a lost index. */
+const QStringList MeantComplaints = {"hasChildren(topIndex)", "model->parent(childIndex)", "flags == 0"};
 
 } // namespace
 
@@ -123,7 +51,7 @@ private slots:
     void sharedNumbers_data();
     void sharedNumbers();
     void sharedNames();
-    void face();
+    void metaObjectOfTheClass();
 
     void emptyTable_data();
     void emptyTable();
@@ -214,7 +142,7 @@ void TestMyModel::sharedNames()
     QCOMPARE(MyModel().mimeTypes(), names);
 }
 
-void TestMyModel::face()
+void TestMyModel::metaObjectOfTheClass()
 {
     const QMetaObject &meta = MyModel::staticMetaObject;
     QCOMPARE(meta.className(), "MyModel");
@@ -242,7 +170,7 @@ void TestMyModel::emptyTable()
     QVERIFY(model.getlist().isEmpty());
     QCOMPARE(model.data({}, role), QVariant());
     QCOMPARE(model.data(model.index(0, 0), role), QVariant());
-    QCOMPARE(model.data(IndexMaker::make(model, 0, 0), role), QVariant());
+    QCOMPARE(model.data(Models::lostIndex(model, 0, 0), role), QVariant());
 }
 
 void TestMyModel::freshRow()
@@ -389,7 +317,7 @@ void TestMyModel::readOffTheTable()
     QVERIFY(!model.index(row, column).isValid());
     for (const int role : {int(Qt::DisplayRole), int(Qt::DecorationRole), int(Qt::ToolTipRole),
                            int(Qt::BackgroundRole), int(Qt::CheckStateRole), int(ButtonRole)})
-        QCOMPARE(model.data(IndexMaker::make(model, row, column), role), QVariant());
+        QCOMPARE(model.data(Models::lostIndex(model, row, column), role), QVariant());
 }
 
 void TestMyModel::writeRole_data()
@@ -500,7 +428,7 @@ void TestMyModel::writeOffTheTable()
     QFETCH(int, row);
     QFETCH(int, column);
     MyModel model({strobe()});
-    const QModelIndex lost = IndexMaker::make(model, row, column);
+    const QModelIndex lost = Models::lostIndex(model, row, column);
     for (const int role : {int(Qt::DisplayRole), int(Qt::EditRole), int(Qt::DecorationRole),
                            int(Qt::BackgroundRole), int(Qt::CheckStateRole), int(ButtonRole)})
         QVERIFY(!model.setData(lost, "x", role));
@@ -566,20 +494,7 @@ void TestMyModel::actions()
 
 void TestMyModel::insertRows_data()
 {
-    QTest::addColumn<QStringList>("before");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QStringList>("after");
-    const QStringList abc = {"a", "b", "c"};
-    QTest::newRow("one into nothing") << QStringList() << 0 << 1 << QStringList{"1"};
-    QTest::newRow("three into nothing") << QStringList() << 0 << 3 << QStringList{"1", "1", "1"};
-    QTest::newRow("one at the front") << abc << 0 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("one in the middle lands in front") << abc << 1 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("two at the end land in front") << abc << 3 << 2 << QStringList{"1", "1", "a", "b", "c"};
-    QTest::newRow("position 5 of 3 rows lands in front") << abc << 5 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("position -1 lands in front") << abc << -1 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("none") << abc << 1 << 0 << abc;
-    QTest::newRow("fewer than none") << abc << 1 << -2 << abc;
+    Models::rowsToInsert();
 }
 
 void TestMyModel::insertRows()
@@ -587,43 +502,17 @@ void TestMyModel::insertRows()
     QFETCH(QStringList, before);
     QFETCH(int, position);
     QFETCH(int, count);
+    QFETCH(QStringList, after);
     MyModel model(titled(before));
-    QSignalSpy about(&model, &QAbstractItemModel::rowsAboutToBeInserted);
-    QSignalSpy done(&model, &QAbstractItemModel::rowsInserted);
-    QStringList onAbout;
-    QStringList onDone;
-    connect(&model, &QAbstractItemModel::rowsAboutToBeInserted, &model, [&] { onAbout = titles(model); });
-    connect(&model, &QAbstractItemModel::rowsInserted, &model, [&] { onDone = titles(model); });
-
+    const Models::RowLog log(model);
     QVERIFY(model.insertRows(position, count, model.index(0, 0)));
-
-    QTEST(titles(model), "after");
-    const QVariantList told = {QModelIndex(), position, position + count - 1};
-    QCOMPARE(about, QList<QVariantList>{told});
-    QCOMPARE(done, QList<QVariantList>{told});
-    QCOMPARE(onAbout, before);
-    QTEST(onDone, "after");
+    QCOMPARE(Models::firstColumn(model), after);
+    QCOMPARE(log.lines, Models::RowLog::of("insert", position, count, before, after));
 }
 
 void TestMyModel::removeRows_data()
 {
-    QTest::addColumn<QStringList>("before");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QStringList>("after");
-    const QStringList abcd = {"a", "b", "c", "d"};
-    QTest::newRow("first") << abcd << 0 << 1 << QStringList{"b", "c", "d"};
-    QTest::newRow("middle two") << abcd << 1 << 2 << QStringList{"a", "d"};
-    QTest::newRow("last") << abcd << 3 << 1 << QStringList{"a", "b", "c"};
-    QTest::newRow("three from row 2 of 4") << abcd << 2 << 3 << QStringList{"a", "b"};
-    QTest::newRow("all") << abcd << 0 << 4 << QStringList();
-    QTest::newRow("more than all") << abcd << 0 << 60000 << QStringList();
-    QTest::newRow("behind the last") << abcd << 4 << 1 << abcd;
-    QTest::newRow("before the first") << abcd << -1 << 2 << abcd;
-    QTest::newRow("none") << abcd << 1 << 0 << abcd;
-    QTest::newRow("fewer than none") << abcd << 1 << -2 << abcd;
-    QTest::newRow("from nothing") << QStringList() << 0 << 1 << QStringList();
-    QTest::newRow("nothing from nothing") << QStringList() << 0 << 0 << QStringList();
+    Models::rowsToRemove();
 }
 
 void TestMyModel::removeRows()
@@ -631,22 +520,12 @@ void TestMyModel::removeRows()
     QFETCH(QStringList, before);
     QFETCH(int, position);
     QFETCH(int, count);
+    QFETCH(QStringList, after);
     MyModel model(titled(before));
-    QSignalSpy about(&model, &QAbstractItemModel::rowsAboutToBeRemoved);
-    QSignalSpy done(&model, &QAbstractItemModel::rowsRemoved);
-    QStringList onAbout;
-    QStringList onDone;
-    connect(&model, &QAbstractItemModel::rowsAboutToBeRemoved, &model, [&] { onAbout = titles(model); });
-    connect(&model, &QAbstractItemModel::rowsRemoved, &model, [&] { onDone = titles(model); });
-
+    const Models::RowLog log(model);
     QVERIFY(model.removeRows(position, count, model.index(0, 0)));
-
-    QTEST(titles(model), "after");
-    const QVariantList told = {QModelIndex(), position, position + count - 1};
-    QCOMPARE(about, QList<QVariantList>{told});
-    QCOMPARE(done, QList<QVariantList>{told});
-    QCOMPARE(onAbout, before);
-    QTEST(onDone, "after");
+    QCOMPARE(Models::firstColumn(model), after);
+    QCOMPARE(log.lines, Models::RowLog::of("remove", position, count, before, after));
 }
 
 void TestMyModel::mimeDataBytes()
@@ -692,7 +571,7 @@ void TestMyModel::mimeDataRecord()
     model.setData(model.index(0, 0), color, Qt::DecorationRole);
     const std::unique_ptr<QMimeData> data(model.mimeData({model.index(0, 0)}));
     QCOMPARE(data->data("application/vnd.text.list"),
-             textBytes({"0", "0", "Strobe", "3", "Strobe slow", "1", "41", "1", {}, {}, {}}));
+             Payload::textBytes({"0", "0", "Strobe", "3", "Strobe slow", "1", "41", "1", {}, {}, {}}));
     QTEST(data->data("application/x-color").toHex(), "bytes");
     QCOMPARE(data->data("application/x-color").size(), 11);
 }
@@ -703,9 +582,10 @@ void TestMyModel::mimeDataOfSeveral()
     model.setData(model.index(2, 0), "#000001", Qt::DecorationRole);
     const std::unique_ptr<QMimeData> data(model.mimeData({model.index(2, 0), {}, model.index(0, 0)}));
     QCOMPARE(data->data("application/vnd.text.list"),
-             textBytes({"2", "0", "c", "3", "Strobe slow", "1", "41", "1", {}, {}, {}})
-                 + textBytes({"0", "0", "a", "3", "Strobe slow", "1", "41", "1", {}, {}, {}}));
-    QCOMPARE(data->data("application/x-color"), colorBytes(0, 0, 1) + colorBytes(0x12, 0xab, 0xcd));
+             Payload::textBytes({"2", "0", "c", "3", "Strobe slow", "1", "41", "1", {}, {}, {}})
+                 + Payload::textBytes({"0", "0", "a", "3", "Strobe slow", "1", "41", "1", {}, {}, {}}));
+    QCOMPARE(data->data("application/x-color"),
+             Payload::colorBytes(0, 0, 1) + Payload::colorBytes(0x12, 0xab, 0xcd));
 }
 
 void TestMyModel::mimeDataOfNothing_data()
@@ -732,7 +612,7 @@ void TestMyModel::mimeDataOfRowThatIsGone()
     model.removeRows(1, 1);
     const std::unique_ptr<QMimeData> data(model.mimeData({stale}));
     QCOMPARE(data->data("application/vnd.text.list"),
-             textBytes({"1", "0", {}, {}, {}, "1", {}, "1", {}, {}, {}}));
+             Payload::textBytes({"1", "0", {}, {}, {}, "1", {}, "1", {}, {}, {}}));
     QCOMPARE(data->data("application/x-color").toHex(), QByteArray("00ffff0000000000000000"));
 }
 
@@ -752,14 +632,14 @@ void TestMyModel::drop_data()
     QTest::addColumn<QStringList>("texts");
     QTest::addColumn<QByteArray>("colors");
     QTest::addColumn<QStringList>("stored"); // title, page, display name, source, button, colour
-    const QByteArray color = colorBytes(0xab, 0xcd, 0xef);
+    const QByteArray color = Payload::colorBytes(0xab, 0xcd, 0xef);
     QTest::newRow("own record") << QStringList{"2", "0", "Fog", "5", "Fog low", "1", "8", "1", {}, {}, {}}
                                 << color << QStringList{"0", "Fog", "5", "Fog low", "1", "#abcdef"};
     QTest::newRow("record of a pad") << QStringList{"2", "1", "Fog", "5", "Fog low", "0", "8"} << color
                                      << QStringList{"1", "Fog", "5", "Fog low", "0", "#abcdef"};
     QTest::newRow("two records, two colours")
         << QStringList{"2", "0", "Fog", "5", "Fog low", "0", "8", "3", "1", "Par", "6", "Par low", "0", "9"}
-        << color + colorBytes(1, 2, 3) << QStringList{"0", "Fog", "5", "Fog low", "0", "#abcdef"};
+        << color + Payload::colorBytes(1, 2, 3) << QStringList{"0", "Fog", "5", "Fog low", "0", "#abcdef"};
     QTest::newRow("six texts") << QStringList{"2", "0", "Fog", "5", "Fog low", "1"} << color
                                << QStringList{"0", "Fog", "5", "Fog low", "1", "#abcdef"};
     QTest::newRow("three texts") << QStringList{"2", "0", "Fog"} << color
@@ -786,7 +666,8 @@ void TestMyModel::drop()
             expected[1][keys.at(i)] = stored.at(i);
 
         // Row and column of the drop do not count, its parent does.
-        QVERIFY(model.dropMimeData(payload(textBytes(texts), colors).get(), action, 2, 0, model.index(1, 0)));
+        QVERIFY(model.dropMimeData(Payload::of(Payload::textBytes(texts), colors).get(), action, 2, 0,
+                                   model.index(1, 0)));
         QCOMPARE(model.getlist(), expected);
     }
 }
@@ -806,7 +687,7 @@ void TestMyModel::dropRefused()
     MyModel model({strobe()});
     QMimeData data;
     for (const QString &format : formats)
-        data.setData(format, textBytes({"0", "0", "Fog", "5", "Fog low", "1", "8"}));
+        data.setData(format, Payload::textBytes({"0", "0", "Fog", "5", "Fog low", "1", "8"}));
     QVERIFY(!model.dropMimeData(&data, Qt::CopyAction, -1, -1, model.index(0, 0)));
     QCOMPARE(model.getlist(), QList<Record>{strobe()});
 }
@@ -821,7 +702,8 @@ void TestMyModel::dropWithoutData()
 void TestMyModel::dropIgnored()
 {
     MyModel model({strobe()});
-    const auto whole = payload(textBytes({"0", "0", "Fog", "5", "Fog low", "1", "8"}), colorBytes(1, 2, 3));
+    const auto whole = Payload::of(Payload::textBytes({"0", "0", "Fog", "5", "Fog low", "1", "8"}),
+                                   Payload::colorBytes(1, 2, 3));
     const QMimeData nothing;
     QVERIFY(model.dropMimeData(whole.get(), Qt::IgnoreAction, -1, -1, model.index(0, 0)));
     QVERIFY(model.dropMimeData(&nothing, Qt::IgnoreAction, -1, -1, model.index(0, 0)));
@@ -835,10 +717,10 @@ void TestMyModel::dropDamaged_data()
     QTest::addColumn<QString>("title"); // comes from the second text
     QTest::addColumn<bool>("result");
     QTest::addColumn<QString>("color");
-    const QByteArray whole = textBytes({"2", "0", "Fog", "5", "Fog low", "1"});
+    const QByteArray whole = Payload::textBytes({"2", "0", "Fog", "5", "Fog low", "1"});
     const QByteArray odd = QByteArray::fromHex("00000003003100");
     const QByteArray tooLong = QByteArray::fromHex("fffffffe00310032");
-    const QByteArray color = colorBytes(1, 2, 3);
+    const QByteArray color = Payload::colorBytes(1, 2, 3);
     QTest::newRow("no text") << QByteArray() << color << "Strobe" << false << "#12aBcD";
     QTest::newRow("half a length") << whole.left(2) << color << "Strobe" << false << "#12aBcD";
     QTest::newRow("first text cut off") << whole.left(5) << color << "Strobe" << false << "#12aBcD";
@@ -855,7 +737,7 @@ void TestMyModel::dropDamaged()
     QFETCH(QByteArray, texts);
     QFETCH(QByteArray, colors);
     MyModel model({strobe(), strobe()});
-    QTEST(model.dropMimeData(payload(texts, colors).get(), Qt::CopyAction, -1, -1, model.index(1, 0)),
+    QTEST(model.dropMimeData(Payload::of(texts, colors).get(), Qt::CopyAction, -1, -1, model.index(1, 0)),
           "result");
     QCOMPARE(model.rowCount(), 2);
     QCOMPARE(model.getlist().at(0), strobe());
@@ -866,9 +748,10 @@ void TestMyModel::dropDamaged()
 void TestMyModel::dropBeside()
 {
     MyModel model({strobe()});
-    const auto data = payload(textBytes({"0", "0", "Fog", "5", "Fog low", "1", "8"}), colorBytes(1, 2, 3));
+    const auto data = Payload::of(Payload::textBytes({"0", "0", "Fog", "5", "Fog low", "1", "8"}),
+                                  Payload::colorBytes(1, 2, 3));
     QVERIFY(model.dropMimeData(data.get(), Qt::CopyAction, 0, 0, {}));
-    QVERIFY(model.dropMimeData(data.get(), Qt::CopyAction, 0, 0, IndexMaker::make(model, 7, 0)));
+    QVERIFY(model.dropMimeData(data.get(), Qt::CopyAction, 0, 0, Models::lostIndex(model, 7, 0)));
     QCOMPARE(model.getlist(), QList<Record>{strobe()});
 }
 
@@ -934,7 +817,7 @@ void TestMyModel::neverTellsOfChanges()
 
 void TestMyModel::modelContract()
 {
-    const ComplaintCollector collector;
+    const Models::Complaints complaints(MeantComplaints);
     MyModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
     model.insertRows(0, 5);
@@ -945,18 +828,19 @@ void TestMyModel::modelContract()
     model.removeRows(3, 2);
     model.removeRows(0, 1);
     model.removeRows(0, model.rowCount());
-    QCOMPARE(complaints, QStringList());
+    QCOMPARE(Models::Complaints::found(), QStringList());
 }
 
 void TestMyModel::modelContractFrontStorage()
 {
-    const ComplaintCollector collector;
+    const Models::Complaints complaints(MeantComplaints);
     MyModel model(titled({"a", "b", "c"}));
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
     // The view is told of row 1, and the new row is row 0: what stood before row 1 is not the same.
     model.insertRows(1, 1);
-    QCOMPARE(complaints.size(), 1);
-    QVERIFY2(complaints.at(0).contains("model->index(start - 1, 0, c.parent)"), qPrintable(complaints.at(0)));
+    QCOMPARE(Models::Complaints::found().size(), 1);
+    QVERIFY2(Models::Complaints::found().at(0).contains("model->index(start - 1, 0, c.parent)"),
+             qPrintable(Models::Complaints::found().at(0)));
 }
 
 QTEST_MAIN(TestMyModel)

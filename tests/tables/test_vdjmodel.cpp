@@ -1,3 +1,5 @@
+#include "support/models.h"
+#include "support/payload.h"
 #include "tables/record.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
@@ -14,48 +16,6 @@
 #include <memory>
 
 namespace {
-
-void appendNumber(QByteArray &bytes, uint number, int size)
-{
-    for (int shift = 8 * (size - 1); shift >= 0; shift -= 8)
-        bytes.append(char(number >> shift));
-}
-
-/** Texts as they travel: length in bytes and UTF-16, big-endian; a null text has the length 0xFFFFFFFF. */
-QByteArray textBytes(const QStringList &texts)
-{
-    QByteArray bytes;
-    for (const QString &text : texts) {
-        appendNumber(bytes, text.isNull() ? 0xffffffffU : uint(text.size()) * 2, 4);
-        for (const QChar unit : text)
-            appendNumber(bytes, unit.unicode(), 2);
-    }
-    return bytes;
-}
-
-/** A colour as it travels: RGB, full alpha, each channel times 257, padding. */
-QByteArray colorBytes(uint red, uint green, uint blue)
-{
-    QByteArray bytes = QByteArray::fromHex("01ffff");
-    for (const uint channel : {red, green, blue})
-        appendNumber(bytes, channel * 257, 2);
-    return bytes + QByteArray::fromHex("0000");
-}
-
-std::unique_ptr<QMimeData> payload(const QByteArray &texts, const QByteArray &colors)
-{
-    auto data = std::make_unique<QMimeData>();
-    data->setData("application/vnd.text.list", texts);
-    data->setData("application/x-color", colors);
-    return data;
-}
-
-/** What the Live Buttons send: button 8 in row 4, "Fog" of page 5, in the colour #abcdef. */
-std::unique_ptr<QMimeData> fog(const QString &origin = "1")
-{
-    return payload(textBytes({"4", "0", "Fog", "5", "Fog low", origin, "8", "1", {}, {}, {}}),
-                   colorBytes(0xab, 0xcd, 0xef));
-}
 
 /** A pad's texts in the order name, page, display name, button, colour. */
 using Pad = QStringList;
@@ -176,28 +136,10 @@ public:
     /** Drops data at a point of the viewport; whether the view took it. */
     bool drop(const QMimeData &data, const QPoint &point, Qt::DropAction action = Qt::CopyAction)
     {
-        QDragEnterEvent enter(point, action, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(view.viewport(), &enter);
-        QDragMoveEvent move(point, action, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(view.viewport(), &move);
-        if (!move.isAccepted())
-            return false;
-        QDropEvent drop(point, action, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(view.viewport(), &drop);
-        return drop.isAccepted();
+        return Models::drop(view, data, point, action);
     }
 
     QTableView view;
-};
-
-/** Makes createIndex() of a final model callable, for cells that index() would refuse. */
-struct IndexMaker : QAbstractItemModel
-{
-    static QModelIndex make(const QAbstractItemModel &model, int row, int column)
-    {
-        QModelIndex (QAbstractItemModel::*const create)(int, int, void *) const = &IndexMaker::createIndex;
-        return (model.*create)(row, column, nullptr);
-    }
 };
 
 /** Rows that differ by the names in their first column. */
@@ -209,37 +151,8 @@ QList<QList<Record>> named(const QStringList &names)
     return rows;
 }
 
-QStringList names(const VDJModel &model)
-{
-    QStringList names;
-    for (const QList<Record> &row : model.getlist())
-        names.append(row.at(0).value("name"));
-    return names;
-}
-
-QStringList complaints;
-
-void collectComplaint(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString &message)
-{
-    // The table ignores the parent when it counts rows, and a lost index has the flags of a filled pad.
-    for (const char *known : {"hasChildren(topIndex)", "model->parent(childIndex)", "flags == 0"}) {
-        if (message.contains(known))
-            return;
-    }
-    complaints.append(message);
-}
-
-/** Collects what a model tester finds, but for the ways in which the table is meant to depart. */
-class ComplaintCollector final
-{
-public:
-    ComplaintCollector() : m_previous(qInstallMessageHandler(collectComplaint)) { complaints.clear(); }
-    ~ComplaintCollector() { qInstallMessageHandler(m_previous); }
-    Q_DISABLE_COPY(ComplaintCollector)
-
-private:
-    QtMessageHandler m_previous;
-};
+/** The table ignores the parent when it counts rows, and a lost index has the flags of a filled pad. */
+const QStringList MeantComplaints = {"hasChildren(topIndex)", "model->parent(childIndex)", "flags == 0"};
 
 } // namespace
 
@@ -249,7 +162,7 @@ class TestVdjModel final : public QObject
     Q_OBJECT
 
 private slots:
-    void face();
+    void metaObjectOfTheClass();
     void emptyTable();
     void freshRow();
     void listGivenAtStart();
@@ -339,7 +252,7 @@ private slots:
     void modelContractFrontStorage();
 };
 
-void TestVdjModel::face()
+void TestVdjModel::metaObjectOfTheClass()
 {
     const QMetaObject &meta = VDJModel::staticMetaObject;
     QCOMPARE(meta.className(), "VDJModel");
@@ -356,7 +269,7 @@ void TestVdjModel::emptyTable()
     QCOMPARE(model.columnCount(), 2);
     QVERIFY(model.getlist().isEmpty());
     QCOMPARE(model.data({}, Qt::DisplayRole), QVariant());
-    QCOMPARE(model.data(IndexMaker::make(model, 0, 0), Qt::BackgroundRole), QVariant());
+    QCOMPARE(model.data(Models::lostIndex(model, 0, 0), Qt::BackgroundRole), QVariant());
 }
 
 void TestVdjModel::freshRow()
@@ -467,7 +380,7 @@ void TestVdjModel::readOffTheTable()
     QVERIFY(!pads.model.index(row, column).isValid());
     for (const int role : {int(Qt::DisplayRole), int(Qt::DecorationRole), int(Qt::ToolTipRole),
                            int(Qt::BackgroundRole), int(PageRole), int(ButtonRole)})
-        QCOMPARE(pads.model.data(IndexMaker::make(pads.model, row, column), role), QVariant());
+        QCOMPARE(pads.model.data(Models::lostIndex(pads.model, row, column), role), QVariant());
 }
 
 void TestVdjModel::rowOfOneCell()
@@ -477,7 +390,7 @@ void TestVdjModel::rowOfOneCell()
     QCOMPARE(model.data(model.index(0, 1), Qt::EditRole).toString(), QString());
     QCOMPARE(model.data(model.index(0, 1), ButtonRole).toString(), QString());
     model.setData(model.index(0, 1), "x", Qt::EditRole);
-    QVERIFY(model.dropMimeData(fog().get(), Qt::CopyAction, -1, -1, model.index(0, 1)));
+    QVERIFY(model.dropMimeData(Payload::fog().get(), Qt::CopyAction, -1, -1, model.index(0, 1)));
     QCOMPARE(model.getlist().at(0).at(0), record(strobe));
 }
 
@@ -595,7 +508,7 @@ void TestVdjModel::writeOffTheTable()
     QFETCH(int, row);
     QFETCH(int, column);
     Pads pads;
-    const QModelIndex lost = IndexMaker::make(pads.model, row, column);
+    const QModelIndex lost = Models::lostIndex(pads.model, row, column);
     for (const int role :
          {int(Qt::DisplayRole), int(Qt::EditRole), int(Qt::DecorationRole), int(PageRole), int(ButtonRole)})
         QVERIFY(!pads.model.setData(lost, "x", role));
@@ -728,20 +641,7 @@ void TestVdjModel::actions()
 
 void TestVdjModel::insertRows_data()
 {
-    QTest::addColumn<QStringList>("before");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QStringList>("after");
-    const QStringList abc = {"a", "b", "c"};
-    QTest::newRow("one into nothing") << QStringList() << 0 << 1 << QStringList{"1"};
-    QTest::newRow("three into nothing") << QStringList() << 0 << 3 << QStringList{"1", "1", "1"};
-    QTest::newRow("one at the front") << abc << 0 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("one in the middle lands in front") << abc << 1 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("two at the end land in front") << abc << 3 << 2 << QStringList{"1", "1", "a", "b", "c"};
-    QTest::newRow("position 5 of 3 rows lands in front") << abc << 5 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("position -1 lands in front") << abc << -1 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("none") << abc << 1 << 0 << abc;
-    QTest::newRow("fewer than none") << abc << 1 << -2 << abc;
+    Models::rowsToInsert();
 }
 
 void TestVdjModel::insertRows()
@@ -749,42 +649,17 @@ void TestVdjModel::insertRows()
     QFETCH(QStringList, before);
     QFETCH(int, position);
     QFETCH(int, count);
+    QFETCH(QStringList, after);
     VDJModel model(named(before));
-    QSignalSpy about(&model, &QAbstractItemModel::rowsAboutToBeInserted);
-    QSignalSpy done(&model, &QAbstractItemModel::rowsInserted);
-    QStringList onAbout;
-    QStringList onDone;
-    connect(&model, &QAbstractItemModel::rowsAboutToBeInserted, &model, [&] { onAbout = names(model); });
-    connect(&model, &QAbstractItemModel::rowsInserted, &model, [&] { onDone = names(model); });
-
+    const Models::RowLog log(model);
     QVERIFY(model.insertRows(position, count, model.index(0, 0)));
-
-    QTEST(names(model), "after");
-    const QVariantList told = {QModelIndex(), position, position + count - 1};
-    QCOMPARE(about, QList<QVariantList>{told});
-    QCOMPARE(done, QList<QVariantList>{told});
-    QCOMPARE(onAbout, before);
-    QTEST(onDone, "after");
+    QCOMPARE(Models::firstColumn(model), after);
+    QCOMPARE(log.lines, Models::RowLog::of("insert", position, count, before, after));
 }
 
 void TestVdjModel::removeRows_data()
 {
-    QTest::addColumn<QStringList>("before");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QStringList>("after");
-    const QStringList abcd = {"a", "b", "c", "d"};
-    QTest::newRow("first") << abcd << 0 << 1 << QStringList{"b", "c", "d"};
-    QTest::newRow("middle two") << abcd << 1 << 2 << QStringList{"a", "d"};
-    QTest::newRow("last") << abcd << 3 << 1 << QStringList{"a", "b", "c"};
-    QTest::newRow("three from row 2 of 4") << abcd << 2 << 3 << QStringList{"a", "b"};
-    QTest::newRow("all") << abcd << 0 << 4 << QStringList();
-    QTest::newRow("more than all") << abcd << 0 << 60000 << QStringList();
-    QTest::newRow("behind the last") << abcd << 4 << 1 << abcd;
-    QTest::newRow("before the first") << abcd << -1 << 2 << abcd;
-    QTest::newRow("none") << abcd << 1 << 0 << abcd;
-    QTest::newRow("fewer than none") << abcd << 1 << -2 << abcd;
-    QTest::newRow("nothing from nothing") << QStringList() << 0 << 0 << QStringList();
+    Models::rowsToRemove();
 }
 
 void TestVdjModel::removeRows()
@@ -792,22 +667,12 @@ void TestVdjModel::removeRows()
     QFETCH(QStringList, before);
     QFETCH(int, position);
     QFETCH(int, count);
+    QFETCH(QStringList, after);
     VDJModel model(named(before));
-    QSignalSpy about(&model, &QAbstractItemModel::rowsAboutToBeRemoved);
-    QSignalSpy done(&model, &QAbstractItemModel::rowsRemoved);
-    QStringList onAbout;
-    QStringList onDone;
-    connect(&model, &QAbstractItemModel::rowsAboutToBeRemoved, &model, [&] { onAbout = names(model); });
-    connect(&model, &QAbstractItemModel::rowsRemoved, &model, [&] { onDone = names(model); });
-
+    const Models::RowLog log(model);
     QVERIFY(model.removeRows(position, count, model.index(0, 0)));
-
-    QTEST(names(model), "after");
-    const QVariantList told = {QModelIndex(), position, position + count - 1};
-    QCOMPARE(about, QList<QVariantList>{told});
-    QCOMPARE(done, QList<QVariantList>{told});
-    QCOMPARE(onAbout, before);
-    QTEST(onDone, "after");
+    QCOMPARE(Models::firstColumn(model), after);
+    QCOMPARE(log.lines, Models::RowLog::of("remove", position, count, before, after));
 }
 
 void TestVdjModel::mimeTypes()
@@ -841,9 +706,10 @@ void TestVdjModel::mimeDataOfSeveral()
     const std::unique_ptr<QMimeData> data(
         pads.model.mimeData({pads.model.index(63, 1), {}, pads.model.index(0, 0)}));
     QCOMPARE(data->data("application/vnd.text.list"),
-             textBytes({"63", "1", "My strobe", "3", "Strobe", "0", "41"})
-                 + textBytes({"0", "0", "1", "0", "1", "0", "-1"}));
-    QCOMPARE(data->data("application/x-color"), colorBytes(0x10, 0x20, 0x30) + colorBytes(0, 0, 0));
+             Payload::textBytes({"63", "1", "My strobe", "3", "Strobe", "0", "41"})
+                 + Payload::textBytes({"0", "0", "1", "0", "1", "0", "-1"}));
+    QCOMPARE(data->data("application/x-color"),
+             Payload::colorBytes(0x10, 0x20, 0x30) + Payload::colorBytes(0, 0, 0));
 }
 
 void TestVdjModel::mimeDataOfNothing_data()
@@ -869,7 +735,7 @@ void TestVdjModel::mimeDataOfRowThatIsGone()
     const QModelIndex stale = pads.model.index(63, 0);
     pads.model.removeRows(63, 1);
     const std::unique_ptr<QMimeData> data(pads.model.mimeData({stale}));
-    QCOMPARE(data->data("application/vnd.text.list"), textBytes({"63", "0", {}, {}, {}, "0", {}}));
+    QCOMPARE(data->data("application/vnd.text.list"), Payload::textBytes({"63", "0", {}, {}, {}, "0", {}}));
     QCOMPARE(data->data("application/x-color").toHex(), QByteArray("00ffff0000000000000000"));
 }
 
@@ -914,7 +780,7 @@ void TestVdjModel::dropLiveButton()
         pads.fill(row, column, before);
         pads.fill(4, 0, par); // where the Live Button's row and column would point in this table
         const Listener listener(pads.model);
-        QVERIFY(pads.model.dropMimeData(fog().get(), action, -1, -1, pads.model.index(row, column)));
+        QVERIFY(pads.model.dropMimeData(Payload::fog().get(), action, -1, -1, pads.model.index(row, column)));
 
         QCOMPARE(padAt(pads.model, row, column), foggy);
         QCOMPARE(padAt(pads.model, 4, 0), par);
@@ -949,7 +815,7 @@ void TestVdjModel::dropLiveButtonThroughTheView()
     QVERIFY(QTest::qWaitForWindowExposed(&view.view));
     const Listener listener(pads.model);
 
-    QVERIFY(view.drop(*fog(), view.middleOf(2, column), Qt::DropAction(action)));
+    QVERIFY(view.drop(*Payload::fog(), view.middleOf(2, column), Qt::DropAction(action)));
 
     QCOMPARE(pads.filled(), QStringList{Pads::told(2, column, foggy)});
     QTEST(listener.heard, "heard");
@@ -960,7 +826,7 @@ void TestVdjModel::replacedButtonIsToldLast()
     Pads pads;
     pads.fill(2, 1, strobe);
     const Listener listener(pads.model, pads.model.index(2, 1));
-    QVERIFY(pads.model.dropMimeData(fog().get(), Qt::CopyAction, -1, -1, pads.model.index(2, 1)));
+    QVERIFY(pads.model.dropMimeData(Payload::fog().get(), Qt::CopyAction, -1, -1, pads.model.index(2, 1)));
     QCOMPARE(listener.heard, (QStringList{"ItemDroped(4,2) while the pad holds 8",
                                           "ItemToUncheck(41) while the pad holds 8"}));
 }
@@ -969,12 +835,12 @@ void TestVdjModel::dropTakesItsPlaceFromTheParent()
 {
     Pads pads;
     const Listener listener(pads.model);
-    QVERIFY(pads.model.dropMimeData(fog().get(), Qt::CopyAction, 20, 0, pads.model.index(5, 1)));
+    QVERIFY(pads.model.dropMimeData(Payload::fog().get(), Qt::CopyAction, 20, 0, pads.model.index(5, 1)));
     // Row and column of the parent count, whosever index it is; what it holds does not.
     QStandardItemModel other(64, 2);
     other.setData(other.index(6, 1), "3", PageRole);
     other.setData(other.index(6, 1), "77", ButtonRole);
-    QVERIFY(pads.model.dropMimeData(fog().get(), Qt::CopyAction, 20, 0, other.index(6, 1)));
+    QVERIFY(pads.model.dropMimeData(Payload::fog().get(), Qt::CopyAction, 20, 0, other.index(6, 1)));
     QCOMPARE(pads.filled(), (QStringList{Pads::told(5, 1, foggy), Pads::told(6, 1, foggy)}));
     QCOMPARE(listener.heard, (QStringList{"ItemDroped(4,5)", "ItemDroped(4,6)"}));
 }
@@ -996,7 +862,8 @@ void TestVdjModel::dropOfUnknownOrigin()
     pads.fill(2, 0, strobe);
     pads.fill(4, 0, par);
     const Listener listener(pads.model);
-    QVERIFY(pads.model.dropMimeData(fog(origin).get(), Qt::CopyAction, -1, -1, pads.model.index(2, 0)));
+    QVERIFY(
+        pads.model.dropMimeData(Payload::fog(origin).get(), Qt::CopyAction, -1, -1, pads.model.index(2, 0)));
     // Not from this table, so the drop is told; not from the Live Buttons, so nothing is unchecked.
     QCOMPARE(listener.heard, QStringList{"ItemDroped(4,2)"});
     QCOMPARE(pads.filled(), (QStringList{Pads::told(2, 0, foggy), Pads::told(4, 0, par)}));
@@ -1021,19 +888,19 @@ void TestVdjModel::dropColors_data()
 {
     QTest::addColumn<QByteArray>("colors");
     QTest::addColumn<QString>("color");
-    QTest::newRow("one") << colorBytes(0xAB, 0xCD, 0xEF) << "#abcdef";
-    QTest::newRow("two") << colorBytes(1, 2, 3) + colorBytes(4, 5, 6) << "#010203";
+    QTest::newRow("one") << Payload::colorBytes(0xAB, 0xCD, 0xEF) << "#abcdef";
+    QTest::newRow("two") << Payload::colorBytes(1, 2, 3) + Payload::colorBytes(4, 5, 6) << "#010203";
     QTest::newRow("see-through") << QByteArray::fromHex("018080ffff000000000000") << "#ff0000";
     QTest::newRow("invalid") << QByteArray::fromHex("00ffff0000000000000000") << "#000000";
     QTest::newRow("none") << QByteArray() << "";
-    QTest::newRow("cut off") << colorBytes(1, 2, 3).left(10) << "";
+    QTest::newRow("cut off") << Payload::colorBytes(1, 2, 3).left(10) << "";
 }
 
 void TestVdjModel::dropColors()
 {
     QFETCH(QByteArray, colors);
     Pads pads;
-    const auto data = payload(textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}), colors);
+    const auto data = Payload::of(Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}), colors);
     QVERIFY(pads.model.dropMimeData(data.get(), Qt::CopyAction, -1, -1, pads.model.index(2, 0)));
     Pad pad = padAt(pads.model, 2, 0);
     QTEST(pad.takeLast(), "color");
@@ -1176,7 +1043,7 @@ void TestVdjModel::movePadFromOutside()
     QFETCH(int, column);
     const QStringList texts = {
         QString::number(row), QString::number(column), "Fog", "5", "Fog low", "0", "8"};
-    const auto data = payload(textBytes(texts), colorBytes(0xab, 0xcd, 0xef));
+    const auto data = Payload::of(Payload::textBytes(texts), Payload::colorBytes(0xab, 0xcd, 0xef));
     Pads pads;
     pads.fill(7, 0, strobe);
     const Listener listener(pads.model);
@@ -1199,9 +1066,9 @@ void TestVdjModel::dropBeside()
     Pads pads;
     pads.fill(9, 1, strobe);
     const Listener listener(pads.model);
-    const QModelIndex lost = row < 0 ? QModelIndex() : IndexMaker::make(pads.model, row, 0);
+    const QModelIndex lost = row < 0 ? QModelIndex() : Models::lostIndex(pads.model, row, 0);
 
-    QVERIFY(pads.model.dropMimeData(fog().get(), Qt::CopyAction, 3, 0, lost));
+    QVERIFY(pads.model.dropMimeData(Payload::fog().get(), Qt::CopyAction, 3, 0, lost));
     QCOMPARE(pads.filled(), QStringList{Pads::told(9, 1, strobe)});
     QCOMPARE(listener.heard, QStringList{QString("ItemDroped(4,%1)").arg(row)});
 
@@ -1230,13 +1097,13 @@ void TestVdjModel::dropBesideThroughTheView()
                                  : view.view.visualRect(model.index(2, 0)).bottomLeft() + QPoint(20, 100);
     QCOMPARE(view.view.indexAt(point).isValid(), onALine);
 
-    QVERIFY(view.drop(*fog(), point));
-    QCOMPARE(names(model), (QStringList{"a", "b", "c"}));
+    QVERIFY(view.drop(*Payload::fog(), point));
+    QCOMPARE(Models::firstColumn(model), (QStringList{"a", "b", "c"}));
     QCOMPARE(listener.heard, QStringList{"ItemDroped(4,-1)"});
 
     const std::unique_ptr<QMimeData> data(model.mimeData({model.index(2, 0)}));
     QVERIFY(view.drop(*data, point));
-    QCOMPARE(names(model), (QStringList{"a", "b", "PAD 3"}));
+    QCOMPARE(Models::firstColumn(model), (QStringList{"a", "b", "PAD 3"}));
     QCOMPARE(padAt(model, 2, 0), (Pad{"PAD 3", "", "", "", ""}));
     QCOMPARE(listener.heard.size(), 1);
 }
@@ -1258,7 +1125,7 @@ void TestVdjModel::dropRefused()
     const Listener listener(pads.model);
     QMimeData data;
     for (const QString &format : formats)
-        data.setData(format, textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}));
+        data.setData(format, Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}));
     for (const QModelIndex &to : {pads.model.index(2, 0), pads.model.index(0, 0), QModelIndex()})
         QVERIFY(!pads.model.dropMimeData(&data, Qt::CopyAction, -1, -1, to));
     QVERIFY(!pads.model.dropMimeData(nullptr, Qt::CopyAction, -1, -1, pads.model.index(2, 0)));
@@ -1274,7 +1141,7 @@ void TestVdjModel::dropRefusedThroughTheView()
     const Listener listener(pads.model);
     for (const char *format : {"application/vnd.text.list", "application/x-color", "text/plain"}) {
         QMimeData data;
-        data.setData(format, textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}));
+        data.setData(format, Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}));
         QVERIFY2(!view.drop(data, view.middleOf(2, 0)), format);
     }
     QCOMPARE(pads.filled(), QStringList());
@@ -1287,7 +1154,7 @@ void TestVdjModel::dropIgnored()
     pads.fill(2, 0, strobe);
     const Listener listener(pads.model);
     const QMimeData nothing;
-    QVERIFY(pads.model.dropMimeData(fog().get(), Qt::IgnoreAction, -1, -1, pads.model.index(2, 0)));
+    QVERIFY(pads.model.dropMimeData(Payload::fog().get(), Qt::IgnoreAction, -1, -1, pads.model.index(2, 0)));
     QVERIFY(pads.model.dropMimeData(pads.drag(2, 0).get(), Qt::IgnoreAction, -1, -1, pads.model.index(3, 0)));
     QVERIFY(pads.model.dropMimeData(&nothing, Qt::IgnoreAction, -1, -1, pads.model.index(2, 0)));
     QCOMPARE(pads.filled(), QStringList{Pads::told(2, 0, strobe)});
@@ -1307,16 +1174,18 @@ void TestVdjModel::dropDamaged_data()
     QTest::newRow("odd length") << QByteArray::fromHex("00000003003400") << false << strobe << QStringList();
     QTest::newRow("length far past the end")
         << QByteArray::fromHex("fffffffe00310032") << false << strobe << QStringList();
-    QTest::newRow("row alone") << textBytes({"4"}) << true << Pad{"PAD 3", "", "", "", "#abcdef"} << told;
-    QTest::newRow("no origin") << textBytes({"4", "0", "Fog", "5", "Fog low"}) << true
+    QTest::newRow("row alone") << Payload::textBytes({"4"}) << true << Pad{"PAD 3", "", "", "", "#abcdef"}
+                               << told;
+    QTest::newRow("no origin") << Payload::textBytes({"4", "0", "Fog", "5", "Fog low"}) << true
                                << Pad{"Fog", "5", "Fog low", "", "#abcdef"} << told;
-    QTest::newRow("no button") << textBytes({"4", "0", "Fog", "5", "Fog low", "1"}) << true
+    QTest::newRow("no button") << Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1"}) << true
                                << Pad{"Fog", "5", "Fog low", "", "#abcdef"} << toldAndUnchecked;
-    QTest::newRow("half a button") << textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}).chopped(1)
-                                   << true << Pad{"Fog", "5", "Fog low", "", "#abcdef"} << toldAndUnchecked;
-    QTest::newRow("seven texts are enough")
-        << textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}) << true << foggy << toldAndUnchecked;
-    QTest::newRow("null texts") << textBytes({"4", "0", {}, {}, {}, "1", {}}) << true
+    QTest::newRow("half a button")
+        << Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"}).chopped(1) << true
+        << Pad{"Fog", "5", "Fog low", "", "#abcdef"} << toldAndUnchecked;
+    QTest::newRow("seven texts are enough") << Payload::textBytes({"4", "0", "Fog", "5", "Fog low", "1", "8"})
+                                            << true << foggy << toldAndUnchecked;
+    QTest::newRow("null texts") << Payload::textBytes({"4", "0", {}, {}, {}, "1", {}}) << true
                                 << Pad{"PAD 3", "", "", "", "#abcdef"} << toldAndUnchecked;
 }
 
@@ -1328,8 +1197,8 @@ void TestVdjModel::dropDamaged()
     pads.fill(2, 0, strobe);
     pads.fill(4, 0, par);
     const Listener listener(pads.model);
-    QTEST(pads.model.dropMimeData(payload(texts, colorBytes(0xab, 0xcd, 0xef)).get(), Qt::CopyAction, -1, -1,
-                                  pads.model.index(2, 0)),
+    QTEST(pads.model.dropMimeData(Payload::of(texts, Payload::colorBytes(0xab, 0xcd, 0xef)).get(),
+                                  Qt::CopyAction, -1, -1, pads.model.index(2, 0)),
           "result");
     QCOMPARE(pads.filled(), (QStringList{Pads::told(2, 0, pad), Pads::told(4, 0, par)}));
     QTEST(listener.heard, "heard");
@@ -1345,12 +1214,12 @@ void TestVdjModel::dropCutAnywhere_data()
 void TestVdjModel::dropCutAnywhere()
 {
     QFETCH(QString, origin);
-    const QByteArray texts = fog(origin)->data("application/vnd.text.list");
-    const QByteArray colors = fog(origin)->data("application/x-color");
+    const QByteArray texts = Payload::fog(origin)->data("application/vnd.text.list");
+    const QByteArray colors = Payload::fog(origin)->data("application/x-color");
     for (int size = 0; size <= texts.size(); ++size) {
         Pads pads;
         pads.fill(20, 1, strobe);
-        const auto data = payload(texts.left(size), colors.left(size % 12));
+        const auto data = Payload::of(texts.left(size), colors.left(size % 12));
         const bool holdsFirstText = size >= 6;
         for (const QModelIndex &to : {pads.model.index(2, 0), pads.model.index(4, 0), QModelIndex()})
             QCOMPARE(pads.model.dropMimeData(data.get(), Qt::CopyAction, -1, -1, to), holdsFirstText);
@@ -1430,7 +1299,7 @@ void TestVdjModel::neverTellsOfChanges()
     for (const QModelIndex &to : {model.index(2, 1), model.index(2, 1), QModelIndex()}) // move, swap, beside
         QVERIFY(model.dropMimeData(data.get(), Qt::CopyAction, -1, -1, to));
     for (const QModelIndex &to : {model.index(0, 1), model.index(0, 1), QModelIndex()})
-        QVERIFY(model.dropMimeData(fog().get(), Qt::CopyAction, -1, -1, to));
+        QVERIFY(model.dropMimeData(Payload::fog().get(), Qt::CopyAction, -1, -1, to));
     model.removeRows(0, 3);
 
     QCOMPARE(changed.count(), 0);
@@ -1440,29 +1309,30 @@ void TestVdjModel::neverTellsOfChanges()
 
 void TestVdjModel::modelContract()
 {
-    const ComplaintCollector collector;
+    const Models::Complaints complaints(MeantComplaints);
     VDJModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
     model.insertRows(0, 5);
     for (int row = 0; row < 5; ++row)
         model.setData(model.index(row, 0), QString::number(row));
     model.insertRows(0, 2);
-    model.dropMimeData(fog().get(), Qt::CopyAction, -1, -1, model.index(3, 1));
+    model.dropMimeData(Payload::fog().get(), Qt::CopyAction, -1, -1, model.index(3, 1));
     model.removeRows(3, 2);
     model.removeRows(0, 1);
     model.removeRows(0, model.rowCount());
-    QCOMPARE(complaints, QStringList());
+    QCOMPARE(Models::Complaints::found(), QStringList());
 }
 
 void TestVdjModel::modelContractFrontStorage()
 {
-    const ComplaintCollector collector;
+    const Models::Complaints complaints(MeantComplaints);
     VDJModel model(named({"a", "b", "c"}));
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
     // The view is told of row 1, and the new row is row 0: what stood before row 1 is not the same.
     model.insertRows(1, 1);
-    QCOMPARE(complaints.size(), 1);
-    QVERIFY2(complaints.at(0).contains("model->index(start - 1, 0, c.parent)"), qPrintable(complaints.at(0)));
+    QCOMPARE(Models::Complaints::found().size(), 1);
+    QVERIFY2(Models::Complaints::found().at(0).contains("model->index(start - 1, 0, c.parent)"),
+             qPrintable(Models::Complaints::found().at(0)));
 }
 
 QTEST_MAIN(TestVdjModel)

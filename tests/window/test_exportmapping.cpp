@@ -1,4 +1,5 @@
 #include "support/boxes.h"
+#include "support/devices.h"
 #include "support/files.h"
 #include "support/home.h"
 #include "support/workspace.h"
@@ -17,12 +18,9 @@ using Place = QPair<int, int>;          ///< row and column of the grid
 // Midnight may strike while the tests run.
 const QDate FirstDay = QDate::currentDate();
 
-// Rows of the devices' list and of the mappers' list.
-constexpr int Akai = 0;
-constexpr int MiniMk3 = 1;
-constexpr int Mk2 = 3;
-constexpr int Pro = 4;
-constexpr int Classic = 6;
+using namespace Devices;
+
+// Rows of the mappers' list.
 constexpr int Simple = 0;
 constexpr int Factory = 1;
 constexpr int Users = 2;
@@ -64,7 +62,7 @@ const QList<LiveButton> LiveButtons = {
     {"Fog", "#008000"},        {"Lost", "#0000ff"},
 };
 
-// The seven devices and all they have on them.
+// The devices and all they have on them.
 
 struct Control
 {
@@ -608,6 +606,16 @@ bool layOut(Workspace &space, Plan &plan)
            && space.pickOnKey(8, 8, {"Set as Switch"});
 }
 
+bool layOutForAnEvening(Workspace &space)
+{
+    return space.putOnKey(Strobe, 2, 2) && space.putOnKey(Fog, 2, 3)
+           && space.putOnKey(Quoted, 3, 2) // gives way to the Switch
+           && space.putOnKey(Strobe, 9, 9) && space.putOnKey(Blackout, 11, 2)
+           && space.pickOnKey(2, 2, {"Off Color", " green"}) && space.pickOnKey(2, 2, {"On Color", " red"})
+           && space.pickOnKey(2, 3, {"Blink"}) && space.pickOnKey(11, 2, {"On Color", " red"})
+           && space.pickOnKey(11, 2, {"Blink"}) && space.pickOnKey(3, 2, {"Set as Switch"});
+}
+
 } // namespace
 
 void TestExportMapping::goldenFileOfAUsersWork()
@@ -636,17 +644,7 @@ void TestExportMapping::goldenFileOfAUsersWork()
     QVERIFY(space.choose("combo_offcolor", 0));
     QVERIFY(space.choose("combo_oncolor", 3));
 
-    QVERIFY(space.putOnKey(Strobe, 2, 2));
-    QVERIFY(space.putOnKey(Fog, 2, 3));
-    QVERIFY(space.putOnKey(Quoted, 3, 2)); // gives way to the Switch
-    QVERIFY(space.putOnKey(Strobe, 9, 9));
-    QVERIFY(space.putOnKey(Blackout, 11, 2));
-    QVERIFY(space.pickOnKey(2, 2, {"Off Color", " green"}));
-    QVERIFY(space.pickOnKey(2, 2, {"On Color", " red"}));
-    QVERIFY(space.pickOnKey(2, 3, {"Blink"}));
-    QVERIFY(space.pickOnKey(11, 2, {"On Color", " red"}));
-    QVERIFY(space.pickOnKey(11, 2, {"Blink"}));
-    QVERIFY(space.pickOnKey(3, 2, {"Set as Switch"}));
+    QVERIFY(layOutForAnEvening(space));
     QVERIFY(space.type("padsname", "Evening Set"));
 
     QVERIFY2(exports(space, Akai, "Evening Set"), qPrintable(space.dialogs.faults()));

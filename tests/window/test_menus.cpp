@@ -1,3 +1,4 @@
+#include "support/devices.h"
 #include "support/focuslog.h"
 #include "support/workspace.h"
 
@@ -13,13 +14,7 @@
 
 namespace {
 
-constexpr int Akai = 0;
-constexpr int MiniMk3 = 1;
-constexpr int Mini = 2;
-constexpr int Mk2 = 3;
-constexpr int Pro = 4;
-constexpr int S = 5;
-constexpr int Classic = 6;
+using namespace Devices;
 
 const QStringList AkaiPalette = {"black", "green", "red", "yellow"};
 const QStringList ClassicPalette = {"#000000", "#550000", "#AA0000", "#FF0000", "#005500", "#00AA00",

@@ -1,4 +1,5 @@
 #include "support/boxes.h"
+#include "support/devices.h"
 #include "support/files.h"
 #include "support/workspace.h"
 
@@ -333,7 +334,7 @@ bool chooseAtRandom(Workspace &space, bool isMidi, QRandomGenerator &random)
         }
         return space.click(random.bounded(2) ? "radioButton_16pads" : "radioButton_8pads");
     }
-    space.find<QComboBox>("devicescombo")->setCurrentIndex(random.bounded(7));
+    space.find<QComboBox>("devicescombo")->setCurrentIndex(random.bounded(Devices::Names.size()));
     for (const char *combo : {"combo_offcolor", "combo_oncolor"})
         space.find<QComboBox>(combo)->setCurrentIndex(random.bounded(space.find<QComboBox>(combo)->count()));
     return random.bounded(4) == 0
@@ -346,6 +347,24 @@ void bothKinds()
     QTest::addColumn<bool>("isMidi");
     QTest::newRow("pads") << false;
     QTest::newRow("midi") << true;
+}
+
+/** Picks all that the menu of a key offers on any device. */
+bool useAllMenus(Workspace &space)
+{
+    for (const char *entry : {"Blink", "Set as Switch"}) {
+        if (!space.pickOnKey(2, 2, {entry}) || !space.pickOnKey(4, 4, {"Set as Switch"}))
+            return false;
+    }
+    if (!space.putOnKey(5, 6, 6))
+        return false;
+    space.gridView()->setCurrentIndex(space.grid()->index(6, 6));
+    for (int choice = 0; choice < 5; ++choice) {
+        if (!space.call("colorpadchange", choice) || !space.call("coloronpadchange", choice))
+            return false;
+    }
+    space.dialogs.tolerate("Choose a Color");
+    return space.call("rgbpadchange") && space.call("rgbonpadchange");
 }
 
 } // namespace
@@ -754,7 +773,7 @@ void TestProjects::loadsGrid()
     QCOMPARE(space.grid()->rowCount(), 12);
     QCOMPARE(space.leftOnPads(), QString());
     QCOMPARE(space.ticked(), QList<int>({3, 9}));
-    QCOMPARE(current(space, "devicescombo"), 6);
+    QCOMPARE(current(space, "devicescombo"), Devices::Classic);
     QCOMPARE(current(space, "combo_offcolor"), 5);
     QCOMPARE(current(space, "combo_oncolor"), 7);
     QCOMPARE(savedSwitch(space), QString("3,4"));
@@ -934,15 +953,16 @@ void TestProjects::settingsOfGrid_data()
     const QString none = "-1,-1";
     add("nothing told", "", 0, 3, 1, none);
     add("all empty", R"(deviceid="" offcolor="" oncolor="" switch="" )", 0, 3, 1, none);
-    add("device", R"(deviceid="LAUNCHPAD" )", 6, 0, 3, none);
-    add("device without a palette", R"(deviceid="LAUNCHPADPRO" )", 4, 3, 1, none);
+    add("device", R"(deviceid="LAUNCHPAD" )", Devices::Classic, 0, 3, none);
+    add("device without a palette", R"(deviceid="LAUNCHPADPRO" )", Devices::Pro, 3, 1, none);
     add("device on show", R"(deviceid="APCMINI" )", 0, 3, 1, none);
     add("off colour", R"(offcolor="2" )", 0, 2, 1, none);
     add("on colour", R"(oncolor="2" )", 0, 3, 2, none);
     add("both colours", R"(oncolor="3" offcolor="0" )", 0, 0, 3, none);
-    add("device and colours", R"(deviceid="LAUNCHPAD" offcolor="5" oncolor="15" )", 6, 5, 15, none);
-    add("colours of a device without a palette", R"(deviceid="LAUNCHPAD2" offcolor="0" oncolor="3" )", 3, 0,
-        3, none);
+    add("device and colours", R"(deviceid="LAUNCHPAD" offcolor="5" oncolor="15" )", Devices::Classic, 5, 15,
+        none);
+    add("colours of a device without a palette", R"(deviceid="LAUNCHPAD2" offcolor="0" oncolor="3" )",
+        Devices::Mk2, 0, 3, none);
     add("colours beyond the palette", R"(offcolor="4" oncolor="1000" )", 0, -1, -1, none);
     add("colours of none", R"(offcolor="-1" oncolor="-7" )", 0, -1, -1, none);
     add("colours of words", R"(offcolor="red" oncolor="green" )", 0, 0, 0, none);
@@ -1053,7 +1073,7 @@ void TestProjects::padsProjectKeepsDevice()
     Workspace space;
     QVERIFY(start(space));
     QVERIFY(space.click("radio_outputmidi"));
-    QVERIFY(space.choose("devicescombo", 6));
+    QVERIFY(space.choose("devicescombo", Devices::Classic));
     QVERIFY(space.choose("mididevices", 1));
     QVERIFY(space.choose("combo_offcolor", 5));
     QVERIFY(space.choose("combo_oncolor", 7));
@@ -1061,7 +1081,7 @@ void TestProjects::padsProjectKeepsDevice()
     QVERIFY(space.pickOnKey(3, 4, {"Set as Switch"}));
     QCOMPARE(savedSwitch(space), QString("3,4"));
     QVERIFY(loadedFrom(space, padsProject(space, {}, padKey(0, 0, "Strobe", 3))) == true);
-    QCOMPARE(current(space, "devicescombo"), 6);
+    QCOMPARE(current(space, "devicescombo"), Devices::Classic);
     QCOMPARE(current(space, "mididevices"), 1);
     QCOMPARE(current(space, "combo_offcolor"), 5);
     QCOMPARE(current(space, "combo_oncolor"), 7);
@@ -1305,20 +1325,7 @@ void TestProjects::unknownDeviceIsHarmless()
     QCOMPARE(key(space, 2, 2), QString("Strobe|Strobe|1|3|1|||0|#0000ff"));
     QCOMPARE(notOfOutput(space, true), QString());
 
-    // All that can be pressed.
-    for (const char *entry : {"Blink", "Set as Switch"}) {
-        QVERIFY(space.pickOnKey(2, 2, {entry}));
-        QVERIFY(space.pickOnKey(4, 4, {"Set as Switch"}));
-    }
-    QVERIFY(space.putOnKey(5, 6, 6));
-    space.gridView()->setCurrentIndex(space.grid()->index(6, 6));
-    for (int choice = 0; choice < 5; ++choice) {
-        QVERIFY(space.call("colorpadchange", choice));
-        QVERIFY(space.call("coloronpadchange", choice));
-    }
-    space.dialogs.tolerate("Choose a Color");
-    QVERIFY(space.call("rgbpadchange"));
-    QVERIFY(space.call("rgbonpadchange"));
+    QVERIFY(useAllMenus(space));
     space.dialogs.expect(Boxes::mappingCreated("Keys", {}));
     QVERIFY(space.click("pushButton_2"));
     QCOMPARE(space.dialogs.faults(), QString());
@@ -1567,7 +1574,7 @@ void TestProjects::twoProjects()
     QCOMPARE(space.find<QLineEdit>("padsname")->text(), QString(lastIsMidi ? "Keys" : "Page"));
     QCOMPARE(savedBanks(space), lastIsMidi ? DefaultBanks.join(",") : QString("A,B"));
     QCOMPARE(savedSwitch(space), QString(lastIsMidi ? "3,4" : "-1,-1"));
-    QCOMPARE(current(space, "devicescombo"), 6); // the pads name none
+    QCOMPARE(current(space, "devicescombo"), Devices::Classic); // the pads name none
     QCOMPARE(isChecked(space, "radioButton_16pads"), !lastIsMidi);
     QCOMPARE(space.ticked(), QList<int>({2, 3, 4}));
     if (lastIsMidi) {

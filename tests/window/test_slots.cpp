@@ -221,7 +221,7 @@ private slots:
     void explicitConnection_data();
     void explicitConnection();
     void saveHasNoSlot();
-    void itemMovedReachesNobody();
+    void itemMovedIsNotConnected();
 
     void itemDropedTicks();
     void itemUncheckedEmptiesPads();
@@ -473,7 +473,7 @@ void TestSlots::saveHasNoSlot()
     QVERIFY(!QObject::disconnect(save, SIGNAL(triggered(bool)), &space.window(), nullptr));
 }
 
-void TestSlots::itemMovedReachesNobody()
+void TestSlots::itemMovedIsNotConnected()
 {
     Workspace space;
     QVERIFY(space.loadSomeShow());

@@ -182,13 +182,13 @@ private slots:
     void scrollBar();
     void withoutSheet_data();
     void withoutSheet();
-    void nothingElseIsDressed();
+    void nothingElseHasASheet();
     void slip_data();
     void slip();
     void toolTip_data();
     void toolTip();
     void setAgain();
-    void setAgainMends();
+    void setAgainRestores();
     void messageBoxes();
 
     void fontIsArial_data();
@@ -253,7 +253,7 @@ void TestStyles::withoutSheet()
     QCOMPARE(widget->parentWidget()->objectName(), parent);
 }
 
-void TestStyles::nothingElseIsDressed()
+void TestStyles::nothingElseHasASheet()
 {
     Workspace space;
     QVERIFY(space.window().styleSheet().isEmpty());
@@ -332,7 +332,7 @@ void TestStyles::setAgain()
     QCOMPARE(space.dialogs.faults(), QString());
 }
 
-void TestStyles::setAgainMends()
+void TestStyles::setAgainRestores()
 {
     Workspace space;
     const QStringList before = wardrobe(space.window());

@@ -1,4 +1,5 @@
 #include "support/boxes.h"
+#include "support/devices.h"
 #include "support/files.h"
 #include "support/focuslog.h"
 #include "support/workspace.h"
@@ -34,7 +35,8 @@ QVector<Assignment> assignments(const QString &text)
 bool start(Workspace &space, bool isMidiMode)
 {
     return space.loadSomeShow() && space.click("radioButton_16pads")
-           && (!isMidiMode || (space.click("radio_outputmidi") && space.choose("devicescombo", 4)));
+           && (!isMidiMode
+               || (space.click("radio_outputmidi") && space.choose("devicescombo", Devices::Pro)));
 }
 
 /** Drags Live Buttons onto pads, or onto keys in MIDI Mapping mode. */
@@ -51,6 +53,21 @@ bool put(Workspace &space, const QString &text)
 QString colorOf(const QModelIndex &index, int role = Qt::DecorationRole)
 {
     return index.data(role).value<QColor>().name();
+}
+
+/** Gives a key all that it can hold beside its Live Button, availability aside. */
+bool colorKey(QAbstractItemModel &grid, const QModelIndex &key)
+{
+    return grid.setData(key, "#123456", Qt::ForegroundRole) && grid.setData(key, "#ff0000", OffColorRole)
+           && grid.setData(key, "#00ff00", OnColorRole) && grid.setData(key, "1", BlinkRole);
+}
+
+/** Calls a slot that takes Live Button 5 off the cell where it stands, which is selected. */
+bool removeBy(Workspace &space, const QByteArray &slot, int row, int col)
+{
+    if (slot == "ondeletemidiaction_triggered")
+        return space.call(slot, row, col);
+    return slot == "dmxcheckchange" ? space.call(slot, 5) : space.call(slot);
 }
 
 /** Puts the focus where none of the tables has it. */
@@ -520,21 +537,11 @@ void TestTicks::removedCellsRest()
     const QModelIndex cell = table->index(row, col);
     QVERIFY(table->setData(cell, "typed", Qt::EditRole));
     if (onKeys) {
-        if (operation != "ondeleteaction_triggered") // a key that the device lacks cannot be selected
-            QVERIFY(table->setData(cell, "0", AvailableRole));
-        QVERIFY(table->setData(cell, "#123456", Qt::ForegroundRole));
-        QVERIFY(table->setData(cell, "#ff0000", OffColorRole));
-        QVERIFY(table->setData(cell, "#00ff00", OnColorRole));
-        QVERIFY(table->setData(cell, "1", BlinkRole));
+        const bool isSelected = operation == "ondeleteaction_triggered"; // not if the device lacks the key
+        QVERIFY(colorKey(*table, cell) && table->setData(cell, isSelected ? "1" : "0", AvailableRole));
     }
-
     Workspace::select(view, QString("%1,%2").arg(row).arg(col));
-    if (operation == "ondeletemidiaction_triggered")
-        QVERIFY(space.call(operation, row, col));
-    else if (operation == "dmxcheckchange")
-        QVERIFY(space.call(operation, 5));
-    else
-        QVERIFY(space.call(operation));
+    QVERIFY(removeBy(space, operation, row, col));
 
     QCOMPARE(cell.data(Qt::EditRole), QVariant(label));
     QCOMPARE(cell.data(DisplayNameRole), QVariant(label));
@@ -609,7 +616,7 @@ void TestTicks::modeSwitchLooksAtKeysThatTheDeviceLacks()
     Workspace space;
     QVERIFY2(start(space, true), qPrintable(space.dialogs.faults()));
     QVERIFY(put(space, "3@2,0 5@2,2"));
-    QVERIFY(space.choose("devicescombo", 0)); // no left band
+    QVERIFY(space.choose("devicescombo", Devices::Akai)); // no left band
     QCOMPARE(space.grid()->index(2, 0).data(AvailableRole).toString(), QString("0"));
     QVERIFY(space.click("radio_outputpage"));
     QCOMPARE(space.ticked(), QList<int>());
@@ -715,7 +722,7 @@ void TestTicks::cleansKeys()
     QVERIFY2(start(space, false), qPrintable(space.dialogs.faults()));
     QVERIFY(put(space, "3@0,0"));
     QVERIFY(space.click("radio_outputmidi"));
-    QVERIFY(space.choose("devicescombo", 1));
+    QVERIFY(space.choose("devicescombo", Devices::MiniMk3));
     const QStringList keys = space.keys();
     QVERIFY(put(space, "5@2,2 6@0,5 7@9,11"));
     QVERIFY(space.grid()->setData(space.grid()->index(2, 2), "#ff0000", OnColorRole));
@@ -990,7 +997,7 @@ void TestTicks::dropOnNoKeyIsRefused()
 
     Workspace space;
     QVERIFY2(start(space, true), qPrintable(space.dialogs.faults()));
-    QVERIFY(space.choose("devicescombo", 0));
+    QVERIFY(space.choose("devicescombo", Devices::Akai));
     QVERIFY(!space.putOnKey(4, row, col));
     QCOMPARE(space.ticked(), QList<int>());
     QCOMPARE(space.leftOnGrid(), QString());
