@@ -2,7 +2,6 @@
 
 #include "gesture.h"
 
-#include <QPair>
 #include <QStringList>
 #include <QVector>
 
@@ -194,10 +193,6 @@ void pickDevice(World &world, int index);
 Outcome playOnDevices(World &world, const Gesture &gesture);
 
 // files
-using MapperRows = QVector<QPair<QString, QString>>;
-MapperRows mapperRows(const World &world, const QString &path);
-QString withoutOs2l(const QString &script);
-QString escaped(const QString &text);
 void exportPage(World &world, const Gesture &gesture, Outcome &outcome);
 void exportMapping(World &world, const Gesture &gesture, Outcome &outcome);
 void saveProject(World &world, const Gesture &gesture, Outcome &outcome);

@@ -1,6 +1,7 @@
 #include "rules.h"
 
 #include <QFile>
+#include <QPair>
 #include <QXmlStreamReader>
 
 namespace Rules {
@@ -86,6 +87,76 @@ QString pageText(const World &world)
     const QString count = QString::number(used.size());
     return text + "\t<param1 name=\"`" + names.join(" : ") + "`\">param_bigger 0 ? cycle &apos;dmxbank&apos; "
            + count + " : cycle &apos;dmxbank&apos; -" + count + "</param1>\n</page>\n";
+}
+
+using MapperRows = QVector<QPair<QString, QString>>;
+
+MapperRows rowsIn(QXmlStreamReader &xml)
+{
+    MapperRows rows;
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == "map")
+            rows.append(
+                {xml.attributes().value("value").toString(), xml.attributes().value("action").toString()});
+    }
+    return xml.hasError() ? MapperRows() : rows;
+}
+
+/** Whether a script goes on, behind the first answer, with another question. */
+bool asksOn(int answer, int question)
+{
+    return question > 0 && answer > question;
+}
+
+QString escaped(const QString &text)
+{
+    QString result = text;
+    return result.replace("'", "&apos;").replace("\"", "&quot;").replace(" & ", " &amp; ");
+}
+
+/** A mapper's script without what an earlier export wrapped around it. */
+QString withoutOs2l(const QString &script)
+{
+    if (escaped(script) == "toggle &apos;$os2l&apos;")
+        return {};
+    if (!escaped(script).startsWith("var &apos;$os2l&apos;"))
+        return script;
+    const auto withoutFirst = [](const QString &text, const char *mark) {
+        return QStringList(text.split(mark).mid(1)).join(mark);
+    };
+    QString rest = withoutFirst(script, " ? ");
+    int answer = rest.indexOf(" : ");
+    int question = rest.indexOf(" ? ");
+    if (asksOn(answer, question)) {
+        do { // the test looks at the text before the cut
+            answer = rest.indexOf(" : ");
+            question = rest.indexOf(" ? ");
+            rest = withoutFirst(rest, " : ");
+        } while (asksOn(answer, question));
+    }
+    answer = rest.indexOf(" : ");
+    question = rest.indexOf(" ? ");
+    if (answer > 0 && (question < 0 || (question > 0 && answer < question)))
+        return withoutFirst(rest, " : ");
+    return answer > 0 ? rest : QString();
+}
+
+/** Names and actions in a mapper; none where it is not well-formed. */
+MapperRows mapperRows(const World &world, const QString &path)
+{
+    static QMap<QString, MapperRows> factory;
+    if (!path.startsWith(':')) {
+        QXmlStreamReader xml(world.files.value(path));
+        return rowsIn(xml);
+    }
+    if (!factory.contains(path)) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            qFatal("no mapper %s", qPrintable(path));
+        QXmlStreamReader xml(&file);
+        factory.insert(path, rowsIn(xml));
+    }
+    return factory.value(path);
 }
 
 /** A control with what the picked mapper gives it. */
@@ -243,75 +314,7 @@ QString mappingText(const World &world, const Device &device)
     return text + "</mapper>\n";
 }
 
-MapperRows rowsIn(QXmlStreamReader &xml)
-{
-    MapperRows rows;
-    while (!xml.atEnd()) {
-        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == "map")
-            rows.append(
-                {xml.attributes().value("value").toString(), xml.attributes().value("action").toString()});
-    }
-    return xml.hasError() ? MapperRows() : rows;
-}
-
-/** Whether a script goes on, behind the first answer, with another question. */
-bool asksOn(int answer, int question)
-{
-    return question > 0 && answer > question;
-}
-
 } // namespace
-
-QString escaped(const QString &text)
-{
-    QString result = text;
-    return result.replace("'", "&apos;").replace("\"", "&quot;").replace(" & ", " &amp; ");
-}
-
-/** A mapper's script without what an earlier export wrapped around it. */
-QString withoutOs2l(const QString &script)
-{
-    if (escaped(script) == "toggle &apos;$os2l&apos;")
-        return {};
-    if (!escaped(script).startsWith("var &apos;$os2l&apos;"))
-        return script;
-    const auto withoutFirst = [](const QString &text, const char *mark) {
-        return QStringList(text.split(mark).mid(1)).join(mark);
-    };
-    QString rest = withoutFirst(script, " ? ");
-    int answer = rest.indexOf(" : ");
-    int question = rest.indexOf(" ? ");
-    if (asksOn(answer, question)) {
-        do { // the test looks at the text before the cut
-            answer = rest.indexOf(" : ");
-            question = rest.indexOf(" ? ");
-            rest = withoutFirst(rest, " : ");
-        } while (asksOn(answer, question));
-    }
-    answer = rest.indexOf(" : ");
-    question = rest.indexOf(" ? ");
-    if (answer > 0 && (question < 0 || (question > 0 && answer < question)))
-        return withoutFirst(rest, " : ");
-    return answer > 0 ? rest : QString();
-}
-
-/** Names and actions in a mapper; none where it is not well-formed. */
-MapperRows mapperRows(const World &world, const QString &path)
-{
-    static QMap<QString, MapperRows> factory;
-    if (!path.startsWith(':')) {
-        QXmlStreamReader xml(world.files.value(path));
-        return rowsIn(xml);
-    }
-    if (!factory.contains(path)) {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            qFatal("no mapper %s", qPrintable(path));
-        QXmlStreamReader xml(&file);
-        factory.insert(path, rowsIn(xml));
-    }
-    return factory.value(path);
-}
 
 void exportPage(World &world, const Gesture &gesture, Outcome &outcome)
 {
