@@ -126,29 +126,32 @@ Gesture Picker::onKeys(const Rules::World &world)
 
 Gesture Picker::onDevices(const Rules::World &world)
 {
-    switch (below(4)) {
+    const auto place = [this](int end) { return QString::number(below(qMax(1, end))); };
+    switch (below(6)) {
     case 0:
-        return {"device", {{"index", QString::number(below(7))}}};
+        return {"device", {{"index", place(7)}}};
     case 1:
-        return {"off-color", {{"index", QString::number(below(16))}}};
+        return {"device", {{"index", place(2)}}};
     case 2:
-        return {"on-color", {{"index", QString::number(below(16))}}};
+        return {"off-color", {{"index", place(world.palette.size())}}};
+    case 3:
+        return {"on-color", {{"index", place(world.palette.size())}}};
     default:
-        return {"mapper", {{"index", QString::number(below(qMax(1, world.mapperNames.size())))}}};
+        return {"mapper", {{"index", place(world.mapperNames.size())}}};
     }
 }
 
 Gesture Picker::onPanels(const Rules::World &world)
 {
-    switch (below(world.isMidi ? 4 : 6)) {
+    switch (below(world.isMidi ? 3 : 6)) {
     case 0:
-        return {"output", {{"output", world.isMidi != oneIn(4) ? QString("pads") : QString("midi")}}};
+        return {"output", {{"output", world.isMidi && oneIn(2) ? QString("pads") : QString("midi")}}};
     case 1:
         return {"name-page", {{"name", any(PageNames)}}};
     case 2:
         return {"page", {{"index", QString::number(below(qMax(1, world.pages.size())))}}};
     case 3:
-        return world.isMidi ? onDevices(world) : Gesture{"name-bank", {{"name", any(BankNames)}}};
+        return {"name-bank", {{"name", any(BankNames)}}};
     case 4:
         return {"layout", {{"pads", any({"8", "16", "16"})}}};
     default:
@@ -198,7 +201,9 @@ Gesture Picker::pick(const Rules::World &world)
     if (world.buttons.isEmpty() && oneIn(2))
         return load(world);
     const int dice = below(100);
-    if (dice < 72)
+    if (dice < 70)
         return world.isMidi ? onKeys(world) : onPads(world);
+    if (dice < 78 && world.isMidi)
+        return onDevices(world);
     return dice < 88 ? onPanels(world) : command(world);
 }
