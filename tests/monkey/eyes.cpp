@@ -285,7 +285,7 @@ QString differenceInKeys(Workspace &space, const World &world)
 QString Eyes::differenceInWindow(Workspace &space, const World &world)
 {
     for (const auto look : {differenceInPanels, differenceInButtons, differenceInPads, differenceInKeys}) {
-        const QString found = look(space, world);
+        QString found = look(space, world);
         if (!found.isEmpty())
             return found;
     }

@@ -97,6 +97,8 @@ const char OwnAkai[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 	<map value="ROW1_PAD1" action="play_pause"/>
 	<map value="ROW1_PAD1" action="var &apos;$os2l&apos; ? os2l_button &apos;Old&apos; : cue"/>
 	<map value="LED_ROW1_PAD1" action="var &apos;$os2l&apos; ? os2l_button &apos;Old&apos; ? on : off : cue ? on : off"/>
+	<map value="ROW1_PAD2" action="var &apos;$os2l&apos; ? nothing : stop"/>
+	<map value="LED_ROW1_PAD2" action="var &apos;$os2l&apos; ? os2l_button &apos;Old&apos; ? on : off : stop"/>
 	<map value="ROW2_PAD2" action="toggle &apos;$os2l&apos;"/>
 	<map value="ROW3_PAD3" action="var &apos;$os2l&apos; ? nothing"/>
 	<map value="LED_ROW4_PAD4" action="color 'red' &amp; blink"/>
