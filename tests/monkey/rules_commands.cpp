@@ -270,7 +270,7 @@ Outcome play(World &world, const Gesture &gesture)
         return Impossible;
     // A gesture that turns out impossible half way must leave nothing behind.
     World after = world;
-    const Outcome outcome = player(after, gesture);
+    Outcome outcome = player(after, gesture);
     if (outcome.isPossible)
         world = after;
     return outcome;

@@ -262,7 +262,7 @@ Scripts emptyKey(const Mapping &mapping, const KeyRecord &record, const Cell &ke
 /** The script of a control that has no cell. */
 QString otherScript(const Mapping &mapping, const KeyRecord &record)
 {
-    const QString action = escaped(record.action);
+    QString action = escaped(record.action);
     const QString rest = action.isEmpty() ? QString() : " : " + action;
     if (record.control.kind == "ignore")
         return action;
