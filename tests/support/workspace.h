@@ -29,6 +29,8 @@ public:
 
     /** The window; built at the first call and shown. */
     MainWindow &window();
+    /** Leaves the window behind; the next call of window() builds another one. */
+    void restart() { m_window.reset(); }
     /** Home folder, with no slash at its end. */
     QString home() const { return m_home.path(); }
     QString documents() const { return home() + "/Documents"; }

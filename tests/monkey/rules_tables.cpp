@@ -1,0 +1,559 @@
+#include "rules.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace Rules {
+
+namespace {
+
+struct At
+{
+    int row;
+    int col;
+};
+
+At place(const QString &text)
+{
+    return {text.section(',', 0, 0).toInt(), text.section(',', 1).toInt()};
+}
+
+QString padLabel(int number)
+{
+    return "PAD " + QString::number(number);
+}
+
+/** The label of a key that was moved away or has a tip: unlike the resting one it counts the bands' corners. */
+QString movedLabel(int row, int col)
+{
+    if ((row == 0 || row == 11) && (col == 1 || col == 11))
+        return (row == 0 ? "TOP " : "BOTTOM ") + QString::number(col - 1);
+    return restingLabel(row, col);
+}
+
+Cell dragged(const World &world, int button)
+{
+    const Button &from = world.buttons.at(button);
+    Cell cell;
+    cell.name = cell.dspname = from.title;
+    cell.page = from.page;
+    cell.id = QString::number(button);
+    cell.color = from.color;
+    cell.blink.clear();
+    return cell;
+}
+
+/** What a drop writes: all but the text colour. */
+void fill(Cell &cell, const Cell &from)
+{
+    const QString textColor = cell.textColor;
+    cell = from;
+    cell.color = colorName(from.color);
+    cell.textColor = textColor;
+}
+
+void fillPad(World &world, int row, int col, const Cell &from)
+{
+    fill(world.pads.at(row, col), from);
+    renamePad(world.pads.at(row, col), row, from.name);
+}
+
+void rest(Cell &cell, const QString &label)
+{
+    cell.name = cell.dspname = label;
+    cell.page = "0";
+    cell.id = "-1";
+    cell.color = "#000000";
+    cell.avail = "1";
+}
+
+void untick(World &world, int button)
+{
+    if (button >= 0 && button < world.buttons.size())
+        world.buttons[button].isTicked = false;
+}
+
+/** Pads of the second column do not count. */
+void untickUnlessOnPads(World &world, int button)
+{
+    for (int row = 0; row < world.pads.rows; ++row) {
+        if (world.pads.at(row, 0).id.toInt() == button)
+            return;
+    }
+    untick(world, button);
+}
+
+void untickUnlessOnKeys(World &world, int button)
+{
+    for (const Cell &key : qAsConst(world.keys.cells)) {
+        if (key.id.toInt() == button)
+            return;
+    }
+    untick(world, button);
+}
+
+void clearKey(World &world, int row, int col)
+{
+    Cell &key = world.keys.at(row, col);
+    const int button = key.id.toInt();
+    rest(key, restingLabel(row, col));
+    key.textColor = "#ffffff";
+    untickUnlessOnKeys(world, button);
+}
+
+bool isPadInSight(const World &world, int row, int col)
+{
+    return !world.isMidi && world.pads.has(row, col) && row / 8 == world.bank
+           && (col == 0 || world.has16Pads);
+}
+
+bool isButtonInSight(const World &world, int button)
+{
+    return button >= 0 && button < world.buttons.size() && !isRowHidden(world, button);
+}
+
+Outcome dropOnPad(World &world, int button, int row, int col)
+{
+    if (!isButtonInSight(world, button) || !isPadInSight(world, row, col))
+        return Impossible;
+    Outcome outcome;
+    const Cell before = world.pads.at(row, col);
+    fillPad(world, row, col, dragged(world, button));
+    tick(world, button);
+    if (before.page.toInt() >= 1) {
+        untickUnlessOnPads(world, before.id.toInt());
+        outcome.focus = "vdjlistview";
+    }
+    return outcome;
+}
+
+Outcome dropOnPadLine(World &world, int button, int row)
+{
+    if (!isButtonInSight(world, button) || !isPadInSight(world, row, 0))
+        return Impossible;
+    tick(world, button); // although no pad took it
+    return {};
+}
+
+Outcome movePad(World &world, At from, At to)
+{
+    if (!isPadInSight(world, from.row, from.col) || !isPadInSight(world, to.row, to.col)
+        || world.pads.at(from.row, from.col).page == "0")
+        return Impossible;
+    const Cell before = world.pads.at(to.row, to.col);
+    fillPad(world, to.row, to.col, world.pads.at(from.row, from.col));
+    if (before.id == "-1")
+        rest(world.pads.at(from.row, from.col), padLabel(from.row % 8 + 1));
+    else
+        fillPad(world, from.row, from.col, before);
+    return {};
+}
+
+Outcome movePadOntoLine(World &world, At from, int row)
+{
+    if (!isPadInSight(world, from.row, from.col) || !isPadInSight(world, row, 0)
+        || world.pads.at(from.row, from.col).page == "0")
+        return Impossible;
+    Cell &pad = world.pads.at(from.row, from.col);
+    renamePad(pad, from.row, {});
+    pad.dspname = pad.page = pad.id = pad.color = "";
+    return {};
+}
+
+Outcome rename(World &world, int row, int col, const QString &name, bool isKept)
+{
+    if (!isPadInSight(world, row, col) || world.pads.at(row, col).page == "0")
+        return Impossible;
+    if (isKept)
+        renamePad(world.pads.at(row, col), row, name);
+    return {};
+}
+
+Outcome dropOnKey(World &world, int button, int row, int col)
+{
+    if (!world.isMidi || !isButtonInSight(world, button) || !world.keys.has(row, col))
+        return Impossible;
+    Outcome outcome;
+    Cell &key = world.keys.at(row, col);
+    outcome.isTaken = key.avail == "1";
+    if (!outcome.isTaken)
+        return outcome;
+    const Cell before = key;
+    fill(key, dragged(world, button));
+    tick(world, button);
+    if (before.page.toInt() >= 1)
+        untickUnlessOnKeys(world, before.id.toInt());
+    outcome.focus = "tablecontroller";
+    return outcome;
+}
+
+Outcome dropOnKeyLine(const World &world, int button, int row, int col)
+{
+    if (!world.isMidi || !isButtonInSight(world, button) || !world.keys.has(row, col))
+        return Impossible;
+    Outcome outcome;
+    outcome.isTaken = false;
+    return outcome;
+}
+
+Outcome moveKey(World &world, At from, At to)
+{
+    if (!world.isMidi || !world.keys.has(from.row, from.col) || !world.keys.has(to.row, to.col))
+        return Impossible;
+    const Cell moved = world.keys.at(from.row, from.col);
+    const Cell before = world.keys.at(to.row, to.col);
+    if (moved.page == "0" || moved.avail != "1")
+        return Impossible;
+    Outcome outcome;
+    outcome.isTaken = before.avail == "1";
+    if (!outcome.isTaken)
+        return outcome;
+    fill(world.keys.at(to.row, to.col), moved);
+    Cell &source = world.keys.at(from.row, from.col);
+    if (before.id == "-1") {
+        rest(source, movedLabel(from.row, from.col));
+        source.off = source.on = source.blink = "";
+    } else {
+        fill(source, before);
+    }
+    return outcome;
+}
+
+Outcome cleanPads(World &world)
+{
+    if (world.isMidi)
+        return Impossible;
+    emptyPads(world);
+    untickAll(world);
+    Outcome outcome;
+    outcome.focus = "dmxlistview";
+    return outcome;
+}
+
+Outcome cleanKeys(World &world)
+{
+    if (!world.isMidi)
+        return Impossible;
+    emptyKeys(world);
+    untickAll(world);
+    Outcome outcome;
+    outcome.focus = "dmxlistview";
+    return outcome;
+}
+
+Outcome menuOfPad(World &world, int row, int col, bool removes)
+{
+    if (!isPadInSight(world, row, col))
+        return Impossible;
+    Cell &pad = world.pads.at(row, col);
+    Outcome outcome;
+    if (pad.id.toInt() < 0)
+        return outcome;
+    outcome.menu = QStringList{"Remove"};
+    if (!removes)
+        return outcome;
+    outcome.pick = outcome.menu;
+    const int button = pad.id.toInt();
+    rest(pad, padLabel(row % 8 + 1));
+    untickUnlessOnPads(world, button);
+    outcome.focus = "vdjlistview";
+    return outcome;
+}
+
+const QString Mark = QString(QChar(0x2714));
+
+QStringList colorEntries(const World &world, const QString &menu, const QString &current)
+{
+    const Device device = world.devices.value(world.device);
+    QStringList entries = {menu, menu + "/" + (current.isEmpty() ? Mark : QString(" ")) + "default",
+                           menu + "/---"};
+    if (device.fullRgb != "false")
+        return entries + QStringList(menu + "/Select ...");
+    for (const QString &color : device.colors)
+        entries.append(menu + "/" + (color == current ? Mark : QString(" ")) + color);
+    return entries;
+}
+
+QStringList keyMenu(const World &world, int row, int col)
+{
+    const Cell &key = world.keys.at(row, col);
+    const bool isSwitch = world.switchRow == row && world.switchCol == col;
+    QStringList menu;
+    if (key.id.toInt() >= 0) {
+        menu << "Remove"
+             << "---";
+        menu += colorEntries(world, "Off Color", key.off) + colorEntries(world, "On Color", key.on);
+        menu << (key.blink == "1" ? "[x] Blink" : "[ ] Blink");
+    }
+    return menu << "---" << (isSwitch ? "[x] Set as Switch" : "[ ] Set as Switch");
+}
+
+/** The cells that a menu works on: those of the selection that the device has. */
+QVector<At> selection(const World &world, const Gesture &gesture)
+{
+    QVector<At> cells;
+    const QStringList places = gesture.text("selected").split(' ', Qt::SkipEmptyParts);
+    for (const QString &text : places) {
+        if (world.keys.at(place(text).row, place(text).col).avail == "1")
+            cells.append(place(text));
+    }
+    return cells;
+}
+
+void markSwitch(World &world, At at)
+{
+    clearKey(world, at.row, at.col);
+    Cell &key = world.keys.at(at.row, at.col);
+    key.name = key.dspname = "SWITCH";
+    key.avail = "0";
+    key.textColor = "green";
+    world.switchRow = at.row;
+    world.switchCol = at.col;
+}
+
+void toggleSwitch(World &world, At at)
+{
+    const At old{world.switchRow, world.switchCol};
+    if (old.row >= 0)
+        clearKey(world, old.row, old.col);
+    if (old.row == at.row && old.col == at.col)
+        world.switchRow = world.switchCol = -1;
+    else
+        markSwitch(world, at);
+}
+
+/** The colour that is picked goes to the whole selection; entry 0 is the default. */
+bool pickColor(World &world, const Gesture &gesture, const Cell &clicked, Outcome &outcome)
+{
+    const bool isOff = gesture.text("pick") == "off";
+    const int entry = gesture.number("entry");
+    const Device device = world.devices.value(world.device);
+    const bool isFree = device.fullRgb != "false";
+    const QStringList palette = isFree ? QStringList("Select ...") : device.colors;
+    if (entry < 0 || entry > palette.size())
+        return false;
+    const QString menu = isOff ? "Off Color" : "On Color";
+    const QString current = isOff ? clicked.off : clicked.on;
+    const QStringList entries = colorEntries(world, menu, current);
+    outcome.pick = QStringList{menu, entries.at(entry == 0 ? 1 : entry + 2).section('/', 1)};
+    QString color = entry == 0 ? QString() : palette.at(entry - 1);
+    if (isFree && entry == 1) {
+        color = gesture.text("color");
+        outcome.questions.append({Question::Color, current, {}, {}, color, false});
+        if (color.isEmpty())
+            return true;
+    }
+    for (const At &at : selection(world, gesture)) {
+        Cell &key = world.keys.at(at.row, at.col);
+        (isOff ? key.off : key.on) = color;
+    }
+    return true;
+}
+
+void pickBlink(World &world, const Gesture &gesture, const Cell &clicked, Outcome &outcome)
+{
+    outcome.pick = QStringList("Blink");
+    const QString blink = clicked.blink == "1" ? "" : "1";
+    for (const At &at : selection(world, gesture))
+        world.keys.at(at.row, at.col).blink = blink;
+}
+
+void pickRemove(World &world, const Gesture &gesture, Outcome &outcome)
+{
+    outcome.pick = QStringList("Remove");
+    for (const At &at : selection(world, gesture))
+        clearKey(world, at.row, at.col);
+    outcome.focus = "tablecontroller";
+}
+
+Outcome menuOfKey(World &world, const Gesture &gesture)
+{
+    const At at = place(gesture.text("at"));
+    const QString pick = gesture.text("pick");
+    // The corner lies under the button "Clean". A cell that can be selected is, by the click.
+    if (!world.isMidi || !world.keys.has(at.row, at.col) || (at.row == 0 && at.col == 0))
+        return Impossible;
+    const Cell clicked = world.keys.at(at.row, at.col);
+    const QStringList selected = gesture.text("selected").split(' ', Qt::SkipEmptyParts);
+    if (clicked.avail == "1" && !selected.contains(gesture.text("at")))
+        return Impossible;
+    Outcome outcome;
+    outcome.menu = keyMenu(world, at.row, at.col);
+    if (pick == "none")
+        return outcome;
+    if (pick == "switch") {
+        outcome.pick = QStringList("Set as Switch");
+        toggleSwitch(world, at);
+        outcome.focus = "tablecontroller";
+        return outcome;
+    }
+    if (clicked.id.toInt() < 0)
+        return Impossible;
+    if (pick == "blink")
+        pickBlink(world, gesture, clicked, outcome);
+    else if (pick == "remove")
+        pickRemove(world, gesture, outcome);
+    else if (!pickColor(world, gesture, clicked, outcome))
+        return Impossible;
+    return outcome;
+}
+
+} // namespace
+
+/** The text form of a kept colour: a hash and six small digits. What is no colour counts as black. */
+QString colorName(const QString &kept)
+{
+    static const QRegularExpression digits("^#[0-9a-fA-F]{6}$");
+    return digits.match(kept).hasMatch() ? kept.toLower() : "#000000";
+}
+
+QString padTip(const World &world, int row, int col)
+{
+    const Cell &pad = world.pads.at(row, col);
+    if (pad.id == "-1")
+        return {};
+    return padLabel(row + 1) + " \nLive Button: " + pad.dspname + " \nDisplay Text: " + pad.name
+           + "\n\nDouble-click to edit Text\nRight-click to Remove";
+}
+
+/** Its pictures told as "<img COLOR>". */
+QString keyTip(const World &world, int row, int col)
+{
+    const Cell &key = world.keys.at(row, col);
+    if (key.id == "-1" || key.avail == "0")
+        return {};
+    QString tip = movedLabel(row, col) + "<br>Live Button: " + key.name;
+    if (!key.off.isEmpty())
+        tip += "<br>Off Color : <img " + key.off + ">";
+    if (!key.on.isEmpty())
+        tip += "<br>On Color : <img " + key.on + ">";
+    if (key.blink == "1")
+        tip += "<br>Blink : Yes";
+    return tip + "<br><br>Right-click to Remove";
+}
+
+int padFlags(const Cell &pad)
+{
+    return pad.page == "0" ? 41 : 47;
+}
+
+int keyFlags(const Cell &key)
+{
+    if (key.page == "0")
+        return key.avail == "1" ? 41 : 0;
+    return key.avail == "1" ? 45 : 1;
+}
+
+bool isRowHidden(const World &world, int button)
+{
+    return world.page > 0 && world.buttons.at(button).page.toInt() != world.page;
+}
+
+bool isEmpty(const Table &table)
+{
+    return std::none_of(table.cells.cbegin(), table.cells.cend(),
+                        [](const Cell &cell) { return cell.id.toInt() >= 0; });
+}
+
+bool holdsWork(const World &world)
+{
+    return !world.showName.isEmpty() && !isEmpty(world.isMidi ? world.keys : world.pads);
+}
+
+void tick(World &world, int button)
+{
+    if (button >= 0 && button < world.buttons.size())
+        world.buttons[button].isTicked = true;
+}
+
+void untickAll(World &world)
+{
+    for (Button &button : world.buttons)
+        button.isTicked = false;
+}
+
+/** As a click on an output does it. */
+void retick(World &world)
+{
+    QStringList numbers;
+    const Table &table = world.isMidi ? world.keys : world.pads;
+    for (int row = 0; row < table.rows; ++row) {
+        for (int col = 0; col < (world.isMidi ? table.cols : 1); ++col) {
+            if (table.at(row, col).id.toInt() >= 0)
+                numbers.append(table.at(row, col).id);
+        }
+    }
+    for (int i = 0; i < world.buttons.size(); ++i)
+        world.buttons[i].isTicked = numbers.contains(QString::number(i));
+}
+
+void emptyPads(World &world)
+{
+    world.pads.cells.clear();
+    for (int row = 0; row < 64; ++row) {
+        for (int col = 0; col < 2; ++col) {
+            Cell pad;
+            rest(pad, padLabel(row % 8 + 1 + 8 * col));
+            world.pads.cells.append(pad);
+        }
+    }
+    world.bank = 0;
+    world.bankField = world.banks.value(0);
+}
+
+void emptyKeys(World &world)
+{
+    world.keys.cells.clear();
+    for (int row = 0; row < 12; ++row) {
+        for (int col = 0; col < 12; ++col) {
+            Cell key;
+            rest(key, restingLabel(row, col));
+            key.avail = hasKey(world.devices.value(world.device), row, col) ? "1" : "0";
+            world.keys.cells.append(key);
+        }
+    }
+}
+
+void renamePad(Cell &pad, int row, const QString &name)
+{
+    pad.name = name.isEmpty() ? padLabel(row + 1) : name;
+}
+
+Outcome playOnTables(World &world, const Gesture &gesture)
+{
+    const QString &verb = gesture.verb;
+    const int button = gesture.number("button");
+    const At at = place(gesture.text("at"));
+    const At from = place(gesture.text("from"));
+    const At to = place(gesture.text("to"));
+    if (verb == "drop-pad")
+        return dropOnPad(world, button, at.row, at.col);
+    if (verb == "drop-pad-line")
+        return dropOnPadLine(world, button, at.row);
+    if (verb == "move-pad")
+        return movePad(world, from, to);
+    if (verb == "move-pad-line")
+        return movePadOntoLine(world, from, to.row);
+    if (verb == "rename")
+        return rename(world, at.row, at.col, gesture.text("name"), gesture.text("key") == "Return");
+    if (verb == "drop-key")
+        return dropOnKey(world, button, at.row, at.col);
+    if (verb == "drop-key-line")
+        return dropOnKeyLine(world, button, at.row, at.col);
+    if (verb == "move-key")
+        return moveKey(world, from, to);
+    if (verb == "clean-pads")
+        return cleanPads(world);
+    return cleanKeys(world);
+}
+
+Outcome playOnMenus(World &world, const Gesture &gesture)
+{
+    if (gesture.verb == "menu-key")
+        return menuOfKey(world, gesture);
+    const At at = place(gesture.text("at"));
+    return menuOfPad(world, at.row, at.col, gesture.text("pick") == "remove");
+}
+
+} // namespace Rules
