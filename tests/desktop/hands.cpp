@@ -353,6 +353,13 @@ void Hands::key(const QString &keys)
          [=] { return m_keyPresses >= *target; }});
 }
 
+void Hands::keys(const QString &row)
+{
+    const QStringList all = row.split(' ');
+    for (const QString &one : all)
+        key(one);
+}
+
 void Hands::keyInDrag(const QString &keys)
 {
     add({"the key " + keys, [keys] { return QStringList{"key", keys}; }, [] { return true; }});

@@ -81,6 +81,8 @@ public:
 
     /** Presses keys, as "Escape" or "ctrl+a", once a window of ours has the keyboard. */
     void key(const QString &keys);
+    /** Presses one after the other, as "Down Down Return". */
+    void keys(const QString &row);
     /** The same amid a drag, which keeps the keys to itself. */
     void keyInDrag(const QString &keys);
     void hold(const QString &modifier);
