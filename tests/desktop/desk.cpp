@@ -8,8 +8,8 @@ bool Desk::start()
 {
     MainWindow &window = space.window();
     space.dialogs.standAside();
-    const auto hasKeyboard = [&window] { return QGuiApplication::focusWindow() == window.windowHandle(); };
-    hands.await("the window has the keyboard", hasKeyboard);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    hands.await("the window has the keyboard", [this] { return isAtRest(); });
     hands.await("the window can become wider", [&window] {
         window.move(60, 60);
         return true;
@@ -19,8 +19,14 @@ bool Desk::start()
     hands.type(space.writeShow("Show", Workspace::iniWith({8, 8})));
     hands.key("Return");
     hands.await("the show is loaded", [&window] { return window.windowTitle() == "Zarvex - Show"; });
-    hands.await("the window has the keyboard", hasKeyboard);
+    hands.await("the window has the keyboard", [this] { return isAtRest(); });
     return hands.play();
+}
+
+bool Desk::isAtRest()
+{
+    return QGuiApplication::focusWindow() && QGuiApplication::focusWindow() == space.window().windowHandle()
+           && !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
 }
 
 bool Desk::clearPads(int padsPerBank)
@@ -41,7 +47,7 @@ bool Desk::clearKeys(int device)
 bool Desk::clear()
 {
     hands.moveTo(on("label_padname"));
-    return hands.play() && space.call("on_actionNew_2_triggered") && ticks().isEmpty();
+    return hands.play() && space.call("on_actionNew_2_triggered") && ticks().isEmpty() && isAtRest();
 }
 
 bool Desk::lay(QTableView *onto, const QString &cells)

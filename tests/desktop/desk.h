@@ -10,6 +10,9 @@ public:
     /** Shows the window and loads the show, by mouse and keyboard; false where that fails. */
     bool start();
 
+    /** Whether the window has the keyboard, and no dialog or popup is open. */
+    bool isAtRest();
+
     /** Empties pads and keys, and goes to the Pads Page with eight or sixteen pads a bank. */
     bool clearPads(int padsPerBank = 8);
     /** Empties pads and keys, and goes to MIDI Mapping with a device. */

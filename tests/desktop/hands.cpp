@@ -238,13 +238,15 @@ void Hands::click(const Place &place, int button)
 
 void Hands::clickHere(const QStringList &command, int times)
 {
+    // Where the press closes a popup, the release can get lost. A move after it tells of the buttons all the same.
+    const QStringList shrug = {"mousemove_relative", "1", "0", "mousemove_relative", "--", "-1", "0"};
     auto target = std::make_shared<int>(0);
     add({"a click",
          [=] {
-             *target = m_releases + times;
-             return command;
+             *target = m_presses + times;
+             return command + shrug;
          },
-         [=] { return m_releases >= *target; }});
+         [=] { return m_presses >= *target && QGuiApplication::mouseButtons() == Qt::NoButton; }});
 }
 
 void Hands::doubleClick(const Place &place)
@@ -363,6 +365,15 @@ void Hands::keys(const QString &row)
 void Hands::keyInDrag(const QString &keys)
 {
     add({"the key " + keys, [keys] { return QStringList{"key", keys}; }, [] { return true; }});
+}
+
+void Hands::closeWindow()
+{
+    add({"the window is closed",
+         []() -> std::optional<QStringList> {
+             return hasSomeKeyboard() ? std::make_optional(QStringList{"key", "alt+F4"}) : std::nullopt;
+         },
+         [] { return true; }});
 }
 
 void Hands::hold(const QString &modifier)
@@ -504,10 +515,11 @@ bool Hands::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Drop:
         m_dragged.reset();
         break;
-    case QEvent::MouseButtonRelease:
-        ++m_releases;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        ++m_presses;
         break;
-    case QEvent::KeyPress:
+    case QEvent::ShortcutOverride: // comes before each press of a key, whatever becomes of it
         ++m_keyPresses;
         break;
     default:

@@ -85,6 +85,8 @@ public:
     void keys(const QString &row);
     /** The same amid a drag, which keeps the keys to itself. */
     void keyInDrag(const QString &keys);
+    /** By the window manager's keys, Alt and F4, which the window itself does not see. */
+    void closeWindow();
     void hold(const QString &modifier);
     void letGo(const QString &modifier);
     /** Types Latin letters, digits and signs. */
@@ -140,6 +142,6 @@ private:
     qint64 m_doneAt = 0;
     QPoint m_pointer;
     std::optional<QPoint> m_dragged;
-    int m_releases = 0;
+    int m_presses = 0;
     int m_keyPresses = 0;
 };

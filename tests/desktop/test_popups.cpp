@@ -582,6 +582,7 @@ void TestPopups::rename()
     if (end == "bankcombo")
         desk.hands.key("Escape");
     desk.hands.await("the editor closes", [editor] { return !editor(); });
+    desk.hands.awaitNoPopup();
     QVERIFY(desk.hands.play());
 
     QCOMPARE(Desk::filled(desk.pads()), "1,0=" + text);
