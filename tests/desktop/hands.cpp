@@ -192,14 +192,23 @@ Hands::Hands()
         1); // two clicks are two clicks, unless they shall be one double click
     qApp->installEventFilter(this);
     connect(&m_timer, &QTimer::timeout, this, &Hands::look);
-    connect(&m_tool, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
-            [this](int code, QProcess::ExitStatus) {
-                m_doneAt = QDeadlineTimer::current().deadline();
-                m_isDone = true;
-                if (code != 0)
-                    giveUp(m_tool.readAllStandardError());
-            });
+    connect(&m_tool, &QProcess::readyReadStandardOutput, this, [this] {
+        m_isBusy = false;
+        m_isDone = true;
+        m_doneAt = QDeadlineTimer::current().deadline();
+        if (m_tool.readAllStandardOutput().trimmed() != "0")
+            giveUp(m_tool.readAllStandardError());
+    });
+    // One shell for all commands: to start each from here would take long in a build with sanitizers.
+    m_tool.start(
+        "bash", {"-c", "while read -r line; do eval \"xdotool $line\" </dev/null && echo 0 || echo 1; done"});
     m_timer.setSingleShot(true);
+}
+
+Hands::~Hands()
+{
+    m_tool.closeWriteChannel();
+    m_tool.waitForFinished();
 }
 
 void Hands::takeForDoubleClicks(bool isSlow)
@@ -427,8 +436,6 @@ bool Hands::play()
     while (!m_steps.isEmpty())
         QTest::qWait(1);
     m_timer.stop();
-    if (m_tool.state() != QProcess::NotRunning)
-        m_tool.waitForFinished();
     return !m_hasFailed;
 }
 
@@ -439,7 +446,7 @@ void Hands::look()
         rescue();
         return;
     }
-    if (m_steps.isEmpty() || m_tool.state() != QProcess::NotRunning)
+    if (m_steps.isEmpty() || m_isBusy)
         return;
     const Step step = m_steps.head();
     const qint64 now = QDeadlineTimer::current().deadline();
@@ -464,7 +471,11 @@ void Hands::run(const QStringList &command)
         m_isDone = true;
         return;
     }
-    m_tool.start("xdotool", command);
+    m_isBusy = true;
+    QByteArray line;
+    for (const QString &word : command)
+        line += "'" + word.toUtf8() + "' ";
+    m_tool.write(line + "\n");
 }
 
 void Hands::next()
@@ -484,9 +495,8 @@ void Hands::giveUp(const QString &why)
 
 void Hands::rescue()
 {
-    if (m_tool.state() == QProcess::NotRunning)
-        m_tool.start("xdotool",
-                     {"mouseup", "1", "mouseup", "3", "keyup", "shift", "keyup", "ctrl", "key", "Escape"});
+    if (!m_isBusy)
+        run({"mouseup", "1", "mouseup", "3", "keyup", "shift", "keyup", "ctrl", "key", "Escape"});
     if (QWidget *popup = QApplication::activePopupWidget())
         popup->close();
     if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))

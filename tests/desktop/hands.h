@@ -57,6 +57,7 @@ class Hands final : public QObject
 
 public:
     Hands();
+    ~Hands() override;
 
     void moveTo(const Place &place);
     void click(const Place &place, int button = 1);
@@ -89,7 +90,7 @@ public:
     void closeWindow();
     void hold(const QString &modifier);
     void letGo(const QString &modifier);
-    /** Types Latin letters, digits and signs. */
+    /** Types Latin letters, digits and signs without a single quote. */
     void type(const QString &text);
 
     void await(const QString &what, const std::function<bool()> &seen);
@@ -136,6 +137,7 @@ private:
     QQueue<Step> m_steps;
     QTimer m_timer;
     QProcess m_tool;
+    bool m_isBusy = false;
     bool m_isDone = false; ///< what the current step tells xdotool to do
     bool m_hasFailed = false;
     qint64 m_since = 0;

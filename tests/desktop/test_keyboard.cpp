@@ -494,8 +494,8 @@ void TestKeyboard::tabGoesOnAndBack_data()
 {
     QTest::addColumn<QString>("name");
 
-    for (const char *name : {"loadini", "combobox", "radio_outputpage", "radioButton_8pads", "cleanpads_button", "bankcombo",
-                             "bankname", "padsname", "pushButton_2"})
+    for (const char *name : {"loadini", "combobox", "radio_outputpage", "radioButton_8pads",
+                             "cleanpads_button", "bankcombo", "bankname", "padsname", "pushButton_2"})
         QTest::newRow(name) << name;
 }
 
