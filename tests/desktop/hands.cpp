@@ -19,7 +19,8 @@
 namespace {
 
 constexpr int Patience = 20000; // milliseconds that a step may take
-constexpr int Pause = 50;       // before a gesture that was not seen is made again
+const QPoint Nowhere(-1, -1);
+constexpr int Pause = 50; // before a gesture that was not seen is made again
 
 bool isOnScreen(const QWidget *widget)
 {
@@ -188,8 +189,8 @@ QString openDialog()
 
 Hands::Hands()
 {
-    QApplication::setDoubleClickInterval(
-        1); // two clicks are two clicks, unless they shall be one double click
+    // Two clicks are two clicks, unless they shall be one double click.
+    QApplication::setDoubleClickInterval(1);
     qApp->installEventFilter(this);
     connect(&m_timer, &QTimer::timeout, this, &Hands::look);
     connect(&m_tool, &QProcess::readyReadStandardOutput, this, [this] {
@@ -242,27 +243,36 @@ void Hands::pointAt(const QString &what, const Place &place, const std::function
 void Hands::click(const Place &place, int button)
 {
     moveTo(place);
-    clickHere({"click", QString::number(button)}, 1);
+    clickHere(button);
 }
 
-void Hands::clickHere(const QStringList &command, int times)
+void Hands::clickHere(int button)
 {
-    // Where the press closes a popup, the release can get lost. A move after it tells of the buttons all the same.
-    const QStringList shrug = {"mousemove_relative", "1", "0", "mousemove_relative", "--", "-1", "0"};
     auto target = std::make_shared<int>(0);
     add({"a click",
          [=] {
-             *target = m_presses + times;
-             return command + shrug;
+             *target = m_releases + 1;
+             m_pointer = Nowhere;
+             return QStringList{"click",
+                                QString::number(button),
+                                "mousemove_relative",
+                                "1",
+                                "0",
+                                "mousemove_relative",
+                                "--",
+                                "-1",
+                                "0"};
          },
-         [=] { return m_presses >= *target && QGuiApplication::mouseButtons() == Qt::NoButton; }});
+         // Where the press closes a popup, the release can get lost. The move after it tells as much.
+         [=] { return m_releases >= *target || m_pointer != Nowhere; }});
 }
 
 void Hands::doubleClick(const Place &place)
 {
     moveTo(place);
     takeForDoubleClicks(true);
-    clickHere({"click", "--repeat", "2", "--delay", "1", "1"}, 2);
+    clickHere();
+    clickHere();
     takeForDoubleClicks(false);
 }
 
@@ -525,9 +535,8 @@ bool Hands::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Drop:
         m_dragged.reset();
         break;
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-        ++m_presses;
+    case QEvent::MouseButtonRelease:
+        ++m_releases;
         break;
     case QEvent::ShortcutOverride: // comes before each press of a key, whatever becomes of it
         ++m_keyPresses;

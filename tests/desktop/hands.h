@@ -105,9 +105,6 @@ public:
      */
     bool play();
 
-    /** Where the mouse was last seen by a window of ours. */
-    QPoint pointer() const { return m_pointer; }
-
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -124,7 +121,7 @@ private:
     void add(const Step &step);
     /** Moves the mouse to a place, again and again until something is seen. */
     void pointAt(const QString &what, const Place &place, const std::function<bool()> &seen);
-    void clickHere(const QStringList &command, int times);
+    void clickHere(int button = 1);
     /** Whether two clicks in one place are a double click however slow they are, or however fast they are not. */
     void takeForDoubleClicks(bool isSlow);
     void look();
@@ -142,8 +139,8 @@ private:
     bool m_hasFailed = false;
     qint64 m_since = 0;
     qint64 m_doneAt = 0;
-    QPoint m_pointer;
+    QPoint m_pointer; ///< where a window of ours has last seen the mouse
     std::optional<QPoint> m_dragged;
-    int m_presses = 0;
+    int m_releases = 0;
     int m_keyPresses = 0;
 };
