@@ -80,6 +80,12 @@ QStringList toPoint(const QPoint &point)
             "mousemove", QString::number(point.x()),     QString::number(point.y())};
 }
 
+/** A command that does not depend on anything. */
+std::function<std::optional<QStringList>()> plainly(const QString &command)
+{
+    return [command] { return command.split(' '); };
+}
+
 QString withoutMark(QString text)
 {
     return text.remove('&');
@@ -253,15 +259,9 @@ void Hands::clickHere(int button)
          [=] {
              *target = m_releases + 1;
              m_pointer = Nowhere;
-             return QStringList{"click",
-                                QString::number(button),
-                                "mousemove_relative",
-                                "1",
-                                "0",
-                                "mousemove_relative",
-                                "--",
-                                "-1",
-                                "0"};
+             return QString("click %1 mousemove_relative 1 0 mousemove_relative -- -1 0")
+                 .arg(button)
+                 .split(' ');
          },
          // Where the press closes a popup, the release can get lost. The move after it tells as much.
          [=] { return m_releases >= *target || m_pointer != Nowhere; }});
@@ -313,19 +313,13 @@ void Hands::openSubmenu(const QString &text)
 
 void Hands::press()
 {
-    add({"the button goes down",
-         [] {
-             return QStringList{"mousedown", "1"};
-         },
+    add({"the button goes down", plainly("mousedown 1"),
          [] { return QGuiApplication::mouseButtons() == Qt::LeftButton; }});
 }
 
 void Hands::release()
 {
-    add({"the button goes up",
-         [] {
-             return QStringList{"mouseup", "1"};
-         },
+    add({"the button goes up", plainly("mouseup 1"),
          [] { return QGuiApplication::mouseButtons() == Qt::NoButton; }});
 }
 
@@ -333,10 +327,7 @@ void Hands::beginDrag(QTableView *from, const Place &place)
 {
     moveTo(place);
     press();
-    add({"a drag begins",
-         [] {
-             return QStringList{"mousemove_relative", "6", "2"};
-         },
+    add({"a drag begins", plainly("mousemove_relative 6 2"),
          [from] { return from->findChild<QDrag *>() != nullptr; }, true});
 }
 
@@ -383,7 +374,7 @@ void Hands::keys(const QString &row)
 
 void Hands::keyInDrag(const QString &keys)
 {
-    add({"the key " + keys, [keys] { return QStringList{"key", keys}; }, [] { return true; }});
+    add({"the key " + keys, plainly("key " + keys), [] { return true; }});
 }
 
 void Hands::closeWindow()
@@ -397,16 +388,12 @@ void Hands::closeWindow()
 
 void Hands::hold(const QString &modifier)
 {
-    add({modifier + " goes down",
-         [modifier] {
-             return QStringList{"keydown", modifier};
-         },
-         [] { return true; }});
+    add({modifier + " goes down", plainly("keydown " + modifier), [] { return true; }});
 }
 
 void Hands::letGo(const QString &modifier)
 {
-    add({modifier + " goes up", [modifier] { return QStringList{"keyup", modifier}; }, [] { return true; }});
+    add({modifier + " goes up", plainly("keyup " + modifier), [] { return true; }});
 }
 
 void Hands::type(const QString &text)
