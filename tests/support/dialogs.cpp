@@ -62,6 +62,11 @@ void ExpectedDialogs::tolerate(const QString &text)
     m_tolerated += text;
 }
 
+void ExpectedDialogs::standAside()
+{
+    m_timer.stop();
+}
+
 QString ExpectedDialogs::faults() const
 {
     QStringList faults = m_faults;

@@ -66,6 +66,9 @@ public:
      */
     void tolerate(const QString &text);
 
+    /** Leaves all dialogs from now on to somebody else. */
+    void standAside();
+
     /** What went wrong so far, the dialogs that never came included; empty if all is well. */
     QString faults() const;
 

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "desktop/hands.h"
+#include "support/workspace.h"
+
+/** The program on a real desktop, with a show of two pages with eight Live Buttons each, named "1-1" to "2-8". */
+class Desk final
+{
+public:
+    /** Shows the window and loads the show, by mouse and keyboard; false where that fails. */
+    bool start();
+
+    /** Whether the window has the keyboard, and no dialog or popup is open. */
+    bool isAtRest();
+
+    /** Empties pads and keys, and goes to the Pads Page with eight or sixteen pads a bank. */
+    bool clearPads(int padsPerBank = 8);
+    /** Empties pads and keys, and goes to MIDI Mapping with a device. */
+    bool clearKeys(int device = 0);
+
+    QTableView *list() { return space.dmxView(); }
+    QTableView *pads() { return space.padsView(); }
+    QTableView *grid() { return space.gridView(); }
+    /** A widget's middle, by its object name. */
+    Place on(const char *name) { return Places::middleOf(space.find<QWidget>(name)); }
+
+    /** Lays Live Buttons on pads or keys with no gesture, as "row,column=button row,column=button". */
+    bool lay(QTableView *onto, const QString &cells);
+    /** What lies on pads or keys, in that form with the texts that are seen in place of the buttons' numbers. */
+    static QString filled(const QTableView *view);
+    /** The rows with a tick, as "0 1". */
+    QString ticks();
+    /** A filled cell whose page, colour or name are not those of its Live Button, in words; else empty. */
+    QString foreignCell(const QTableView *view);
+
+    Workspace space;
+    Hands hands;
+
+private:
+    bool clear();
+};
