@@ -6,6 +6,7 @@ lie in a folder of their own, and the tests of the copy find that library first.
 
 import json
 import os
+import re
 import shlex
 import shutil
 import signal
@@ -33,7 +34,8 @@ class Broken(Exception):
 @dataclass(frozen=True)
 class Outcome:
     passed: bool
-    how: str  # a failing test is red: by its message, a crash or a timeout
+    how: str = ""  # its first red line, or how it ended without one
+    row: str = ""  # that the line tells of, as the test takes it from the command line
 
 
 class Scratch:
@@ -138,9 +140,6 @@ class Scratch:
             new_object = str(folder / f"{position}.o")
             command[command.index("-o") + 1] = new_object
             command[command.index("-c") + 1] = str(replaced if source == original else source)
-            for option in ("-MF", "-MT"):
-                if option in command:
-                    command[command.index(option) + 1] = str(folder / "deps")
             command[1:1] = ["-w", "-iquote", str(folder / "source")]
             if not self._succeeds(command):
                 return False
@@ -158,14 +157,26 @@ class Scratch:
                            lambda process: process.communicate() and process.returncode == 0)
 
     def test(self, name, folder, longest):
-        """Runs one test with the libraries of a folder, and ends it at its first red line."""
+        """
+        Runs one test with the libraries of a folder, and ends it at its first red line.
+
+        What is red must be so twice: a busy machine can turn a row red that looks at the clock.
+        """
+        outcome = self._test_once(name, [], folder, longest)
+        if outcome.passed or not outcome.row:
+            return outcome
+        again = self._test_once(name, [outcome.row], folder, longest)
+        return outcome if again.row else self._test_once(name, [], folder, longest)
+
+    def _test_once(self, name, rows, folder, longest):
         command, settings = self.tests[name]
         home = Path(tempfile.mkdtemp(dir=folder))
         (home / "run").mkdir(mode=0o700)
         environment = dict(os.environ, LD_LIBRARY_PATH=str(folder), HOME=str(home), TMPDIR=str(home),
                            XDG_RUNTIME_DIR=str(home / "run"), **settings)
         try:
-            return self._start(command, environment, home, lambda process: self._watch(process, longest))
+            return self._start([*command, *rows], environment, home,
+                               lambda process: self._watch(process, longest))
         finally:
             shutil.rmtree(home, ignore_errors=True)
 
@@ -180,9 +191,10 @@ class Scratch:
         self._end(process) if red else process.wait()
         late.cancel()
         if red:
-            return Outcome(False, red)
+            place = re.match(r"\w+::(\w+)\((.*?)\) ", red)
+            return Outcome(False, red, ":".join(filter(None, place.groups())) if place else "")
         if process.returncode == 0:
-            return Outcome(True, f"{time.monotonic() - began:.1f} s")
+            return Outcome(True)
         took = time.monotonic() - began
         return Outcome(False, "no end" if took >= longest else f"ended with {process.returncode}")
 
