@@ -19,6 +19,7 @@ tour_needs=(
 locale_needs=('locales|the sources of locales|localedef --version')
 plan_needs=('python3|Python 3.9 or later|python3 --version')
 format_needs=('clang-format|clang-format, at best version 14|clang-format --version')
+coverage_needs=('gcovr|gcovr|gcovr --version')
 lint_needs=('clang-tidy|clang-tidy, at best version 14|clang-tidy --version')
 fuzz_needs=(
     'python3|Python 3.9 or later|python3 --version'

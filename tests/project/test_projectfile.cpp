@@ -968,6 +968,10 @@ void TestProjectFile::readsDocuments_data()
     QTest::newRow("document type") << "<!DOCTYPE project>" + cafe << name;
     QTest::newRow("document type elsewhere")
         << "<!DOCTYPE project SYSTEM \"file:///etc/hostname\">" + cafe << name;
+    QTest::newRow("square brackets behind a document type")
+        << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                      "<!DOCTYPE project>\n<project showname=\"[A]\"/>\n")
+        << "[A]";
     QTest::newRow("escapes") << QByteArray("<project showname=\"&lt;&amp;&quot;&apos;&gt;&#233;\"/>")
                              << QString::fromUtf8("<&\"'>\xC3\xA9");
     QTest::newRow("bracket in a value") << QByteArray("<project showname=\"a > b /> c\"/>") << "a > b /> c";

@@ -117,6 +117,8 @@ private slots:
     void countsMoreThanThereIs();
     void readsAllThatIsThereBehindAHugeCount_data();
     void readsAllThatIsThereBehindAHugeCount();
+    void countsAHundredThousandMissingGroups_data();
+    void countsAHundredThousandMissingGroups();
     void readsSixtyThousandButtons();
     void readsTheFileAfreshEachTime();
     void leavesTheFileAlone();
@@ -705,7 +707,7 @@ void TestLiveShow::readsAllThatIsThereBehindAHugeCount_data()
         << QStringList{"Strobes", "Wash"} << QStringList{"A", "C"};
 }
 
-/** How many empty records a huge count makes is open; what the file holds comes first and complete. */
+/** Whatever the count of empty records, what the file holds comes complete and in its order. */
 void TestLiveShow::readsAllThatIsThereBehindAHugeCount()
 {
     QFETCH(const QByteArray, ini);
@@ -722,6 +724,34 @@ void TestLiveShow::readsAllThatIsThereBehindAHugeCount()
     QStringList foundTitles = valuesOf(show.buttons, "title");
     foundTitles.removeAll(QString());
     QCOMPARE(foundTitles, titles);
+}
+
+void TestLiveShow::countsAHundredThousandMissingGroups_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+    QTest::addColumn<int>("pages");
+    QTest::addColumn<int>("buttons");
+
+    QTest::newRow("pages, one below the limit") << QByteArray("[page]\nnumber = 99999\n") << 99999 << 0;
+    QTest::newRow("pages up to the limit") << QByteArray("[page]\nnumber = 100000\n") << 100000 << 0;
+    QTest::newRow("pages beyond it") << QByteArray("[page]\nnumber = 100001\n") << 100000 << 0;
+    QTest::newRow("buttons beyond it")
+        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 100001\n") << 1 << 100000;
+    QTest::newRow("a button that is there beside them")
+        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 200000\n[page1_button7]\ntitle = A\n") << 1
+        << 100001;
+    QTest::newRow("pages and buttons share it")
+        << QByteArray("[page]\nnumber = 60001\n[page1]\nnb_buttons = 60000\n") << 60001 << 40000;
+}
+
+/** Entry 0, "All Pages", stands beside the counted ones. */
+void TestLiveShow::countsAHundredThousandMissingGroups()
+{
+    QFETCH(const QByteArray, ini);
+    LiveShow show;
+    QVERIFY(read(ini, show));
+    QTEST(show.pages.size() - 1, "pages");
+    QTEST(show.buttons.size(), "buttons");
 }
 
 void TestLiveShow::readsSixtyThousandButtons()

@@ -152,6 +152,7 @@ private slots:
     void throwsAwayAssignmentsAndNames();
     void keepsModeLayoutAndDevice();
     void secondShowInMidiModeEmptiesTheGrid();
+    void forgetsTheSwitch();
     void showWithoutPagesCountsAsLoaded_data();
     void showWithoutPagesCountsAsLoaded();
 
@@ -575,6 +576,25 @@ void TestLoadShow::secondShowInMidiModeEmptiesTheGrid()
     QCOMPARE(space.leftOnGrid(), QString());
     QVERIFY(space.ask<bool>("isMIDIempty"));
     QVERIFY2(exportSays(space, NothingAssigned), qPrintable(space.dialogs.faults()));
+}
+
+void TestLoadShow::forgetsTheSwitch()
+{
+    Workspace space;
+    QVERIFY2(space.loadSomeShow(), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.click("radio_outputmidi"));
+    QVERIFY(space.pickOnKey(4, 7, {"Set as Switch"}));
+    QVERIFY2(space.load(space.writeShow("Next", Workspace::iniWith({3}))),
+             qPrintable(space.dialogs.faults()));
+    QCOMPARE(space.leftOnGrid(), QString());
+
+    // A project tells the row and column of the Switch.
+    const QString path = space.home() + "/Switch.zarvex";
+    space.dialogs.expect(Boxes::projectSaved("Switch"));
+    QVERIFY(space.call("savemidiproject", path));
+    QCOMPARE(space.dialogs.faults(), QString());
+    const QByteArray project = bytesOf(path);
+    QVERIFY2(project.contains(" switch=\"-1,-1\" "), project.left(300).constData());
 }
 
 void TestLoadShow::showWithoutPagesCountsAsLoaded_data()
