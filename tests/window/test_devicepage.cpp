@@ -228,6 +228,9 @@ private slots:
     void noDeviceHasNoBands_data();
     void noDeviceHasNoBands();
     void deviceComesBackAfterNone();
+
+    void pressOnDisabledKeyClearsTheSelection_data();
+    void pressOnDisabledKeyClearsTheSelection();
 };
 
 void TestDevicePage::listsTheDevices()
@@ -830,6 +833,32 @@ void TestDevicePage::deviceComesBackAfterNone()
     QVERIFY(space.choose("devicescombo", Akai));
     QCOMPARE(space.snapshot(), before);
     QCOMPARE(swatchesOf(space.find<QComboBox>("combo_oncolor")), lowered(AkaiPalette));
+}
+
+void TestDevicePage::pressOnDisabledKeyClearsTheSelection_data()
+{
+    QTest::addColumn<bool>("isLeft");
+    QTest::addColumn<QPoint>("pressed"); // column and row
+    QTest::addColumn<bool>("isCleared");
+    QTest::newRow("left button") << true << QPoint(2, 10) << true;
+    QTest::newRow("right button, for the menu") << false << QPoint(2, 10) << false;
+    QTest::newRow("left button on the key itself") << true << QPoint(3, 2) << false;
+}
+
+void TestDevicePage::pressOnDisabledKeyClearsTheSelection()
+{
+    QFETCH(bool, isLeft);
+    QFETCH(QPoint, pressed);
+    QFETCH(bool, isCleared);
+
+    Workspace space;
+    QVERIFY(space.click("radio_outputmidi"));
+    space.gridView()->setCurrentIndex(space.grid()->index(2, 3));
+    const Qt::MouseButton button = isLeft ? Qt::LeftButton : Qt::RightButton;
+    const QModelIndex key = space.grid()->index(pressed.y(), pressed.x());
+    QTest::mousePress(space.gridView()->viewport(), button, {}, space.gridView()->visualRect(key).center());
+    QCOMPARE(space.gridView()->selectionModel()->isSelected(space.grid()->index(2, 3)), !isCleared);
+    QTest::mouseRelease(space.gridView()->viewport(), button, {}, space.gridView()->visualRect(key).center());
 }
 
 QTEST_MAIN(TestDevicePage)
