@@ -157,7 +157,7 @@ void TestNewController::projectComesBack()
     space.dialogs.expect(Boxes::saveDialog(space, project));
     space.dialogs.expect(Boxes::projectSaved("Board"));
     space.trigger("actionSave_2");
-    QCOMPARE(bytesOf(project).split('\n').value(1),
+    QCOMPARE(textOf(bytesOf(project)).split('\n').value(1),
              QString("<project deviceid=\"BEATBOARD\" type=\"midi\" show=\"%1/Show/Live/live.ini\""
                      " showname=\"Show\" switch=\"3,2\" offcolor=\"3\" oncolor=\"2\" export=\"OS2L DMX\" >")
                  .arg(space.home())

@@ -77,11 +77,8 @@ void Hands::expect(const Rules::Question &question)
     case Rules::Question::Box:
         return m_space.dialogs.expect(boxFor(question));
     case Rules::Question::Folder:
-        return m_space.dialogs.expect(Boxes::File{"Select a Show",
-                                                  m_space.home() + "/TheLightingController/LightShows",
-                                                  question.answer,
-                                                  {},
-                                                  true});
+        return m_space.dialogs.expect(
+            Boxes::File{"Select a Show", m_space.showsFolder(), question.answer, {}, true});
     case Rules::Question::SaveFile:
         return m_space.dialogs.expect(Boxes::saveDialog(m_space, question.answer));
     case Rules::Question::OpenFile:

@@ -149,7 +149,7 @@ QMap<QString, QString> projects(const QString &club, const QString &locked)
 
 void put(Rules::World &world, const QString &path, const QString &text)
 {
-    if (!writeFile(path, text.toUtf8()))
+    if (!writeFile(path, asWritten(text.toUtf8())))
         qFatal("cannot write %s", qPrintable(path));
     world.files.insert(path, text);
 }

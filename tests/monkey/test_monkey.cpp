@@ -18,7 +18,7 @@ constexpr int Steps = 500; ///< for each of them
 
 QStringList gesturesIn(const QString &path)
 {
-    return QString::fromUtf8(textOf(bytesOf(path))).split('\n', Qt::SkipEmptyParts);
+    return QString::fromUtf8(bytesOf(path)).split('\n', Qt::SkipEmptyParts);
 }
 
 int stepsToPlay()

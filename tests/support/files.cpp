@@ -34,11 +34,18 @@ QByteArray textOf(const QByteArray &bytes)
 #ifdef Q_OS_WIN
     QByteArray text = bytes;
     text.replace("\r\n", "\n");
-    return QByteArray(text).replace("\n", "\r\n") == bytes ? text
-                                                           : "line ends of another platform in: " + bytes;
+    return asWritten(text) == bytes ? text : "line ends of another platform in: " + bytes;
 #else
     return bytes;
 #endif
+}
+
+QByteArray asWritten(QByteArray text)
+{
+#ifdef Q_OS_WIN
+    text.replace("\n", "\r\n");
+#endif
+    return text;
 }
 
 bool writeFile(const QString &path, const QByteArray &content)

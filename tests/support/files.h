@@ -27,6 +27,9 @@ QByteArray bytesOf(const QString &path);
  */
 QByteArray textOf(const QByteArray &bytes);
 
+/** The bytes that textOf() takes for a text: its lines ended as this platform ends them. */
+QByteArray asWritten(QByteArray text);
+
 /** Writes a file anew; false where that fails. */
 bool writeFile(const QString &path, const QByteArray &content);
 

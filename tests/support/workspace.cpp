@@ -73,6 +73,15 @@ Workspace::Workspace()
 
 Workspace::~Workspace() = default;
 
+QString Workspace::showsFolder() const
+{
+#ifdef Q_OS_WIN
+    return {};
+#else
+    return home() + "/TheLightingController/LightShows";
+#endif
+}
+
 MainWindow &Workspace::window()
 {
     if (!m_window) {

@@ -36,6 +36,8 @@ public:
     QString documents() const { return home() + "/Documents"; }
     QString padsFolder() const { return documents() + "/VirtualDJ/Pads"; }
     QString mappersFolder() const { return documents() + "/VirtualDJ/Mappers"; }
+    /** Where the dialog for shows starts; empty on Windows, where the account alone says which home folder is asked. */
+    QString showsFolder() const;
 
     /** A child of the window by object name; ends the test program where it is missing. */
     template<typename T>

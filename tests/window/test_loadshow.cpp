@@ -29,11 +29,8 @@ Box notFound()
 
 File folderDialog(const Workspace &space, const QString &answer)
 {
-    File dialog{"Select a Show", space.home() + "/TheLightingController/LightShows", answer};
+    File dialog{"Select a Show", space.showsFolder(), answer};
     dialog.showsFoldersOnly = true;
-#ifdef Q_OS_WIN
-    dialog.folder.clear(); // the account alone says there where the home folder is
-#endif
     return dialog;
 }
 
