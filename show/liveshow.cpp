@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QRegularExpression>
+#include <QSet>
 #include <QSettings>
 #include <QStringList>
 #include <QVariant>
@@ -57,6 +58,8 @@ private:
         const Record page = show.pages.at(position);
         const QString prefix = "page" + page.value("pageid") + "_button";
         const QString pageNumber = QString::number(position);
+        m_isReadAgain = m_prefixes.contains(prefix);
+        m_prefixes.insert(prefix);
         forEachNumber(prefix, page.value("nb_buttons").toInt(),
                       [&](const QString &number) { readButton(prefix + number, pageNumber, show); });
     }
@@ -80,20 +83,20 @@ private:
     {
         m_settings.beginGroup(group);
         m_keys = m_settings.childKeys();
-        if (m_keys.isEmpty())
-            ++m_missing;
+        if (m_keys.isEmpty() || m_isReadAgain)
+            ++m_additional;
     }
 
     /**
-     * Calls read for the numbers from 1 to count; once more groups were missing than any show can have, only
-     * for those of them that the file holds behind the prefix.
+     * Calls read for the numbers from 1 to count; once more records were made than any show can have beyond the
+     * groups that the file holds, only for those that it holds behind the prefix and that were not read yet.
      */
     template<typename Read>
     void forEachNumber(const QString &prefix, int count, Read read)
     {
         for (qint64 number = 1; number <= count; ++number) {
-            if (m_missing >= MostMissing) {
-                number = nextHeld(prefix, number);
+            if (m_additional >= MostAdditional) {
+                number = m_isReadAgain ? -1 : nextHeld(prefix, number);
                 if (number < 0 || number > count)
                     return;
             }
@@ -123,11 +126,13 @@ private:
             std::sort(numbers.begin(), numbers.end());
     }
 
-    static constexpr int MostMissing = 100000;
+    static constexpr int MostAdditional = 100000;
 
     QSettings m_settings;
     QStringList m_keys;
-    int m_missing = 0;
+    QSet<QString> m_prefixes;
+    bool m_isReadAgain = false; ///< whether the groups belong to an earlier page, too
+    int m_additional = 0;       ///< records without a group of their own in the file
     QHash<QString, QVector<qint64>> m_held;
 };
 

@@ -24,8 +24,9 @@ struct LiveShow
 /**
  * Reads a show's settings file.
  *
- * A group that the file counts and does not hold still gives a record, up to a hundred thousand such
- * records for one show; groups that the file holds are all read.
+ * A group that the file counts and does not hold still gives a record, and the groups of two pages with one
+ * "pageid" give records for each, up to a hundred thousand such records for one show; groups that the file
+ * holds are all read.
  *
  * @param path  full path of live.ini, an INI file as QSettings reads it
  * @return      pages and buttons; what the file lacks is empty. Never fails: an unreadable file is a show

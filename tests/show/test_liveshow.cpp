@@ -90,6 +90,18 @@ QByteArray smallShow()
            "title = Haze\n";
 }
 
+/** A show whose pages all have the button groups of the first. */
+QByteArray pagesOfOneNumber(int pages, int buttons)
+{
+    QByteArray ini = "[page]\nnumber = " + QByteArray::number(pages) + "\n";
+    for (int page = 1; page <= pages; ++page)
+        ini += "[page" + QByteArray::number(page)
+               + "]\npageid = 1\nnb_buttons = " + QByteArray::number(buttons) + "\n";
+    for (int button = 1; button <= buttons; ++button)
+        ini += "[page1_button" + QByteArray::number(button) + "]\ntitle = A\n";
+    return ini;
+}
+
 } // namespace
 
 /** Reading live.ini, good and bad. */
@@ -742,6 +754,8 @@ void TestLiveShow::countsAHundredThousandMissingGroups_data()
         << 100001;
     QTest::newRow("pages and buttons share it")
         << QByteArray("[page]\nnumber = 60001\n[page1]\nnb_buttons = 60000\n") << 60001 << 40000;
+    QTest::newRow("pages with the groups of one") << pagesOfOneNumber(50, 1000) << 50 << 50000;
+    QTest::newRow("pages with the groups of one, beyond it") << pagesOfOneNumber(400, 1000) << 400 << 101000;
 }
 
 /** Entry 0, "All Pages", stands beside the counted ones. */
