@@ -93,6 +93,19 @@ QString difference(const QByteArray &actual, const QByteArray &expected)
              QString::fromUtf8(wanted.value(line)));
 }
 
+PlainTempFolder::PlainTempFolder()
+{
+    qputenv("TMPDIR", "/tmp");
+}
+
+PlainTempFolder::~PlainTempFolder()
+{
+    if (m_before.isNull())
+        qunsetenv("TMPDIR");
+    else
+        qputenv("TMPDIR", m_before);
+}
+
 DefaultCodec::DefaultCodec(const QByteArray &name) : m_before(QTextCodec::codecForLocale())
 {
     QTextCodec::setCodecForLocale(QTextCodec::codecForName(name));

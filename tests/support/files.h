@@ -47,6 +47,18 @@ QByteArrayList pieces(const std::function<void(QTextStream &)> &write);
 /** Where two files first differ, for a person; empty where they do not. */
 QString difference(const QByteArray &actual, const QByteArray &expected);
 
+/** Keeps new temporary folders where names are ASCII: on Unix the default codec is that of file names, too. */
+class PlainTempFolder final
+{
+public:
+    PlainTempFolder();
+    ~PlainTempFolder();
+    Q_DISABLE_COPY(PlainTempFolder)
+
+private:
+    const QByteArray m_before = qgetenv("TMPDIR");
+};
+
 /** Holds a codec for all texts that name none. */
 class DefaultCodec final
 {

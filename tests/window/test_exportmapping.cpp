@@ -1309,6 +1309,7 @@ void TestExportMapping::usesTheDefaultCodec()
     QFETCH(QByteArray, codec);
     QFETCH(QByteArray, name);
 
+    const PlainTempFolder plain;
     Workspace space;
     QVERIFY2(start(space, Akai), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnKey(Accented, 2, 2));

@@ -605,6 +605,7 @@ void TestExportPage::usesTheDefaultCodec()
     QFETCH(QByteArray, codec);
     QFETCH(QByteArray, name);
 
+    const PlainTempFolder plain;
     Workspace space;
     QVERIFY2(start(space), qPrintable(space.dialogs.faults()));
     QVERIFY(space.putOnPad(Accented, 0));

@@ -705,6 +705,7 @@ void TestProjects::longerFileIsCutOff()
 
 void TestProjects::savesInTheDefaultCodec()
 {
+    const PlainTempFolder plain;
     Workspace space;
     QVERIFY(start(space));
     space.find<QLineEdit>("padsname")->setText(QString::fromUtf8("Café"));
