@@ -206,15 +206,11 @@ void Controller::write(const QModelIndex &target, const DragPayload &payload)
 
 void Controller::clear(const QModelIndex &key, const QString &label)
 {
-    setData(key, label, Qt::EditRole);
-    setData(key, label, DisplayNameRole);
-    setData(key, "0", PageRole);
+    Assignments::clearCell(*this, key, label);
     setData(key, "1", AvailableRole);
-    setData(key, "-1", ButtonRole);
     setData(key, "", OffColorRole);
     setData(key, "", OnColorRole);
     setData(key, "", BlinkRole);
-    setData(key, "#000000", Qt::DecorationRole);
 }
 
 Qt::DropActions Controller::supportedDropActions() const

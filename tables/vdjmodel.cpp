@@ -148,7 +148,7 @@ bool VDJModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*
     if (payload->isMove()) {
         const QModelIndex source = index(payload->sourceRow(), payload->sourceColumn());
         if (wasEmpty) {
-            clear(source, Assignments::padLabel(source.row()));
+            Assignments::clearCell(*this, source, Assignments::padLabel(source.row()));
             emit ItemMoved(to.row());
         } else {
             Assignments::setTexts(*this, source, before);
@@ -169,15 +169,6 @@ void VDJModel::write(const QModelIndex &target, const DragPayload &payload)
     setData(target, payload.text(DragPayload::DisplayName), DisplayNameRole);
     setData(target, payload.text(DragPayload::Button), ButtonRole);
     setData(target, payload.color(), Qt::DecorationRole);
-}
-
-void VDJModel::clear(const QModelIndex &pad, const QString &label)
-{
-    setData(pad, label, Qt::EditRole);
-    setData(pad, "0", PageRole);
-    setData(pad, "-1", ButtonRole);
-    setData(pad, label, DisplayNameRole);
-    setData(pad, "#000000", Qt::DecorationRole);
 }
 
 Qt::DropActions VDJModel::supportedDropActions() const

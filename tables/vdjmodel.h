@@ -82,7 +82,6 @@ private:
     static QString keyOf(int role);
     QVariant toolTip(const QModelIndex &index) const;
     void write(const QModelIndex &target, const DragPayload &payload);
-    void clear(const QModelIndex &pad, const QString &label);
 
     QVector<QVariant> sparevalues; // always empty
     QList<QList<QMap<QString, QString>>> rows;
