@@ -1,6 +1,6 @@
 #include "devices/catalogue.h"
 
-#include "devices/xmlfile.h"
+#include "files/xmlfile.h"
 
 #include <QDir>
 #include <QXmlStreamReader>

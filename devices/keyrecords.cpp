@@ -1,7 +1,7 @@
 #include "devices/keyrecords.h"
 
-#include "devices/xmlfile.h"
 #include "export/escape.h"
+#include "files/xmlfile.h"
 
 #include <QFile>
 #include <QHash>

@@ -4,7 +4,7 @@
 #include "devices/catalogue.h"
 #include "devices/device.h"
 #include "devices/grid.h"
-#include "devices/xmlfile.h"
+#include "files/xmlfile.h"
 #include "fuzz/target.h"
 
 #include <QFileInfo>

@@ -2,8 +2,8 @@
 // Without that line, it is a layout that serves as its own mapper.
 
 #include "devices/keyrecords.h"
-#include "devices/xmlfile.h"
 #include "export/escape.h"
+#include "files/xmlfile.h"
 #include "fuzz/target.h"
 
 #include <QHash>

@@ -1,6 +1,6 @@
 #include "project/projectfile.h"
 
-#include "devices/xmlfile.h"
+#include "files/xmlfile.h"
 #include "tables/roles.h"
 
 #include <QTextStream>

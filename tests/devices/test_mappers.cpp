@@ -1,5 +1,5 @@
 #include "devices/catalogue.h"
-#include "devices/xmlfile.h"
+#include "files/xmlfile.h"
 #include "support/boxes.h"
 #include "support/devices.h"
 #include "support/files.h"

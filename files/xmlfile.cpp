@@ -1,4 +1,4 @@
-#include "devices/xmlfile.h"
+#include "files/xmlfile.h"
 
 #include <QFile>
 #include <QFileInfo>
