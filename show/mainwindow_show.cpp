@@ -42,8 +42,8 @@ bool MainWindow::loadshow()
 
 bool MainWindow::loadshowname(const QString &path)
 {
-    // What is no file, such as a pipe, could keep the program waiting.
-    if (!QFileInfo(path).isFile() || !QFile(path).open(QIODevice::ReadOnly | QIODevice::Text))
+    const std::optional<LiveShow> show = readLiveShow(path);
+    if (!show)
         return false;
 
     switchkey = {-1, -1};
@@ -51,9 +51,8 @@ bool MainWindow::loadshowname(const QString &path)
     nameAfresh();
     ui->combobox->clear();
 
-    const LiveShow show = readLiveShow(path);
-    pagelist = show.pages;
-    buttonlist = show.buttons;
+    pagelist = show->pages;
+    buttonlist = show->buttons;
     initlist();
     updatecombo();
 

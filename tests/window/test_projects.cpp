@@ -1,6 +1,7 @@
 #include "support/boxes.h"
 #include "support/devices.h"
 #include "support/files.h"
+#include "support/processortime.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
@@ -444,6 +445,9 @@ private slots:
     void twoProjects_data();
     void twoProjects();
     void secondShowIsMissing();
+    void secondShowCannotBeOpened();
+    void readsAShowOnce_data();
+    void readsAShowOnce();
 
     void roundTrips_data();
     void roundTrips();
@@ -1611,6 +1615,49 @@ void TestProjects::secondShowIsMissing()
     QCOMPARE(savedBanks(space), QString("A,B"));
     QCOMPARE(notOfOutput(space, true), QString()); // no panel has moved
     QVERIFY(isChecked(space, "radioButton_8pads"));
+}
+
+void TestProjects::secondShowCannotBeOpened()
+{
+    Workspace space;
+    QVERIFY(start(space));
+    const QString other = space.writeShow("Other", Workspace::iniWith({5})) + "/Live/live.ini";
+    const QString hostile = space.writeShow("Hostile", "[page]\nnumber=@Variant(\\0)\n") + "/Live/live.ini";
+    const QByteArray first = "<project " + attribute("show", other) + R"(showname="Other" banks="A" />)";
+    const QByteArray second = "<project " + attribute("show", hostile) + R"(showname="Hostile" export="x" >)"
+                              + padKey(2, 1, "Strobe", 2) + "</project>";
+    QVERIFY(loadedFrom(space, "<all>" + first + second + "</all>") == true);
+    QCOMPARE(space.window().windowTitle(), QString("Zarvex - Other"));
+    QCOMPARE(space.find<QComboBox>("combobox")->count(), 2); // its pages stay, its Live Buttons go
+    QCOMPARE(space.dmx()->rowCount(), 0);
+    QCOMPARE(space.find<QLineEdit>("padsname")->text(), QString("x"));
+    QCOMPARE(savedBanks(space), DefaultBanks.join(","));
+    QCOMPARE(pad(space, 2, 1), QString("Strobe|Strobe|1|2|#ff0000"));
+}
+
+void TestProjects::readsAShowOnce_data()
+{
+    QTest::addColumn<QByteArray>("live");
+    QTest::newRow("that can be opened") << Workspace::iniWith({600});
+    QTest::newRow("that cannot")
+        << QByteArray("[page]\nnumber=@Variant(\\0)\n").rightJustified(20 << 20, '\n');
+}
+
+void TestProjects::readsAShowOnce()
+{
+    QFETCH(const QByteArray, live);
+
+    Workspace space;
+    QVERIFY(start(space));
+    const QString show = space.writeShow("Other", live) + "/Live/live.ini";
+    const QByteArray one = "<project " + attribute("show", show) + R"(showname="Other" deviceid="%" />)";
+    QByteArray all;
+    while (all.size() < 900000)
+        all += QByteArray(one).replace("%", all.size() % 2 == 0 ? "LAUNCHPAD" : "APCMINI ");
+    const ProcessorTime time;
+    QVERIFY(loadedFrom(space, "<all>" + all + "</all>") == true);
+    QVERIFY2(time.elapsed() < 10000, qPrintable(QString("%1 ms").arg(time.elapsed())));
+    QCOMPARE(space.find<QLineEdit>("padsname")->text(), QString());
 }
 
 void TestProjects::roundTrips_data()
