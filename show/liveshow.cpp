@@ -18,6 +18,15 @@ namespace {
 // Sixty thousand Live Buttons with all that the DMX program notes of them take less.
 constexpr qint64 LongestShow = 32 << 20;
 
+// The window paints a name as a whole to see how much of it fits.
+constexpr int LongestName = 10000;
+
+bool hasLongText(const QList<Record> &records, const QString &key)
+{
+    return std::any_of(records.cbegin(), records.cend(),
+                       [&key](const Record &record) { return record.value(key).size() > LongestName; });
+}
+
 QString colorOf(const QVariant &value)
 {
     return colorText(QString::number(value.toInt(), 16).toUpper());
@@ -178,7 +187,10 @@ std::optional<LiveShow> readLiveShow(const QString &path)
     const auto bytes = readFile(path, LongestShow);
     if (!bytes || !isHarmlessIni(*bytes))
         return {};
-    return ShowReader(path, *bytes).read();
+    const LiveShow show = ShowReader(path, *bytes).read();
+    if (hasLongText(show.pages, "name") || hasLongText(show.buttons, "title"))
+        return {};
+    return show;
 }
 
 QString colorText(const QString &digits)

@@ -33,8 +33,8 @@ struct LiveShow
  * @param path  full path of live.ini, an INI file as QSettings reads it, but that a value with commas has its text as
  *              it stands in the file
  * @return      pages and buttons; what the file lacks is empty. Nothing where there is no file, where it cannot be
- *              opened or is larger than 32 MiB, and where reading it could harm, as with a serialised object in a
- *              value.
+ *              opened or is larger than 32 MiB, where reading it could harm, as with a serialised object in a
+ *              value, and where a page or Live Button has a name of more than 10,000 characters.
  */
 std::optional<LiveShow> readLiveShow(const QString &path);
 

@@ -1136,7 +1136,7 @@ void TestProjectFile::pipeIsNoFile()
 void TestProjectFile::readsThousandsOfKeys()
 {
     QByteArray content = "<project type=\"pads\" show=\"s\" >\n";
-    constexpr int Keys = 7000;
+    constexpr int Keys = 7040;
     for (int i = 0; i < Keys; ++i)
         content +=
             "\t"

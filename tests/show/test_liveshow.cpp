@@ -139,6 +139,8 @@ private slots:
     void countsWhatIsReadAgain_data();
     void countsWhatIsReadAgain();
     void refusesLongFiles();
+    void refusesLongNames_data();
+    void refusesLongNames();
     void readsSixtyThousandButtons();
     void readsTheFileAfreshEachTime();
     void leavesTheFileAlone();
@@ -576,7 +578,7 @@ void TestLiveShow::survivesBadFiles_data()
     QTest::addColumn<QByteArray>("file");
 
     QRandomGenerator random(2024);
-    QByteArray noise(1 << 16, '\0');
+    QByteArray noise(1 << 13, '\0');
     for (char &byte : noise)
         byte = static_cast<char>(random.bounded(256));
     QByteArray holed = smallShow();
@@ -800,7 +802,7 @@ void TestLiveShow::countsWhatIsReadAgain_data()
                2000, [](int page) { return QByteArray("/").repeated(page) + "1"; }, 1)
                + keys.replace("page1_", "page\\1_");
     QTest::newRow("a long text") << pages(20000, one, 1)
-                                        + "[page1_button1]\ntitle = " + QByteArray(100000, 'a');
+                                        + "[page1_button1]\ntext = " + QByteArray(100000, 'a');
     QTest::newRow("a long number of a page") << pages(
         1, [](int) { return QByteArray(100000, '1'); }, 100000);
 }
@@ -828,6 +830,22 @@ void TestLiveShow::refusesLongFiles()
     QVERIFY(readLiveShow(file.fileName()));
     QVERIFY(file.resize((32 << 20) + 1));
     QVERIFY(!readLiveShow(file.fileName()));
+}
+
+void TestLiveShow::refusesLongNames_data()
+{
+    QTest::addColumn<QByteArray>("front");
+    QTest::newRow("a page") << QByteArray("[page]\nnumber = 1\n[page1]\nname = ");
+    QTest::newRow("a Live Button") << QByteArray(
+        "[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n[page1_button1]\ntitle = ");
+}
+
+void TestLiveShow::refusesLongNames()
+{
+    QFETCH(const QByteArray, front);
+    LiveShow show;
+    QVERIFY(read(front + QByteArray(10000, 'a'), show));
+    QVERIFY(!read(front + QByteArray(10001, 'a'), show));
 }
 
 void TestLiveShow::readsSixtyThousandButtons()
