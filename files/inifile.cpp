@@ -305,6 +305,14 @@ QString decodedValue(const QByteArray &value, bool isUtf8)
     return decoded;
 }
 
+/** To QSettings a byte order mark is a part of the first key, but not of the first group's name. */
+int firstLine(const QByteArray &ini, bool isUtf8)
+{
+    constexpr int BehindMark = 3;
+    const auto line = Lines(ini, isUtf8 ? BehindMark : 0).next();
+    return isUtf8 && line && line->text.startsWith('[') ? BehindMark : 0;
+}
+
 } // namespace
 
 bool isHarmlessIni(const QByteArray &ini)
@@ -319,7 +327,7 @@ QHash<QString, QString> iniTextsWithCommas(const QByteArray &ini)
         return texts;
 
     const bool isUtf8 = ini.startsWith("\xEF\xBB\xBF");
-    Lines lines(ini, isUtf8 ? 3 : 0);
+    Lines lines(ini, firstLine(ini, isUtf8));
     QString group;
     while (const auto line = lines.next()) {
         if (line->text.startsWith('[')) {

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int MostMissing = 100000;
+constexpr int MostMissing = 50000;
 
 bool isColor(const QString &text)
 {

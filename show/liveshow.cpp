@@ -167,7 +167,7 @@ private:
     }
 
     // Records beyond the groups of the file; longer ones, and keys of groups that are read again, count as several.
-    static constexpr qint64 MostCost = 100000;
+    static constexpr qint64 MostCost = 50000;
     static constexpr int CharactersOfRecord = 256;
     static constexpr int KeysOfRecord = 4;
 

@@ -27,7 +27,7 @@ struct LiveShow
  * Reads a show's settings file.
  *
  * A group that the file counts and does not hold still gives a record, and the groups of two pages with one
- * "pageid" give records for each, up to a hundred thousand such records for one show, and fewer where they are long;
+ * "pageid" give records for each, up to fifty thousand such records for one show, and fewer where they are long;
  * groups that the file holds are all read once.
  *
  * @param path  full path of live.ini, an INI file as QSettings reads it, but that a value with commas has its text as

@@ -134,8 +134,8 @@ private slots:
     void countsMoreThanThereIs();
     void readsAllThatIsThereBehindAHugeCount_data();
     void readsAllThatIsThereBehindAHugeCount();
-    void countsAHundredThousandMissingGroups_data();
-    void countsAHundredThousandMissingGroups();
+    void countsFiftyThousandMissingGroups_data();
+    void countsFiftyThousandMissingGroups();
     void countsWhatIsReadAgain_data();
     void countsWhatIsReadAgain();
     void refusesLongFiles();
@@ -746,28 +746,28 @@ void TestLiveShow::readsAllThatIsThereBehindAHugeCount()
     QCOMPARE(foundTitles, titles);
 }
 
-void TestLiveShow::countsAHundredThousandMissingGroups_data()
+void TestLiveShow::countsFiftyThousandMissingGroups_data()
 {
     QTest::addColumn<QByteArray>("ini");
     QTest::addColumn<int>("pages");
     QTest::addColumn<int>("buttons");
 
-    QTest::newRow("pages, one below the limit") << QByteArray("[page]\nnumber = 99999\n") << 99999 << 0;
-    QTest::newRow("pages up to the limit") << QByteArray("[page]\nnumber = 100000\n") << 100000 << 0;
-    QTest::newRow("pages beyond it") << QByteArray("[page]\nnumber = 100001\n") << 100000 << 0;
+    QTest::newRow("pages, one below the limit") << QByteArray("[page]\nnumber = 49999\n") << 49999 << 0;
+    QTest::newRow("pages up to the limit") << QByteArray("[page]\nnumber = 50000\n") << 50000 << 0;
+    QTest::newRow("pages beyond it") << QByteArray("[page]\nnumber = 50001\n") << 50000 << 0;
     QTest::newRow("buttons beyond it")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 100001\n") << 1 << 100000;
+        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 50001\n") << 1 << 50000;
     QTest::newRow("a button that is there beside them")
         << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 200000\n[page1_button7]\ntitle = A\n") << 1
-        << 100001;
+        << 50001;
     QTest::newRow("pages and buttons share it")
-        << QByteArray("[page]\nnumber = 60001\n[page1]\nnb_buttons = 60000\n") << 60001 << 40000;
-    QTest::newRow("pages with the groups of one") << pagesOfOneNumber(50, 1000) << 50 << 50000;
-    QTest::newRow("pages with the groups of one, beyond it") << pagesOfOneNumber(400, 1000) << 400 << 101000;
+        << QByteArray("[page]\nnumber = 30001\n[page1]\nnb_buttons = 30000\n") << 30001 << 20000;
+    QTest::newRow("pages with the groups of one") << pagesOfOneNumber(50, 900) << 50 << 45000;
+    QTest::newRow("pages with the groups of one, beyond it") << pagesOfOneNumber(400, 1000) << 400 << 51000;
 }
 
 /** Entry 0, "All Pages", stands beside the counted ones. */
-void TestLiveShow::countsAHundredThousandMissingGroups()
+void TestLiveShow::countsFiftyThousandMissingGroups()
 {
     QFETCH(const QByteArray, ini);
     LiveShow show;
