@@ -309,8 +309,8 @@ void TestIniFile::keepsTextsWithCommas_data()
                                           << "1\n,2";
     QTest::newRow("Latin 1 without a mark")
         << QByteArray("a = \xE4,\xC3\xA4") << "a" << QString::fromLatin1("\xE4,\xC3\xA4");
-    QTest::newRow("UTF-8 with a mark") << Mark + "a = \xC3\xA4,1"
-                                       << "a" << QString(QChar(0xE4)) + ",1";
+    QTest::newRow("UTF-8 with a mark") << Mark + "[p]\na = \xC3\xA4,1"
+                                       << "p/a" << QString(QChar(0xE4)) + ",1";
     QTest::newRow("a mark in front of the first key") << Mark + "a = 1,2" << QString::fromLatin1(Mark) + "a"
                                                       << "1,2";
     QTest::newRow("at signs") << QByteArray("a = @home,@@b") << "a"
