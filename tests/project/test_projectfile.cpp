@@ -1113,6 +1113,7 @@ void TestProjectFile::cannotBeOpened_data()
     QTest::newRow("missing folder") << m_folder->filePath("missing/project.zarvex");
     QTest::newRow("folder") << folder;
     QTest::newRow("file beyond 1 MiB") << huge;
+    QTest::newRow("path that goes on behind U+0000") << write("<project/>") + QChar(QChar::Null) + ".zarvex";
 }
 
 void TestProjectFile::cannotBeOpened()
