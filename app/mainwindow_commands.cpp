@@ -4,6 +4,7 @@
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
+#include "files/path.h"
 
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -127,7 +128,7 @@ void MainWindow::on_actionSave_2_triggered()
                                                       QFileDialog::DontConfirmOverwrite);
     if (path.isEmpty())
         return;
-    if (QFile::exists(path)
+    if (pathExists(path)
         && !MessageBox::confirmOverwrite(msgstyle,
                                          "Project " + QFileInfo(path).baseName() + " already exists."))
         return;

@@ -2,6 +2,7 @@
 
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
+#include "files/savefile.h"
 #include "project/projectfile.h"
 #include "tables/controller.h"
 #include "tables/vdjmodel.h"
@@ -9,7 +10,6 @@
 #include <QDomDocument>
 #include <QFile>
 #include <QFileDialog>
-#include <QTextStream>
 
 namespace {
 
@@ -18,15 +18,8 @@ template<typename Project>
 void save(const Project &project, const QString &path, const QString &messageStyle)
 {
     const QString name = QFileInfo(path).baseName();
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        MessageBox::notice(messageStyle, "Project " + name + " was not saved.");
-        return;
-    }
-    QTextStream out(&file);
-    writeProject(out, project);
-    file.close();
-    MessageBox::notice(messageStyle, "Project " + name + " is saved.");
+    const bool isSaved = saveText(path, [&project](QTextStream &out) { writeProject(out, project); });
+    MessageBox::notice(messageStyle, "Project " + name + (isSaved ? " is saved." : " was not saved."));
 }
 
 } // namespace
