@@ -1,5 +1,6 @@
 #include "show/liveshow.h"
 
+#include <QDir>
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
@@ -148,4 +149,10 @@ QString colorText(const QString &digits)
     if (digits.isEmpty())
         return QStringLiteral("#ffffff");
     return "#" + digits.rightJustified(6, '0');
+}
+
+QString showNameOf(const QString &folder)
+{
+    const QString name = QDir(folder).dirName();
+    return name.isEmpty() ? folder : name;
 }
