@@ -8,6 +8,7 @@
 
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QDrag>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -165,6 +166,7 @@ void MainWindow::on_pushButton_2_clicked()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    QDrag::cancel(); // its picture would count as a window that is still open
     event->setAccepted(!holdsWork() || confirmLeaving(msgstyle));
 }
 
