@@ -133,7 +133,8 @@ QMimeData *Controller::mimeData(const QModelIndexList &indexes) const
 bool Controller::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                                  const QModelIndex &parent) const
 {
-    return parent.isValid() && QAbstractTableModel::canDropMimeData(data, action, row, column, parent);
+    return parent.isValid() && DragPayload::isOfThisProgram(data)
+           && QAbstractTableModel::canDropMimeData(data, action, row, column, parent);
 }
 
 bool Controller::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*row*/, int /*column*/,
