@@ -40,14 +40,13 @@ bool writeAt(QFileDevice &file, qint64 position, const QByteArray &bytes)
 }
 
 /**
- * Writes a file in its place. What goes beyond its old end is written first: where the disk has no room for that, the
+ * Writes a file that is there in its place. What goes beyond its old end is written first: where the disk has no room for that, the
  * old file needs but be cut off there.
  */
 bool writeOver(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
-    const bool isNew = !file.exists();
-    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
+    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
         return false;
     const qint64 oldSize = file.size();
     const QByteArray old = file.read(bytes.size());
@@ -56,8 +55,6 @@ bool writeOver(const QString &path, const QByteArray &bytes)
         return true;
     writeAt(file, 0, old);
     file.resize(oldSize);
-    if (isNew)
-        file.remove();
     return false;
 }
 

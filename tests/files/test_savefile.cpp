@@ -65,13 +65,13 @@ private slots:
     void newFileHasThoseOfAll();
     void followsLinks_data();
     void followsLinks();
-    void fullDisk_data();
-    void fullDisk();
     void endedAmidWriting();
 #endif
 #ifdef Q_OS_LINUX
     void folderThatTakesNoFiles_data();
     void folderThatTakesNoFiles();
+    void fullDisk_data();
+    void fullDisk();
     void endedAtAnyCall_data();
     void endedAtAnyCall();
 #endif
@@ -84,13 +84,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-namespace {
-
-// A file beside which no other one with a longer name can stand.
-const QString LongName = QString(250, 'l');
-
-} // namespace
 
 void TestSaveFile::init()
 {
@@ -123,13 +116,16 @@ void TestSaveFile::replaces_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("before"); // bytes; -1 where there is no file
-    for (const auto &[how, name] :
-         {std::make_pair("replaced", QString("file.xml")), {"in its place", LongName}}) {
-        QTest::addRow("%s: new", how) << name << -1;
-        QTest::addRow("%s: empty", how) << name << 0;
-        QTest::addRow("%s: shorter", how) << name << 1000;
-        QTest::addRow("%s: longer", how) << name << 1000000;
-    }
+    QTest::newRow("new") << "file" << -1;
+    QTest::newRow("empty") << "file" << 0;
+    QTest::newRow("shorter") << "file" << 1000;
+    QTest::newRow("longer") << "file" << 1000000;
+#ifdef Q_OS_UNIX
+    const QString longName(250, 'l'); // beside it no file can stand whose name is longer
+    QTest::newRow("empty, in its place") << longName << 0;
+    QTest::newRow("shorter, in its place") << longName << 1000;
+    QTest::newRow("longer, in its place") << longName << 1000000;
+#endif
 }
 
 void TestSaveFile::replaces()
@@ -284,37 +280,6 @@ void TestSaveFile::followsLinks()
     QCOMPARE(bytesOf(path), newText());
 }
 
-void TestSaveFile::fullDisk_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("before"); // bytes; -1 where there is no file
-    for (const auto &[how, name] :
-         {std::make_pair("replaced", QString("file.xml")), {"in its place", LongName}}) {
-        QTest::addRow("%s: new", how) << name << -1;
-        QTest::addRow("%s: shorter", how) << name << 1000;
-        QTest::addRow("%s: as long", how) << name << newText().size();
-        QTest::addRow("%s: longer", how) << name << 100000;
-    }
-}
-
-void TestSaveFile::fullDisk()
-{
-    QFETCH(const QString, name);
-    QFETCH(const int, before);
-    const QByteArray old = before < 0 ? QByteArray("no file") : QByteArray(before, 'o');
-    QVERIFY(before < 0 || writeFile(in(name), old));
-    for (int room = 0; room < newText().size(); room += newText().size() / 20) {
-        bool isSaved = true;
-        {
-            const FullDisk disk(static_cast<rlim_t>(room));
-            isSaved = saveText(in(name), writeLines);
-        }
-        QVERIFY(!isSaved);
-        QCOMPARE(bytesOf(in(name)), old);
-        QCOMPARE(namesIn(m_folder->path()), before < 0 ? QStringList() : QStringList{name});
-    }
-}
-
 void TestSaveFile::endedAmidWriting()
 {
     QVERIFY(writeFile(in("file"), Old));
@@ -408,6 +373,41 @@ void TestSaveFile::folderThatTakesNoFiles()
     QTEST(isSaved, "isSaved");
     QCOMPARE(bytesOf(in("closed/file")), isSaved ? newText() : mode ? Old : QByteArray("no file"));
     QCOMPARE(namesIn(in("closed")), mode ? QStringList{"file"} : QStringList());
+}
+
+void TestSaveFile::fullDisk_data()
+{
+    QTest::addColumn<bool>("isClosed"); // the folder, so that the file is written in its place
+    QTest::addColumn<int>("before");    // bytes; -1 where there is no file
+    QTest::newRow("new") << false << -1;
+    for (const bool isClosed : {false, true}) {
+        const char *how = isClosed ? "written over" : "replaced";
+        QTest::addRow("%s: empty", how) << isClosed << 0;
+        QTest::addRow("%s: shorter", how) << isClosed << 1000;
+        QTest::addRow("%s: as long", how) << isClosed << newText().size();
+        QTest::addRow("%s: longer", how) << isClosed << 100000;
+    }
+}
+
+void TestSaveFile::fullDisk()
+{
+    QFETCH(const bool, isClosed);
+    QFETCH(const int, before);
+    const QByteArray old = before < 0 ? QByteArray("no file") : QByteArray(before, 'o');
+    QVERIFY(before < 0 || writeFile(in("file"), old));
+    QVERIFY(!isClosed || setMode(m_folder->path(), 0500));
+    for (int room = 0; room < newText().size(); room += newText().size() / 20) {
+        bool isSaved = true;
+        {
+            const OrdinaryUser user;
+            const FullDisk disk(static_cast<rlim_t>(room));
+            isSaved = saveText(in("file"), writeLines);
+        }
+        QVERIFY(!isSaved);
+        QCOMPARE(bytesOf(in("file")), old);
+        QCOMPARE(namesIn(m_folder->path()), before < 0 ? QStringList() : QStringList{"file"});
+    }
+    QVERIFY(setMode(m_folder->path(), 0700));
 }
 
 void TestSaveFile::endedAtAnyCall_data()
