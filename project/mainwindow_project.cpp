@@ -2,15 +2,15 @@
 
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
+#include "files/path.h"
+#include "files/savefile.h"
 #include "project/projectfile.h"
 #include "tables/controller.h"
 #include "tables/vdjmodel.h"
 
 #include <QDomDocument>
-#include <QFile>
 #include <QFileDialog>
 #include <QSet>
-#include <QTextStream>
 
 #include <algorithm>
 
@@ -21,15 +21,8 @@ template<typename Project>
 void save(const Project &project, const QString &path, const QString &messageStyle)
 {
     const QString name = QFileInfo(path).baseName();
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        MessageBox::notice(messageStyle, "Project " + name + " was not saved.");
-        return;
-    }
-    QTextStream out(&file);
-    writeProject(out, project);
-    file.close();
-    MessageBox::notice(messageStyle, "Project " + name + " is saved.");
+    const bool isSaved = saveText(path, [&project](QTextStream &out) { writeProject(out, project); });
+    MessageBox::notice(messageStyle, "Project " + name + (isSaved ? " is saved." : " was not saved."));
 }
 
 /** The projects in front of the first whose show is not there. */
@@ -37,7 +30,7 @@ QList<ProjectSettings> withShows(const QList<ProjectSettings> &projects)
 {
     const auto missing =
         std::find_if_not(projects.cbegin(), projects.cend(),
-                         [](const ProjectSettings &project) { return QFile::exists(project.show); });
+                         [](const ProjectSettings &project) { return pathExists(project.show); });
     return projects.mid(0, static_cast<int>(missing - projects.cbegin()));
 }
 

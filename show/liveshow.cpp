@@ -3,6 +3,7 @@
 #include "files/inifile.h"
 #include "files/readfile.h"
 
+#include <QDir>
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
@@ -198,4 +199,10 @@ QString colorText(const QString &digits)
     if (digits.isEmpty())
         return QStringLiteral("#ffffff");
     return "#" + digits.rightJustified(6, '0');
+}
+
+QString showNameOf(const QString &folder)
+{
+    const QString name = QDir(folder).dirName();
+    return name.isEmpty() ? folder : name;
 }

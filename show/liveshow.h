@@ -45,3 +45,11 @@ std::optional<LiveShow> readLiveShow(const QString &path);
  * @return        a hash and the digits, filled up with zeros on the left to six; "#ffffff" for an empty text
  */
 QString colorText(const QString &digits);
+
+/**
+ * What a show is called.
+ *
+ * @param folder  full path of the show's folder
+ * @return        the folder's name; the path where it has none, as the root of a drive
+ */
+QString showNameOf(const QString &folder);

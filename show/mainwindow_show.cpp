@@ -3,7 +3,6 @@
 #include "app/ui_mainwindow.h"
 #include "show/liveshow.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -35,7 +34,7 @@ bool MainWindow::loadshow()
         box.exec();
         return false;
     }
-    showname = QDir(folder).dirName();
+    showname = showNameOf(folder);
     loadshowname(settings);
     return true;
 }

@@ -115,6 +115,8 @@ class TestLiveShow final : public QObject
     Q_OBJECT
 
 private slots:
+    void namesShows_data();
+    void namesShows();
     void readsPagesAndButtons_data();
     void readsPagesAndButtons();
     void convertsColors_data();
@@ -148,6 +150,28 @@ private slots:
     void colorTexts_data();
     void colorTexts();
 };
+
+void TestLiveShow::namesShows_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("folder") << "/shows/Club v1.2"
+                            << "Club v1.2";
+    QTest::newRow("slash at the end") << "/shows/Club Night/"
+                                      << "Club Night";
+    QTest::newRow("root") << "/"
+                          << "/";
+#ifdef Q_OS_WIN
+    QTest::newRow("drive") << "E:/"
+                           << "E:/";
+#endif
+}
+
+void TestLiveShow::namesShows()
+{
+    QFETCH(const QString, folder);
+    QTEST(showNameOf(folder), "name");
+}
 
 void TestLiveShow::readsPagesAndButtons_data()
 {

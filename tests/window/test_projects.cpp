@@ -1,6 +1,7 @@
 #include "support/boxes.h"
 #include "support/devices.h"
 #include "support/files.h"
+#include "support/fulldisk.h"
 #include "support/processortime.h"
 #include "support/workspace.h"
 
@@ -389,8 +390,9 @@ private slots:
     void notSaved_data();
     void notSaved();
     void notSavedByTheMenu();
-#ifdef Q_OS_LINUX
-    void writingErrorsGoUnseen();
+#ifdef Q_OS_UNIX
+    void fullDiskLosesNoProject_data();
+    void fullDiskLosesNoProject();
 #endif
     void longerFileIsCutOff();
     void savesInTheDefaultCodec();
@@ -651,6 +653,12 @@ void TestProjects::notSaved_data()
                                     << "my";
     QTest::newRow("a file for a folder") << "file/Night.zarvex"
                                          << "Night";
+    QTest::newRow("a name that the system would cut off")
+        << QString("file") + QChar::Null + ".zarvex" << QString("file") + QChar::Null;
+#ifdef Q_OS_UNIX
+    QTest::newRow("a pipe that nobody reads from") << "pipe.zarvex"
+                                                   << "pipe";
+#endif
 }
 
 void TestProjects::notSaved()
@@ -661,6 +669,9 @@ void TestProjects::notSaved()
     QVERIFY(start(space));
     QVERIFY(QDir().mkpath(projectPath(space, "folder.zarvex")));
     QVERIFY(writeFile(projectPath(space, "file"), "somebody's work"));
+#ifdef Q_OS_UNIX
+    QCOMPARE(mkfifo(QFile::encodeName(projectPath(space, "pipe.zarvex")).constData(), 0600), 0);
+#endif
     const QStringList before = space.snapshot();
     for (const char *slot : {"savepadsproject", "savemidiproject"}) {
         space.dialogs.expect(Box{"Project " + name + " was not saved.", {}});
@@ -668,6 +679,7 @@ void TestProjects::notSaved()
         QCOMPARE(space.dialogs.faults(), QString());
     }
     QVERIFY(!QFileInfo(projectPath(space, file)).isFile());
+    QVERIFY(!QFileInfo::exists(projectPath(space, "missing")));
     QCOMPARE(bytesOf(projectPath(space, "file")), QByteArray("somebody's work"));
     QCOMPARE(space.snapshot(), before);
 }
@@ -684,14 +696,28 @@ void TestProjects::notSavedByTheMenu()
     QVERIFY(!QFile::exists(space.home() + "/missing"));
 }
 
-#ifdef Q_OS_LINUX
-void TestProjects::writingErrorsGoUnseen()
+#ifdef Q_OS_UNIX
+void TestProjects::fullDiskLosesNoProject_data()
 {
+    QTest::addColumn<rlim_t>("room"); // in bytes that a file may have
+    QTest::newRow("no room") << rlim_t(0);
+    QTest::newRow("too little room") << rlim_t(5000);
+}
+
+void TestProjects::fullDiskLosesNoProject()
+{
+    QFETCH(const rlim_t, room);
     Workspace space;
     QVERIFY(start(space));
-    space.dialogs.expect(Boxes::projectSaved("full"));
-    QVERIFY(space.call("savepadsproject", QString("/dev/full"))); // opens, and takes nothing
+    QVERIFY(writeFile(projectPath(space), "last night's work"));
+    for (const char *slot : {"savepadsproject", "savemidiproject"}) {
+        space.dialogs.expect(Box{"Project Night was not saved.", {}});
+        const FullDisk disk(room);
+        QVERIFY(space.call(slot, projectPath(space)));
+    }
     QCOMPARE(space.dialogs.faults(), QString());
+    QCOMPARE(bytesOf(projectPath(space)), QByteArray("last night's work"));
+    QCOMPARE(QDir(projectsFolder(space)).entryList(QDir::Files | QDir::Hidden), QStringList{"Night.zarvex"});
 }
 #endif
 
