@@ -81,7 +81,8 @@ bool holdsDeclarations(QStringView declaration)
 /**
  * Whether U+0000 stands in a text or is spelled as a number.
  *
- * The parser takes the lowest sixteen bits of a number, and a text that holds U+0000 names other files than it seems to.
+ * The parser takes the lowest sixteen bits of a number, and a text that holds U+0000 names other files than it seems
+ * to.
  */
 bool holdsNull(QStringView text)
 {

@@ -52,8 +52,8 @@ public:
      * Reads the first record of a drag.
      *
      * @param data  the dragged data; may be null
-     * @return      nothing if a part is missing or holds no text, or if another program made it. A record that is cut off or damaged
-     *              keeps the texts in front of the damage; a missing colour is the empty text.
+     * @return      nothing if a part is missing or holds no text, or if another program made it. A record that is cut
+     *              off or damaged keeps the texts in front of the damage; a missing colour is the empty text.
      */
     static std::optional<DragPayload> fromMime(const QMimeData *data);
 
