@@ -174,7 +174,9 @@ private:
 
     bool exportTo(const QString &path, const QString &existsText,
                   const std::function<void(QTextStream &)> &write);
-    void applySettings(const ProjectSettings &settings);
+    void applySettings(const QList<ProjectSettings> &projects);
+    void loadLastShow(const QList<ProjectSettings> &projects);
+    void pickDevice(const ProjectSettings &project);
     void showPads(bool has16Pads);
 
     void buildGrid();

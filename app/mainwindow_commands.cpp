@@ -4,9 +4,11 @@
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
+#include "files/path.h"
 
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QDrag>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -127,7 +129,7 @@ void MainWindow::on_actionSave_2_triggered()
                                                       QFileDialog::DontConfirmOverwrite);
     if (path.isEmpty())
         return;
-    if (QFile::exists(path)
+    if (pathExists(path)
         && !MessageBox::confirmOverwrite(msgstyle,
                                          "Project " + QFileInfo(path).baseName() + " already exists."))
         return;
@@ -164,6 +166,7 @@ void MainWindow::on_pushButton_2_clicked()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    QDrag::cancel(); // its picture would count as a window that is still open
     event->setAccepted(!holdsWork() || confirmLeaving(msgstyle));
 }
 

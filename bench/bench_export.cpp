@@ -4,6 +4,7 @@
 #include "cells.h"
 #include "export/padspage.h"
 #include "files.h"
+#include "files/savefile.h"
 #include "home.h"
 #include "measure.h"
 #include "window.h"
@@ -12,7 +13,6 @@
 #include <QFile>
 #include <QRadioButton>
 #include <QTableView>
-#include <QTextStream>
 
 namespace {
 
@@ -20,12 +20,8 @@ double writePage(const QString &path, const PadsPage &page)
 {
     QFile::remove(path);
     const double start = Measure::processorSeconds();
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+    if (!saveText(path, [&page](QTextStream &out) { writePadsPage(out, page); }))
         qFatal("cannot write %s", qPrintable(path));
-    QTextStream out(&file);
-    writePadsPage(out, page);
-    file.close();
     return Measure::processorSeconds() - start;
 }
 

@@ -6,6 +6,7 @@
 #include "devices/keyrecords.h"
 #include "export/mapping.h"
 #include "files.h"
+#include "files/savefile.h"
 #include "home.h"
 #include "measure.h"
 #include "window.h"
@@ -15,7 +16,6 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QTableView>
-#include <QTextStream>
 
 namespace {
 
@@ -47,15 +47,10 @@ double writeMapper(const QString &path, const Record &device, const QAbstractIte
 {
     QFile::remove(path);
     const double start = Measure::processorSeconds();
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        qFatal("cannot write %s", qPrintable(path));
-    QTextStream out(&file);
     ControllerMapping mapping = {device, readKeyRecords(Layout, Mapper), grid};
     mapping.date = QDate::currentDate();
-    writeMapping(out, mapping);
-    out.flush();
-    file.close();
+    if (!saveText(path, [&mapping](QTextStream &out) { writeMapping(out, mapping); }))
+        qFatal("cannot write %s", qPrintable(path));
     return Measure::processorSeconds() - start;
 }
 

@@ -1,5 +1,6 @@
 #include "devices/catalogue.h"
 
+#include "files/readfile.h"
 #include "files/xmlfile.h"
 
 #include <QDir>
@@ -58,6 +59,21 @@ CatalogueEntry readEntry(const QXmlStreamAttributes &layout, const QString &fold
              {{"device", identifier}, {"name", baseName + " mapping (factory)"}, {"path", mapping}}}};
 }
 
+// What a folder of mappers may cost, told in bytes that are streamed: the window waits for it.
+constexpr qint64 MostToScan = 16 << 20;
+constexpr qint64 CostOfFile = 4096;
+constexpr qint64 CostOfMapper = 1000;
+constexpr qint64 ParsingOverStreaming = 4;
+
+/** The devices of all mappers in a document; what parsing costs beyond streaming is added to the cost. */
+QStringList devicesOf(const QByteArray &mapper, qint64 &cost)
+{
+    if (const auto devices = streamXmlAttributes(mapper, "mapper", "device"))
+        return *devices;
+    cost += (ParsingOverStreaming - 1) * mapper.size();
+    return xmlAttributes(parseXml(mapper), "mapper", "device");
+}
+
 } // namespace
 
 QList<CatalogueEntry> readCatalogue(const QString &folder)
@@ -75,11 +91,16 @@ QList<CatalogueEntry> readCatalogue(const QString &folder)
 QList<Record> findMappers(const QString &folder)
 {
     QList<Record> found;
+    qint64 cost = 0;
     for (const QFileInfo &info : QDir(folder).entryInfoList({"*.xml"})) {
-        const QDomDocument document = readXmlFile(info.filePath(), LongestMapper);
-        const QDomNodeList mappers = document.elementsByTagName("mapper");
-        for (int i = 0; i < mappers.size(); ++i) {
-            const QString device = mappers.at(i).toElement().attribute("device");
+        const auto bytes = readFile(info.filePath(), LongestMapper);
+        if (!bytes)
+            continue;
+        cost += CostOfFile + bytes->size();
+        for (const QString &device : devicesOf(*bytes, cost)) {
+            if (cost > MostToScan)
+                return found;
+            cost += CostOfMapper + device.size();
             found.append({{"device", device}, {"name", info.baseName()}, {"path", info.filePath()}});
         }
     }

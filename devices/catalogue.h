@@ -34,6 +34,7 @@ QList<CatalogueEntry> readCatalogue(const QString &folder);
  * @param folder  path of a folder, with no slash at the end; a missing one is empty
  * @return        a mapper record for every "mapper" element of an XML file in it: "device" is the identifier
  *                of the controller, "name" the file's name up to the first full stop, "path" the file. A file
- *                that cannot be read, is not well-formed or is larger than any mapper has none.
+ *                that cannot be read, is not well-formed or is larger than any mapper has none, nor has any behind
+ *                some 16 MiB of mappers, for which the start of the program would wait too long.
  */
 QList<Record> findMappers(const QString &folder);

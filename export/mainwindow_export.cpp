@@ -6,11 +6,12 @@
 #include "export/escape.h"
 #include "export/mapping.h"
 #include "export/padspage.h"
+#include "files/path.h"
+#include "files/savefile.h"
 #include "tables/controller.h"
 #include "tables/vdjmodel.h"
 
-#include <QFile>
-#include <QTextStream>
+#include <QDate>
 
 bool MainWindow::exportpage()
 {
@@ -27,14 +28,9 @@ bool MainWindow::exportpage()
 bool MainWindow::exportTo(const QString &path, const QString &existsText,
                           const std::function<void(QTextStream &)> &write)
 {
-    QFile file(path);
-    if (file.exists() && !MessageBox::confirmOverwrite(msgstyle, existsText))
+    if (pathExists(path) && !MessageBox::confirmOverwrite(msgstyle, existsText))
         return false;
-    // The user is told that the file is created even where it cannot be opened.
-    if (file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        QTextStream out(&file);
-        write(out);
-    }
+    saveText(path, write); // the user is told that the file is created even where it cannot be written
     return true;
 }
 

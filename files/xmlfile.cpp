@@ -1,7 +1,8 @@
 #include "files/xmlfile.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "files/digit.h"
+#include "files/readfile.h"
+
 #include <QStringView>
 #include <QTextCodec>
 #include <QXmlStreamReader>
@@ -10,6 +11,9 @@ namespace {
 
 // A document is taken down by recursion, one call within the other for each level.
 constexpr int DeepestElement = 100;
+
+// The stream reader compares each attribute of an element with all others.
+constexpr int MostAttributes = 32;
 
 QTextCodec *codecOf(const QByteArray &bytes)
 {
@@ -21,14 +25,28 @@ QTextCodec *codecOf(const QByteArray &bytes)
         return QTextCodec::codecForName("UTF-16BE");
     QXmlStreamReader xml(bytes.left(256)); // a declaration is shorter
     xml.readNext();
-    return QTextCodec::codecForName(xml.documentEncoding().toLatin1());
+    if (QTextCodec *declared = QTextCodec::codecForName(xml.documentEncoding().toLatin1()))
+        return declared;
+    return QTextCodec::codecForName("UTF-8");
 }
 
-/** Decoded here and not by the parser, so that it sees the same text that was looked over. */
+bool isText(const QByteArray &bytes, const QTextCodec &codec)
+{
+    QTextCodec::ConverterState state;
+    codec.toUnicode(bytes.constData(), bytes.size(), &state);
+    return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
+/**
+ * Decoded here and not by the parser, so that it sees the same text that was looked over.
+ *
+ * The program writes its files in the locale's codec and declares UTF-8, so what is no UTF-8 is in that codec.
+ */
 QString decoded(const QByteArray &bytes)
 {
-    QTextCodec *codec = codecOf(bytes);
-    return codec ? codec->toUnicode(bytes) : QString::fromUtf8(bytes);
+    const QTextCodec *codec = codecOf(bytes);
+    const bool isOurs = codec->name() == "UTF-8" && !isText(bytes, *codec);
+    return (isOurs ? QTextCodec::codecForLocale() : codec)->toUnicode(bytes);
 }
 
 /** Position behind the next mark from a position on; the end of the text where there is none. */
@@ -60,9 +78,36 @@ bool holdsDeclarations(QStringView declaration)
     return !declaration.startsWith(QLatin1String("<!DOCTYPE")) || declaration.contains('[');
 }
 
+/**
+ * Whether U+0000 stands in a text or is spelled as a number.
+ *
+ * The parser takes the lowest sixteen bits of a number, and a text that holds U+0000 names other files than it seems
+ * to.
+ */
+bool holdsNull(QStringView text)
+{
+    if (text.contains(QChar::Null))
+        return true;
+    const QLatin1String reference("&#");
+    for (auto at = behind(text, reference, 0); at < text.size(); at = behind(text, reference, at)) {
+        const int base = text.at(at) == 'x' ? 16 : 10;
+        if (base == 16)
+            ++at;
+        ushort unit = 0;
+        for (int digit = 0; at < text.size() && (digit = digitOf(text.at(at), base)) >= 0; ++at)
+            unit = ushort(unit * base + digit);
+        if (unit == 0)
+            return true;
+    }
+    return false;
+}
+
 /** Whether a text can be parsed and its document taken down without harm, be it well-formed or not. */
 bool isHarmless(QStringView text)
 {
+    if (holdsNull(text))
+        return false;
+
     int depth = 0;
     for (qsizetype at = text.indexOf('<'); at >= 0; at = text.indexOf('<', at)) {
         const QStringView markup = text.mid(at);
@@ -89,16 +134,33 @@ bool isHarmless(QStringView text)
     return true;
 }
 
-} // namespace
-
-std::optional<QByteArray> readFile(const QString &path, qint64 longest)
+/** Whether an element could have so many attributes that streaming it takes long. */
+bool isCrowded(QStringView text)
 {
-    QFile file(path);
-    // What is no file, such as a pipe, could keep the program waiting.
-    if (!QFileInfo(path).isFile() || file.size() > longest || !file.open(QIODevice::ReadOnly))
-        return {};
-    return file.read(qMin(file.size(), longest));
+    int equalsSigns = 0;
+    for (const QChar sign : text) {
+        if (sign == '<')
+            equalsSigns = 0;
+        else if (sign == '=' && ++equalsSigns > MostAttributes)
+            return true;
+    }
+    return false;
 }
+
+std::optional<QStringList> streamedAttributes(const QString &text, const QString &element,
+                                              const QString &attribute)
+{
+    QStringList values;
+    QXmlStreamReader xml(text);
+    xml.setNamespaceProcessing(false);
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::StartElement && xml.qualifiedName() == element)
+            values.append(xml.attributes().value(attribute).toString());
+    }
+    return xml.hasError() ? std::nullopt : std::optional<QStringList>(values);
+}
+
+} // namespace
 
 QDomDocument parseXml(const QByteArray &bytes)
 {
@@ -107,6 +169,24 @@ QDomDocument parseXml(const QByteArray &bytes)
     if (isHarmless(text) && document.setContent(text))
         return document;
     return {}; // what was read up to an error would still stand in the other one
+}
+
+std::optional<QStringList> streamXmlAttributes(const QByteArray &bytes, const QString &element,
+                                               const QString &attribute)
+{
+    const QString text = decoded(bytes);
+    if (!isHarmless(text))
+        return QStringList();
+    return isCrowded(text) ? std::nullopt : streamedAttributes(text, element, attribute);
+}
+
+QStringList xmlAttributes(const QDomDocument &document, const QString &element, const QString &attribute)
+{
+    QStringList values;
+    const QDomNodeList elements = document.elementsByTagName(element);
+    for (int i = 0; i < elements.size(); ++i)
+        values.append(elements.at(i).toElement().attribute(attribute));
+    return values;
 }
 
 QDomDocument readXmlFile(const QString &path, qint64 longest)

@@ -58,6 +58,7 @@ void tryInput(const QByteArray &input)
 
     const QDomDocument document = parseXml(input);
     expect(depthOf(document) <= 100, "no document is more than a hundred elements deep");
+    expect(!document.toString().contains(QChar::Null), "no document holds U+0000");
     expect(document.doctype().entities().isEmpty(), "no document declares entities");
 
     for (const CatalogueEntry &entry : readCatalogue(file.path()))

@@ -2,14 +2,17 @@
 
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
+#include "files/path.h"
+#include "files/savefile.h"
 #include "project/projectfile.h"
 #include "tables/controller.h"
 #include "tables/vdjmodel.h"
 
 #include <QDomDocument>
-#include <QFile>
 #include <QFileDialog>
-#include <QTextStream>
+#include <QSet>
+
+#include <algorithm>
 
 namespace {
 
@@ -18,15 +21,17 @@ template<typename Project>
 void save(const Project &project, const QString &path, const QString &messageStyle)
 {
     const QString name = QFileInfo(path).baseName();
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        MessageBox::notice(messageStyle, "Project " + name + " was not saved.");
-        return;
-    }
-    QTextStream out(&file);
-    writeProject(out, project);
-    file.close();
-    MessageBox::notice(messageStyle, "Project " + name + " is saved.");
+    const bool isSaved = saveText(path, [&project](QTextStream &out) { writeProject(out, project); });
+    MessageBox::notice(messageStyle, "Project " + name + (isSaved ? " is saved." : " was not saved."));
+}
+
+/** The projects in front of the first whose show is not there. */
+QList<ProjectSettings> withShows(const QList<ProjectSettings> &projects)
+{
+    const auto missing =
+        std::find_if_not(projects.cbegin(), projects.cend(),
+                         [](const ProjectSettings &project) { return pathExists(project.show); });
+    return projects.mid(0, static_cast<int>(missing - projects.cbegin()));
 }
 
 } // namespace
@@ -55,14 +60,13 @@ bool MainWindow::loadproject()
     if (!project)
         return false;
 
-    ProjectSettings last;
-    for (const ProjectSettings &settings : projectSettings(*project)) {
-        if (!QFile::exists(settings.show))
-            return false;
-        applySettings(settings);
-        last = settings;
-    }
+    const QList<ProjectSettings> all = projectSettings(*project);
+    const QList<ProjectSettings> leading = withShows(all);
+    applySettings(leading);
+    if (leading.size() < all.size())
+        return false;
 
+    const ProjectSettings last = leading.isEmpty() ? ProjectSettings() : leading.last();
     const auto tick = [this](int button) { CheckChanged(button, 0); };
     if (last.isMidi) {
         layOnGrid(*project, *controllermodel, tick);
@@ -75,24 +79,50 @@ bool MainWindow::loadproject()
     return true;
 }
 
-void MainWindow::applySettings(const ProjectSettings &settings)
+/** Leaves the workspace as if each had been applied in turn; of what a later one replaces nothing is loaded. */
+void MainWindow::applySettings(const QList<ProjectSettings> &projects)
 {
-    emptyTables();
-    showname = settings.showName;
-    loadshowname(settings.show); // does nothing where the show cannot be read
+    if (projects.isEmpty())
+        return;
+    loadLastShow(projects);
+    for (const ProjectSettings &project : projects)
+        pickDevice(project);
 
+    const ProjectSettings &last = projects.last();
+    showname = last.showName;
     nameBanks();
-    if (!settings.banks.isEmpty())
-        banklist = settings.banks;
-    switchkey = settings.switchKey;
-    ui->padsname->setText(settings.exportName);
-    if (!settings.device.isEmpty())
-        ui->devicescombo->setCurrentIndex(getdeviceindex(settings.device));
+    if (!last.banks.isEmpty())
+        banklist = last.banks;
+    switchkey = last.switchKey;
+    ui->padsname->setText(last.exportName);
+}
+
+/** Loads the last show that can be opened; where that is of an earlier project, the tables are emptied again. */
+void MainWindow::loadLastShow(const QList<ProjectSettings> &projects)
+{
+    QSet<QString> refused;
+    for (int i = projects.size() - 1; i >= 0; --i) {
+        const QString file = QFileInfo(projects.at(i).show).canonicalFilePath();
+        if (refused.contains(file))
+            continue;
+        showname = projects.at(i).showName; // it goes to the title
+        if (loadshowname(projects.at(i).show))
+            break;
+        refused.insert(file);
+    }
+    if (!refused.isEmpty())
+        emptyTables();
+}
+
+void MainWindow::pickDevice(const ProjectSettings &project)
+{
+    if (!project.device.isEmpty())
+        ui->devicescombo->setCurrentIndex(getdeviceindex(project.device));
     // A change of device has filled these anew.
-    if (settings.offColor)
-        ui->combo_offcolor->setCurrentIndex(*settings.offColor);
-    if (settings.onColor)
-        ui->combo_oncolor->setCurrentIndex(*settings.onColor);
+    if (project.offColor)
+        ui->combo_offcolor->setCurrentIndex(*project.offColor);
+    if (project.onColor)
+        ui->combo_oncolor->setCurrentIndex(*project.onColor);
 }
 
 void MainWindow::showPads(bool has16Pads)

@@ -1,5 +1,6 @@
 #include "project/projectfile.h"
 
+#include "files/readfile.h"
 #include "files/xmlfile.h"
 #include "tables/roles.h"
 
@@ -9,7 +10,7 @@
 namespace {
 
 // A full one has some thirty thousand bytes. The document takes up to ninety times as much memory.
-constexpr qint64 LongestProject = 64 << 20;
+constexpr qint64 LongestProject = 1 << 20;
 
 /** A value of a cell by its name in the file. */
 struct CellAttribute

@@ -1,5 +1,9 @@
 #include "show/liveshow.h"
 
+#include "files/inifile.h"
+#include "files/readfile.h"
+
+#include <QDir>
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
@@ -12,12 +16,16 @@
 
 namespace {
 
-QString textOf(const QVariant &value)
+// Sixty thousand Live Buttons with all that the DMX program notes of them take less.
+constexpr qint64 LongestShow = 32 << 20;
+
+// The window paints a name as a whole to see how much of it fits.
+constexpr int LongestName = 10000;
+
+bool hasLongText(const QList<Record> &records, const QString &key)
 {
-    // A value with commas comes as a list; a title like "Red, White" must not lose its text to that.
-    if (value.type() == QVariant::StringList)
-        return value.toStringList().join(", ");
-    return value.toString();
+    return std::any_of(records.cbegin(), records.cend(),
+                       [&key](const Record &record) { return record.value(key).size() > LongestName; });
 }
 
 QString colorOf(const QVariant &value)
@@ -29,7 +37,10 @@ QString colorOf(const QVariant &value)
 class ShowReader final
 {
 public:
-    explicit ShowReader(const QString &path) : m_settings(path, QSettings::IniFormat) {}
+    ShowReader(const QString &path, const QByteArray &bytes)
+        : m_settings(path, QSettings::IniFormat), m_textsWithCommas(iniTextsWithCommas(bytes))
+    {
+    }
 
     LiveShow read()
     {
@@ -48,7 +59,7 @@ private:
         Record page = {{"pageid", number}};
         enter("page" + number);
         for (const QString &key : qAsConst(m_keys))
-            page.insert(key, textOf(m_settings.value(key)));
+            page.insert(key, textOf(key, m_settings.value(key)));
         m_settings.endGroup();
         show.pages.append(page);
     }
@@ -56,7 +67,7 @@ private:
     void readButtons(int position, LiveShow &show)
     {
         const Record page = show.pages.at(position);
-        const QString prefix = "page" + page.value("pageid") + "_button";
+        const QString prefix = normalized("page" + page.value("pageid") + "_button");
         const QString pageNumber = QString::number(position);
         m_isReadAgain = m_prefixes.contains(prefix);
         m_prefixes.insert(prefix);
@@ -70,32 +81,62 @@ private:
         enter(group);
         for (const QString &key : qAsConst(m_keys)) {
             const QVariant value = m_settings.value(key);
-            button.insert(key, key == QLatin1String("color") ? colorOf(value) : textOf(value));
+            button.insert(key, key == QLatin1String("color") ? colorOf(value) : textOf(key, value));
         }
         m_settings.endGroup();
         if (button.value("color").isEmpty())
             button.insert("color", "#ffffff");
         button.insert("buttonid", QString::number(show.buttons.size()));
         show.buttons.append(button);
+        if (m_isReadAgain)
+            m_cost += costOf(button);
+    }
+
+    /** One spelling for all names of a group that QSettings takes for the same, such as with slashes doubled. */
+    QString normalized(const QString &group)
+    {
+        m_settings.beginGroup(group);
+        const QString name = iniKey(m_settings.group());
+        m_settings.endGroup();
+        return name;
     }
 
     void enter(const QString &group)
     {
         m_settings.beginGroup(group);
         m_keys = m_settings.childKeys();
+        if (m_isReadAgain)
+            m_cost += m_settings.allKeys().size() / KeysOfRecord; // groups within it were gone through, too
         if (m_keys.isEmpty() || m_isReadAgain)
-            ++m_additional;
+            m_cost += 1 + group.size() / CharactersOfRecord;
+    }
+
+    static qint64 costOf(const Record &record)
+    {
+        qint64 characters = 0;
+        for (auto entry = record.cbegin(); entry != record.cend(); ++entry)
+            characters += entry.key().size() + entry.value().size();
+        return characters / CharactersOfRecord;
+    }
+
+    /** Text of a value of the group that is entered. */
+    QString textOf(const QString &key, const QVariant &value) const
+    {
+        // A value with commas comes as a list; a title like "Red, White" must not lose its text to that.
+        if (value.type() == QVariant::StringList || value.type() == QVariant::List)
+            return m_textsWithCommas.value(iniKey(m_settings.group() + "/" + key));
+        return value.toString();
     }
 
     /**
-     * Calls read for the numbers from 1 to count; once more records were made than any show can have beyond the
-     * groups that the file holds, only for those that it holds behind the prefix and that were not read yet.
+     * Calls read for the numbers from 1 to count; once more was read than any show can have beyond what the file
+     * holds, only for those whose group it holds behind the prefix and that were not read yet.
      */
     template<typename Read>
     void forEachNumber(const QString &prefix, int count, Read read)
     {
         for (qint64 number = 1; number <= count; ++number) {
-            if (m_additional >= MostAdditional) {
+            if (m_cost >= MostCost) {
                 number = m_isReadAgain ? -1 : nextHeld(prefix, number);
                 if (number < 0 || number > count)
                     return;
@@ -126,21 +167,31 @@ private:
             std::sort(numbers.begin(), numbers.end());
     }
 
-    static constexpr int MostAdditional = 100000;
+    // Records beyond the groups of the file; longer ones, and keys of groups that are read again, count as several.
+    static constexpr qint64 MostCost = 50000;
+    static constexpr int CharactersOfRecord = 256;
+    static constexpr int KeysOfRecord = 4;
 
     QSettings m_settings;
+    const QHash<QString, QString> m_textsWithCommas;
     QStringList m_keys;
     QSet<QString> m_prefixes;
     bool m_isReadAgain = false; ///< whether the groups belong to an earlier page, too
-    int m_additional = 0;       ///< records without a group of their own in the file
+    qint64 m_cost = 0;
     QHash<QString, QVector<qint64>> m_held;
 };
 
 } // namespace
 
-LiveShow readLiveShow(const QString &path)
+std::optional<LiveShow> readLiveShow(const QString &path)
 {
-    return ShowReader(path).read();
+    const auto bytes = readFile(path, LongestShow);
+    if (!bytes || !isHarmlessIni(*bytes))
+        return {};
+    const LiveShow show = ShowReader(path, *bytes).read();
+    if (hasLongText(show.pages, "name") || hasLongText(show.buttons, "title"))
+        return {};
+    return show;
 }
 
 QString colorText(const QString &digits)
@@ -148,4 +199,10 @@ QString colorText(const QString &digits)
     if (digits.isEmpty())
         return QStringLiteral("#ffffff");
     return "#" + digits.rightJustified(6, '0');
+}
+
+QString showNameOf(const QString &folder)
+{
+    const QString name = QDir(folder).dirName();
+    return name.isEmpty() ? folder : name;
 }

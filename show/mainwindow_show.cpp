@@ -3,7 +3,6 @@
 #include "app/ui_mainwindow.h"
 #include "show/liveshow.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -35,15 +34,15 @@ bool MainWindow::loadshow()
         box.exec();
         return false;
     }
-    showname = QDir(folder).dirName();
+    showname = showNameOf(folder);
     loadshowname(settings);
     return true;
 }
 
 bool MainWindow::loadshowname(const QString &path)
 {
-    // What is no file, such as a pipe, could keep the program waiting.
-    if (!QFileInfo(path).isFile() || !QFile(path).open(QIODevice::ReadOnly | QIODevice::Text))
+    const std::optional<LiveShow> show = readLiveShow(path);
+    if (!show)
         return false;
 
     switchkey = {-1, -1};
@@ -51,9 +50,8 @@ bool MainWindow::loadshowname(const QString &path)
     nameAfresh();
     ui->combobox->clear();
 
-    const LiveShow show = readLiveShow(path);
-    pagelist = show.pages;
-    buttonlist = show.buttons;
+    pagelist = show->pages;
+    buttonlist = show->buttons;
     initlist();
     updatecombo();
 

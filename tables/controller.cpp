@@ -2,11 +2,10 @@
 
 #include "tables/assignments.h"
 #include "tables/dragpayload.h"
+#include "tables/keytooltip.h"
 #include "tables/roles.h"
 
-#include <QBuffer>
 #include <QColor>
-#include <QImage>
 #include <QMimeData>
 
 namespace {
@@ -18,18 +17,6 @@ constexpr int RowsPerSweep = 12;
 const QVector<int> DraggedRoles = {Qt::EditRole, PageRole,      DisplayNameRole,
                                    ButtonRole,   AvailableRole, OffColorRole,
                                    OnColorRole,  BlinkRole,     Qt::DecorationRole};
-
-/** A small square of the colour as a base64 PNG, for a tool tip. */
-QString swatch(const QString &color)
-{
-    QImage image(10, 10, QImage::Format_ARGB32);
-    image.fill(QColor(color));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG", 100);
-    return QString::fromLatin1(bytes.toBase64());
-}
 
 } // namespace
 
@@ -99,21 +86,8 @@ QVariant Controller::data(const QModelIndex &index, int role) const
 
 QVariant Controller::toolTip(const QModelIndex &index) const
 {
-    if (index.data(ButtonRole).toString() == QLatin1String("-1")
-        || index.data(AvailableRole).toString() == QLatin1String("0"))
-        return {};
-
-    const QString coloroff = index.data(OffColorRole).toString();
-    const QString coloron = index.data(OnColorRole).toString();
-    QString led;
-    if (!coloroff.isEmpty())
-        led += QStringLiteral("<br>Off Color : <img src='data:image/png;base64, %0'>").arg(swatch(coloroff));
-    if (!coloron.isEmpty())
-        led += QStringLiteral("<br>On Color : <img src='data:image/png;base64, %0'>").arg(swatch(coloron));
-    if (index.data(BlinkRole).toString() == QLatin1String("1"))
-        led += QStringLiteral("<br>Blink : Yes");
-    return QString(celltext(index.row(), index.column()) + "<br>Live Button: "
-                   + index.data(Qt::EditRole).toString() + led + "<br><br>Right-click to Remove");
+    const QString text = keyToolTip(index, index.data(Qt::EditRole).toString());
+    return text.isEmpty() ? QVariant() : text;
 }
 
 bool Controller::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -159,7 +133,8 @@ QMimeData *Controller::mimeData(const QModelIndexList &indexes) const
 bool Controller::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                                  const QModelIndex &parent) const
 {
-    return parent.isValid() && QAbstractTableModel::canDropMimeData(data, action, row, column, parent);
+    return parent.isValid() && DragPayload::isOfThisProgram(data)
+           && QAbstractTableModel::canDropMimeData(data, action, row, column, parent);
 }
 
 bool Controller::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*row*/, int /*column*/,
@@ -275,22 +250,7 @@ Qt::ItemFlags Controller::flags(const QModelIndex &index) const
     return base & ~Qt::ItemFlags(Qt::ItemIsEnabled);
 }
 
-/** Label of a key at rest. The window has its own, which leaves the corners of the bands empty. */
 QString Controller::celltext(int row, int col) const
 {
-    const auto numbered = [](const char *band, qint64 number) {
-        return QString(band) + QString::number(number);
-    };
-
-    if (row == 0)
-        return col == 0 || col == 10 ? QStringLiteral("") : numbered("TOP ", qint64(col) - 1);
-    if (row == 11)
-        return col == 0 || col == 10 ? QStringLiteral("") : numbered("BOTTOM ", qint64(col) - 1);
-    if (row == 1 || row == 10 || col == 1 || col == 10)
-        return QStringLiteral("");
-    if (col == 0)
-        return numbered("LEFT ", qint64(row) - 1);
-    if (col == 11)
-        return numbered("RIGHT ", qint64(row) - 1);
-    return numbered("PAD ", qint64(row) * 8 + col - 17);
+    return keyLabel(row, col);
 }

@@ -43,7 +43,7 @@ public:
     QStringList mimeTypes() const override;
     /** A DragPayload record of 11 texts for each index, marked as coming from this table. */
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
-    /** Whether the data may be dropped on a key; never on the lines between keys. */
+    /** Whether the data may be dropped on a key; never on the lines between keys, nor from another program. */
     bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                          const QModelIndex &parent) const override;
     /**

@@ -38,9 +38,14 @@ QStringList DragPayload::mimeTypes()
     return {TextListType, ColorType};
 }
 
+bool DragPayload::isOfThisProgram(const QMimeData *data)
+{
+    return data && data->metaObject() == &QMimeData::staticMetaObject;
+}
+
 std::optional<DragPayload> DragPayload::fromMime(const QMimeData *data)
 {
-    if (!data || !data->hasFormat(TextListType) || !data->hasFormat(ColorType))
+    if (!isOfThisProgram(data) || !data->hasFormat(TextListType) || !data->hasFormat(ColorType))
         return std::nullopt;
 
     DragPayload payload;

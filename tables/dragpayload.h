@@ -41,11 +41,19 @@ public:
     static QStringList mimeTypes();
 
     /**
+     * Whether dragged data was made in this program. What comes from another one has a class of the platform's own,
+     * and its marks and rows are those of tables over there.
+     *
+     * @param data  may be null
+     */
+    static bool isOfThisProgram(const QMimeData *data);
+
+    /**
      * Reads the first record of a drag.
      *
      * @param data  the dragged data; may be null
-     * @return      nothing if a part is missing or holds no text. A record that is cut off or damaged
-     *              keeps the texts in front of the damage; a missing colour is the empty text.
+     * @return      nothing if a part is missing or holds no text, or if another program made it. A record that is cut
+     *              off or damaged keeps the texts in front of the damage; a missing colour is the empty text.
      */
     static std::optional<DragPayload> fromMime(const QMimeData *data);
 

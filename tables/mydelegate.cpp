@@ -1,9 +1,13 @@
 #include "tables/mydelegate.h"
 
 #include "devices/grid.h"
+#include "tables/keytooltip.h"
 #include "tables/roles.h"
 
+#include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace {
 
@@ -57,4 +61,16 @@ void Mydelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, co
         paintText(*painter, option.rect, Qt::white, name);
     }
     painter->restore();
+}
+
+bool Mydelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                           const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString text = keyToolTip(index, index.data(Qt::EditRole).toString().toHtmlEscaped());
+    const QRect cell = view->visualRect(index);
+    QToolTip::showText(event->globalPos(), text, view, {view->mapToGlobal(cell.topLeft()), cell.size()});
+    event->setAccepted(!text.isEmpty());
+    return event->isAccepted();
 }

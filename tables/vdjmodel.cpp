@@ -131,6 +131,13 @@ QMimeData *VDJModel::mimeData(const QModelIndexList &indexes) const
     return createDragData(indexes, fields);
 }
 
+bool VDJModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                               const QModelIndex &parent) const
+{
+    return DragPayload::isOfThisProgram(data)
+           && QAbstractTableModel::canDropMimeData(data, action, row, column, parent);
+}
+
 bool VDJModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*row*/, int /*column*/,
                             const QModelIndex &to)
 {

@@ -45,6 +45,9 @@ public:
     QStringList mimeTypes() const override;
     /** A DragPayload record of seven texts for each index, marked as coming from this table. */
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    /** Whether the data may be dropped here; never from another program. */
+    bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                         const QModelIndex &parent) const override;
     /**
      * Overwrites a pad from the first record of a drag.
      *

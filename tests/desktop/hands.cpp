@@ -331,6 +331,18 @@ void Hands::beginDrag(QTableView *from, const Place &place)
          [from] { return from->findChild<QDrag *>() != nullptr; }, true});
 }
 
+void Hands::beginDragElsewhere(const Place &place, const std::function<bool()> &begun)
+{
+    add({"the button goes down elsewhere",
+         [place]() -> std::optional<QStringList> {
+             const auto point = place();
+             return point ? std::make_optional(toPoint(*point) + QStringList{"mousedown", "1"})
+                          : std::nullopt;
+         },
+         [] { return true; }});
+    add({"a drag begins elsewhere", plainly("mousemove_relative 6 2"), begun, true});
+}
+
 void Hands::dragOver(const Place &place)
 {
     add({"the drag gets to its target",

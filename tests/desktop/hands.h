@@ -73,6 +73,8 @@ public:
 
     /** Presses the mouse on a cell, and moves it until the view has begun a drag. */
     void beginDrag(QTableView *from, const Place &place);
+    /** The same in another program's window; it tells when a drag has begun. */
+    void beginDragElsewhere(const Place &place, const std::function<bool()> &begun);
     /** Carries a drag to a place of a window. */
     void dragOver(const Place &place);
     /** Carries a drag out of all windows. */

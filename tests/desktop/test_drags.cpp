@@ -1,6 +1,7 @@
 #include "desktop/desk.h"
 
 #include <QComboBox>
+#include <QProcess>
 #include <QRegularExpression>
 
 /**
@@ -31,6 +32,10 @@ private slots:
     void switchTakesNoDrop();
     void ofSeveralKeysTheFirstMoves();
     void focusAfterADrop();
+    void dragFromAnotherProgramIsRefused_data();
+    void dragFromAnotherProgramIsRefused();
+    void closingAmidADrag_data();
+    void closingAmidADrag();
 
 private:
     std::unique_ptr<Desk> m_desk;
@@ -92,6 +97,52 @@ void drag(Desk &desk, const QString &from, const QString &to, const QString &how
         desk.hands.letGo(how);
     desk.hands.moveTo(desk.on("label_4"));
 }
+
+/** Another Zarvex beside ours, with something on its first pad or nothing on any. */
+class SecondZarvex final
+{
+public:
+    explicit SecondZarvex(bool hasWork)
+    {
+        m_process.start(ZARVEX_SECOND, hasWork ? QStringList{"work"} : QStringList());
+    }
+    ~SecondZarvex()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+    Q_DISABLE_COPY(SecondZarvex)
+
+    Place firstLiveButton() { return placeAt(0); }
+    Place firstPad() { return placeAt(1); }
+    bool isDragging() { return seen().value(2) == "drag"; }
+    QString box() { return seen().value(3); }
+    bool hasEnded() const
+    {
+        return m_process.state() == QProcess::NotRunning && m_process.exitStatus() == QProcess::NormalExit
+               && m_process.exitCode() == 0;
+    }
+
+private:
+    /** The parts of what it has said last. */
+    QStringList seen()
+    {
+        m_said += m_process.readAllStandardOutput();
+        return QString(m_said).split('\n').value(m_said.count('\n') - 1).split('|');
+    }
+
+    Place placeAt(int part)
+    {
+        return [this, part]() -> std::optional<QPoint> {
+            const QStringList point = seen().value(part).split(',');
+            return point.size() == 2 ? std::make_optional(QPoint(point.first().toInt(), point.last().toInt()))
+                                     : std::nullopt;
+        };
+    }
+
+    QProcess m_process;
+    QByteArray m_said;
+};
 
 } // namespace
 
@@ -520,6 +571,68 @@ void TestDrags::focusAfterADrop()
     QVERIFY(desk.hands.play());
     QCOMPARE(Workspace::focused(), QString("tablecontroller"));
     QCOMPARE(desk.grid()->currentIndex(), desk.space.grid()->index(4, 4));
+}
+
+void TestDrags::dragFromAnotherProgramIsRefused_data()
+{
+    QTest::addColumn<QString>("to");
+    QTest::newRow("on an empty pad") << "pad 3,0";
+    QTest::newRow("on a filled pad") << "pad 0,0";
+    QTest::newRow("on an empty key") << "key 4,4";
+    QTest::newRow("on a filled key") << "key 2,2";
+}
+
+void TestDrags::dragFromAnotherProgramIsRefused()
+{
+    QFETCH(const QString, to);
+    Desk &desk = *m_desk;
+    const bool areKeys = to.startsWith("key");
+    QVERIFY(areKeys ? desk.clearKeys() : desk.clearPads());
+    QVERIFY(desk.lay(viewOf(desk, to), areKeys ? "2,2=0 2,3=1" : "0,0=0 1,0=1"));
+    const QStringList before = desk.space.snapshot();
+
+    SecondZarvex other(true);
+    desk.hands.beginDragElsewhere(other.firstPad(), [&other] { return other.isDragging(); });
+    desk.hands.dragOver(placeOf(desk, to));
+    desk.hands.release();
+    desk.hands.await("the drag is over", [&other] { return !other.isDragging(); });
+    desk.hands.click(desk.on("label_4"));
+    QVERIFY(desk.hands.play());
+    QCOMPARE(desk.space.snapshot(), before);
+}
+
+void TestDrags::closingAmidADrag_data()
+{
+    QTest::addColumn<bool>("hasWork");
+    QTest::newRow("without work") << false;
+    QTest::newRow("with work") << true;
+}
+
+void TestDrags::closingAmidADrag()
+{
+    QFETCH(const bool, hasWork);
+    SecondZarvex program(hasWork);
+    const auto closeIt = [&] {
+        m_desk->hands.beginDragElsewhere(program.firstLiveButton(),
+                                         [&program] { return program.isDragging(); });
+        m_desk->hands.keyInDrag("alt+F4");
+    };
+    closeIt();
+    if (hasWork) {
+        const auto asks = [&program] { return program.box() == "Project is not empty."; };
+        m_desk->hands.await("the question", asks);
+        m_desk->hands.release();
+        m_desk->hands.keyInDrag("Escape"); // Cancel: all goes on
+        m_desk->hands.await("the answer", [&program] { return program.box().isEmpty(); });
+        closeIt();
+        m_desk->hands.await("the question", asks);
+        m_desk->hands.release();
+        m_desk->hands.keyInDrag("alt+y");
+    }
+    m_desk->hands.await("the program has ended", [&program] { return program.hasEnded(); });
+    m_desk->hands.release();
+    m_desk->hands.click(m_desk->on("label_4"));
+    QVERIFY(m_desk->hands.play());
 }
 
 void TestDrags::init()

@@ -1,4 +1,5 @@
 #include "devices/catalogue.h"
+#include "files/readfile.h"
 #include "files/xmlfile.h"
 #include "support/boxes.h"
 #include "support/devices.h"
@@ -115,6 +116,8 @@ private slots:
     void hostileMappersAreHarmless_data();
     void hostileMappersAreHarmless();
     void refusesLongFiles();
+    void passesOverWhatTheStartCannotWaitFor_data();
+    void passesOverWhatTheStartCannotWaitFor();
     void readsLikeAPlainDocument_data();
     void readsLikeAPlainDocument();
     void readsNothingWhereThereIsNoFile();
@@ -393,7 +396,7 @@ void TestMappers::hostileMappersAreHarmless_data()
                      + ("&e" + QByteArray::number(i - 1) + ";").repeated(10) + "'>";
     explosion += "]>";
 
-    QTest::newRow("fifty thousand rows") << opened(rows.repeated(50000) + "</mapper>") << true;
+    QTest::newRow("thirty thousand rows") << opened(rows.repeated(30000) + "</mapper>") << true;
     QTest::newRow("a million rows") << opened(rows.repeated(1000000) + "</mapper>") << false;
     QTest::newRow("100 MB of zeros") << QByteArray(100 << 20, '\0') << false;
     QTest::newRow("4 MB of zeros") << QByteArray(4 << 20, '\0') << false;
@@ -480,9 +483,12 @@ void TestMappers::hostileMappersAreHarmless_data()
         << opened(manyAttributes(100000) + "</mapper>") << true;
     QTest::newRow("a namespace at every element")
         << opened(QByteArray("<a:x xmlns:a='urn:a' xmlns='urn:b'/>").repeated(20000) + "</mapper>") << true;
-    QTest::newRow("a name of 1 MB") << opened("<" + QByteArray(1 << 20, 'x') + "/></mapper>") << true;
+    QTest::newRow("a name of 1 MB") << opened("<" + QByteArray(1000000, 'x') + "/></mapper>") << true;
     QTest::newRow("an attribute of 1 MB")
-        << opened("<x a='" + QByteArray(1 << 20, 'x') + "'/></mapper>") << true;
+        << opened("<x a='" + QByteArray(1000000, 'x') + "'/></mapper>") << true;
+    QTest::newRow("an attribute twice") << opened("<map value='A' value='B'/></mapper>") << true;
+    QTest::newRow("an entity that nobody declares") << opened("<map value='&nbsp;'/></mapper>") << true;
+    QTest::newRow("a control character") << opened("<map value='\x01'/></mapper>") << true;
 
     QTest::newRow("empty") << QByteArray() << false;
     QTest::newRow("a lone opening bracket") << QByteArray("<") << false;
@@ -501,6 +507,12 @@ void TestMappers::hostileMappersAreHarmless_data()
     QTest::newRow("cut off in a byte order mark") << QByteArray("\xEF\xBB") << false;
     QTest::newRow("half a sign of UTF-16") << QByteArray("\xFF\xFE<", 3) << false;
     QTest::newRow("NUL byte in the root") << opened(QByteArray(1, '\0') + "</mapper") << false;
+    for (const char *number : {"0", "00", "x0", "x0000", "65536", "x10000", "x110000", "4294967296"}) {
+        QTest::addRow("U+0000 as the number %s", number)
+            << opened("<map value='A&#" + QByteArray(number) + ";'/></mapper>") << false;
+    }
+    QTest::newRow("another number that ends in zeros")
+        << opened("<map value='&#x100;&#10;&#xA00;'/></mapper>") << true;
     QTest::newRow("NUL bytes in front") << QByteArray(3, '\0') + mapper() << false;
     QTest::newRow("wrong end") << opened("</mappers>") << false;
     QTest::newRow("ends crossed") << opened("<a><b></a></b></mapper>") << false;
@@ -540,12 +552,44 @@ void TestMappers::refusesLongFiles()
     QVERIFY(readXmlFile(path, content.size() - 1).isNull());
     QVERIFY(readXmlFile(path, 0).isNull());
 
-    QCOMPARE(LongestMapper, qint64(4 * 1024 * 1024));
+    QCOMPARE(LongestMapper, qint64(1024 * 1024));
     QVERIFY(writeFile(path, opened(QByteArray(LongestMapper - content.size(), ' ')) + "</mapper>"));
     QCOMPARE(QFileInfo(path).size(), LongestMapper);
     QCOMPARE(findMappers(folder.path()).size(), 1);
     QVERIFY(writeFile(path, opened(QByteArray(LongestMapper - content.size() + 1, ' ')) + "</mapper>"));
     QCOMPARE(findMappers(folder.path()).size(), 0);
+}
+
+void TestMappers::passesOverWhatTheStartCannotWaitFor_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("least");
+    QTest::addColumn<int>("most");
+
+    const auto full = [](const QByteArray &part) {
+        return opened(part.repeated(static_cast<int>(LongestMapper - 100) / part.size()) + "</mapper>");
+    };
+    QTest::newRow("ordinary mappers") << mapper() << 30 << 30;
+    QTest::newRow("rows") << full("<map value='A' action='b'/>") << 15 << 17;
+    QTest::newRow("elements of four letters") << full("<a/>") << 15 << 17;
+    QTest::newRow("what only parsing forgives") << full("<a b='' b=''/>") << 3 << 5;
+    QTest::newRow("many attributes") << opened(manyAttributes(60000) + "</mapper>") << 3 << 8;
+    QTest::newRow("mappers in mappers") << full("<mapper device='APCMINI'/>") << 10000 << 20000;
+}
+
+void TestMappers::passesOverWhatTheStartCannotWaitFor()
+{
+    QFETCH(const QByteArray, content);
+    QFETCH(const int, least);
+    QFETCH(const int, most);
+
+    Workspace space;
+    for (int i = 0; i < 30; ++i)
+        QVERIFY(writeFile(space.mappersFolder() + "/" + QString::number(i) + ".xml", content));
+    const ProcessorTime time;
+    const int found = offered(space).size() - BuiltIn.size();
+    QVERIFY2(time.elapsed() < 2000, qPrintable(QString("%1 ms").arg(time.elapsed())));
+    QVERIFY2(least <= found && found <= most, qPrintable(QString::number(found)));
 }
 
 void TestMappers::readsLikeAPlainDocument_data()

@@ -85,6 +85,12 @@ QStringList filledUp(QStringList texts)
     return texts;
 }
 
+/** As platforms do, with a class of its own for what another program drags. */
+class DataFromOutside final : public QMimeData
+{
+    Q_OBJECT
+};
+
 const QStringList LiveButton = {"3", "0", "Strobe", "2", "Strobe", "1", "14", "1", {}, {}, {}};
 const QStringList PadCell = {"9", "1", "Slow", "2", "Strobe Slow", "0", "14"};
 
@@ -115,6 +121,7 @@ private slots:
     void readsWhatItWrote();
     void refusesMissingParts_data();
     void refusesMissingParts();
+    void refusesOtherPrograms();
     void refusesDamage_data();
     void refusesDamage();
     void keepsTextsInFrontOfDamage_data();
@@ -426,6 +433,23 @@ void TestDragPayload::refusesMissingParts()
         data.setData(Color, colorBytes(255, 0, 0));
     QVERIFY(!DragPayload::fromMime(&data));
     QVERIFY(!DragPayload::fromMime(nullptr));
+}
+
+void TestDragPayload::refusesOtherPrograms()
+{
+    DataFromOutside data;
+    data.setData(TextList, bytesOf(LiveButton));
+    data.setData(Color, colorBytes(255, 0, 0));
+    QVERIFY(!DragPayload::fromMime(&data));
+
+    VDJModel pads;
+    Controller keys;
+    for (QAbstractItemModel *table : QList<QAbstractItemModel *>{&pads, &keys}) {
+        table->insertRows(0, 1);
+        const std::unique_ptr<QMimeData> own(table->mimeData({table->index(0, 0)}));
+        QVERIFY(table->canDropMimeData(own.get(), Qt::CopyAction, -1, -1, table->index(0, 0)));
+        QVERIFY(!table->canDropMimeData(&data, Qt::CopyAction, -1, -1, table->index(0, 0)));
+    }
 }
 
 void TestDragPayload::refusesDamage_data()

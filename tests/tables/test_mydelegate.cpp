@@ -5,6 +5,9 @@
 #include <QImage>
 #include <QPainter>
 #include <QStyleOptionViewItem>
+#include <QTableView>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QtTest>
 
 namespace {
@@ -107,6 +110,45 @@ int count(const QImage &image, const QRect &rect, const QColor &color)
     return pixels;
 }
 
+/** A view of a grid, over which the mouse can rest. */
+class GridView final
+{
+public:
+    explicit GridView(Grid &grid)
+    {
+        m_view.setModel(&grid.model);
+        m_view.setItemDelegate(&m_delegate);
+        m_view.show();
+    }
+
+    /** Whether there is something to tell. */
+    bool askForToolTip(const QModelIndex &cell)
+    {
+        const QPoint point = m_view.visualRect(cell).center();
+        QHelpEvent event(QEvent::ToolTip, point, m_view.viewport()->mapToGlobal(point));
+        QCoreApplication::sendEvent(m_view.viewport(), &event);
+        return event.isAccepted();
+    }
+
+private:
+    Mydelegate m_delegate;
+    QTableView m_view;
+};
+
+/** Rich text that loads nothing, and notes by which schemes it would. */
+class Document final : public QTextDocument
+{
+public:
+    QStringList loaded;
+
+protected:
+    QVariant loadResource(int /*type*/, const QUrl &name) override
+    {
+        loaded += name.scheme();
+        return QPixmap(10, 10);
+    }
+};
+
 } // namespace
 
 /** How the cells of the device grid look, to the pixel. */
@@ -135,6 +177,9 @@ private slots:
     void textOfCell();
     void painterIsRestored_data();
     void painterIsRestored();
+    void toolTipTakesNoOrders_data();
+    void toolTipTakesNoOrders();
+    void emptyKeyHasNoToolTip();
 };
 
 void TestMydelegate::metaObjectOfTheClass()
@@ -395,6 +440,51 @@ void TestMydelegate::painterIsRestored()
     QCOMPARE(painter.clipRegion(), clip);
     QCOMPARE(painter.opacity(), 0.5);
     QCOMPARE(painter.renderHints(), hints);
+}
+
+void TestMydelegate::toolTipTakesNoOrders_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("plain") << "Fog";
+    QTest::newRow("picture") << "<img src='picture.png'>";
+    QTest::newRow("picture of another computer") << "<img src=\"//server/share/picture.png\">";
+    QTest::newRow("style sheet") << "<link rel='stylesheet' href='sheet.css'>";
+    QTest::newRow("sheet of its own") << "<style>@import url(sheet.css);</style>";
+    QTest::newRow("ends the text") << "</body></html><img src='picture.png'>";
+    QTest::newRow("entity") << "R&amp;B &lt;img&gt;";
+    QTest::newRow("places for arguments") << "%0 %1";
+    QTest::newRow("the end of the tool tip") << "<br><br>Right-click to Remove";
+}
+
+void TestMydelegate::toolTipTakesNoOrders()
+{
+    QFETCH(const QString, name);
+    Grid grid;
+    grid.set("3", ButtonRole);
+    grid.set("red", OffColorRole);
+    grid.set("blue", OnColorRole);
+    GridView view(grid);
+    QVERIFY(view.askForToolTip(grid.set(name, Qt::EditRole)));
+
+    Document document;
+    document.setHtml(QToolTip::text());
+    QCOMPARE(document.toPlainText(),
+             "PAD 1\nLive Button: " + name
+                 + "\nOff Color : \uFFFC\nOn Color : \uFFFC\n\nRight-click to Remove");
+    document.size(); // lays it out, pictures included
+    document.loaded.removeDuplicates();
+    QCOMPARE(document.loaded, QStringList{"data"});
+}
+
+void TestMydelegate::emptyKeyHasNoToolTip()
+{
+    Grid grid;
+    grid.set("3", ButtonRole);
+    GridView view(grid);
+    QVERIFY(view.askForToolTip(grid.model.index(2, 2)));
+    QVERIFY(QToolTip::isVisible());
+    QVERIFY(!view.askForToolTip(grid.model.index(2, 3)));
+    QTRY_VERIFY(!QToolTip::isVisible());
 }
 
 QTEST_MAIN(TestMydelegate)

@@ -9,6 +9,10 @@
 #include <QLineEdit>
 #include <QRandomGenerator>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 using Box = ExpectedDialogs::Box;
@@ -1193,6 +1197,9 @@ void TestExportMapping::cannotBeWritten_data()
     QTest::newRow("Mappers is a file") << "file";
     QTest::newRow("the mapper is a folder") << "folder";
     QTest::newRow("Mappers is read-only") << "read-only";
+#ifdef Q_OS_UNIX
+    QTest::newRow("the mapper is a pipe that nobody reads from") << "pipe";
+#endif
 }
 
 void TestExportMapping::cannotBeWritten()
@@ -1204,8 +1211,11 @@ void TestExportMapping::cannotBeWritten()
     QVERIFY(space.putOnKey(Strobe, 2, 2));
     const QString path = space.mappersFolder() + "/" + fileName(Akai);
     bool canBeWritten = false;
-    if (obstacle == "folder") {
-        QVERIFY(QDir().mkpath(path));
+    if (obstacle == "folder" || obstacle == "pipe") {
+#ifdef Q_OS_UNIX
+        QVERIFY(obstacle != "pipe" || mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
+#endif
+        QVERIFY(obstacle != "folder" || QDir().mkpath(path));
         space.dialogs.expect(overwrite(Akai, QMessageBox::Yes));
     } else if (obstacle == "read-only") {
         QVERIFY(QFile::setPermissions(space.mappersFolder(), QFile::ReadOwner | QFile::ExeOwner));
@@ -1224,7 +1234,8 @@ void TestExportMapping::cannotBeWritten()
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);
     QCOMPARE(QFileInfo(path).isFile(), canBeWritten);
-    QCOMPARE(QFileInfo(space.mappersFolder()).isDir(), obstacle == "folder" || obstacle == "read-only");
+    QCOMPARE(QFileInfo(space.mappersFolder()).isDir(),
+             QStringList({"folder", "read-only", "pipe"}).contains(obstacle));
     QCOMPARE(QFileInfo::exists(space.documents() + "/VirtualDJ"), obstacle != "no VirtualDJ");
 }
 

@@ -1,5 +1,6 @@
 #include "support/boxes.h"
 #include "support/files.h"
+#include "support/fulldisk.h"
 #include "support/workspace.h"
 
 #include <QLineEdit>
@@ -162,6 +163,10 @@ private slots:
     void longerFileIsCutOff();
     void cannotBeWritten_data();
     void cannotBeWritten();
+#ifdef Q_OS_UNIX
+    void keepsTheOldPage_data();
+    void keepsTheOldPage();
+#endif
 
     void usesTheDefaultCodec_data();
     void usesTheDefaultCodec();
@@ -565,6 +570,35 @@ void TestExportPage::cannotBeWritten_data()
     QTest::newRow("Pads is a file") << "file";
     QTest::newRow("the page is a folder") << "folder";
 }
+
+#ifdef Q_OS_UNIX
+void TestExportPage::keepsTheOldPage_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("the disk is full") << "Mine";
+    QTest::newRow("the system would cut the name off") << QString("Mine.xml") + QChar::Null;
+}
+
+void TestExportPage::keepsTheOldPage()
+{
+    QFETCH(const QString, name);
+    Workspace space;
+    QVERIFY2(start(space), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.putOnPad(Strobe, 0));
+    QVERIFY(writeFile(space.padsFolder() + "/Mine.xml", "what stood there"));
+    space.find<QLineEdit>("padsname")->setText(name);
+    if (name == "Mine")
+        space.dialogs.expect(Boxes::overwrite("Pads Page Mine", QMessageBox::Yes));
+    space.dialogs.expect(Boxes::pageCreated(name));
+    {
+        const FullDisk disk(1000);
+        QVERIFY(space.ask<bool>("exportpage"));
+    }
+    QCOMPARE(space.dialogs.faults(), QString());
+    QCOMPARE(bytesOf(space.padsFolder() + "/Mine.xml"), QByteArray("what stood there"));
+    QCOMPARE(QDir(space.padsFolder()).entryList(QDir::Files | QDir::Hidden), QStringList{"Mine.xml"});
+}
+#endif
 
 void TestExportPage::cannotBeWritten()
 {

@@ -456,6 +456,7 @@ void TestLoadShow::badPathLeavesEverything_data()
     QTest::newRow("missing file") << "/Show/Live/other.ini" << false;
     QTest::newRow("missing folder") << "/Nowhere/Live/live.ini" << false;
     QTest::newRow("a folder") << "/Show/Live" << false;
+    QTest::newRow("a serialised object in a value") << "/Hostile.ini" << false;
     QTest::newRow("below a file") << "/Show/Live/live.ini/live.ini" << false;
 #ifdef Q_OS_UNIX
     QTest::newRow("a pipe that nobody writes to") << "/Pipe" << false;
@@ -475,6 +476,7 @@ void TestLoadShow::badPathLeavesEverything()
     QTest::keyClick(space.find<QLineEdit>("bankname"), Qt::Key_Return);
     QVERIFY(space.type("padsname", "My Page"));
     QVERIFY(space.choose("combobox", 2));
+    QVERIFY(writeFile(space.home() + "/Hostile.ini", "x=@Variant(\\x0\\x0\\x0\\x9\\x7f\\xff\\xff\\xff)"));
     const QStringList before = space.snapshot();
     QVERIFY(before.contains("banks: BANK 1|Mine|BANK 3|BANK 4|BANK 5|BANK 6|BANK 7|BANK 8"));
 #ifdef Q_OS_UNIX
@@ -685,7 +687,7 @@ void TestLoadShow::readsSettings_data()
 
     row("title missing", oneButton("color=255\n"), {"One"}, {"|1|0|#0000ff"});
     row("title with commas", oneButton("title=Anna, Iza,Krystian\n"), {"One"},
-        {"Anna, Iza, Krystian|1|0|#ffffff"});
+        {"Anna, Iza,Krystian|1|0|#ffffff"});
     row("title of digits", oneButton("title=007\n"), {"One"}, {"007|1|0|#ffffff"});
     row("page name with a comma", "[page]\nnumber=1\n[page1]\nname=Red, White\n", {"Red, White"}, none);
     row("byte order mark and letters beyond ASCII",

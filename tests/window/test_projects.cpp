@@ -1,6 +1,8 @@
 #include "support/boxes.h"
 #include "support/devices.h"
 #include "support/files.h"
+#include "support/fulldisk.h"
+#include "support/processortime.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
@@ -388,8 +390,9 @@ private slots:
     void notSaved_data();
     void notSaved();
     void notSavedByTheMenu();
-#ifdef Q_OS_LINUX
-    void writingErrorsGoUnseen();
+#ifdef Q_OS_UNIX
+    void fullDiskLosesNoProject_data();
+    void fullDiskLosesNoProject();
 #endif
     void longerFileIsCutOff();
     void savesInTheDefaultCodec();
@@ -444,6 +447,9 @@ private slots:
     void twoProjects_data();
     void twoProjects();
     void secondShowIsMissing();
+    void secondShowCannotBeOpened();
+    void readsAShowOnce_data();
+    void readsAShowOnce();
 
     void roundTrips_data();
     void roundTrips();
@@ -647,6 +653,12 @@ void TestProjects::notSaved_data()
                                     << "my";
     QTest::newRow("a file for a folder") << "file/Night.zarvex"
                                          << "Night";
+    QTest::newRow("a name that the system would cut off")
+        << QString("file") + QChar::Null + ".zarvex" << QString("file") + QChar::Null;
+#ifdef Q_OS_UNIX
+    QTest::newRow("a pipe that nobody reads from") << "pipe.zarvex"
+                                                   << "pipe";
+#endif
 }
 
 void TestProjects::notSaved()
@@ -657,6 +669,9 @@ void TestProjects::notSaved()
     QVERIFY(start(space));
     QVERIFY(QDir().mkpath(projectPath(space, "folder.zarvex")));
     QVERIFY(writeFile(projectPath(space, "file"), "somebody's work"));
+#ifdef Q_OS_UNIX
+    QCOMPARE(mkfifo(QFile::encodeName(projectPath(space, "pipe.zarvex")).constData(), 0600), 0);
+#endif
     const QStringList before = space.snapshot();
     for (const char *slot : {"savepadsproject", "savemidiproject"}) {
         space.dialogs.expect(Box{"Project " + name + " was not saved.", {}});
@@ -664,6 +679,7 @@ void TestProjects::notSaved()
         QCOMPARE(space.dialogs.faults(), QString());
     }
     QVERIFY(!QFileInfo(projectPath(space, file)).isFile());
+    QVERIFY(!QFileInfo::exists(projectPath(space, "missing")));
     QCOMPARE(bytesOf(projectPath(space, "file")), QByteArray("somebody's work"));
     QCOMPARE(space.snapshot(), before);
 }
@@ -680,14 +696,28 @@ void TestProjects::notSavedByTheMenu()
     QVERIFY(!QFile::exists(space.home() + "/missing"));
 }
 
-#ifdef Q_OS_LINUX
-void TestProjects::writingErrorsGoUnseen()
+#ifdef Q_OS_UNIX
+void TestProjects::fullDiskLosesNoProject_data()
 {
+    QTest::addColumn<rlim_t>("room"); // in bytes that a file may have
+    QTest::newRow("no room") << rlim_t(0);
+    QTest::newRow("too little room") << rlim_t(5000);
+}
+
+void TestProjects::fullDiskLosesNoProject()
+{
+    QFETCH(const rlim_t, room);
     Workspace space;
     QVERIFY(start(space));
-    space.dialogs.expect(Boxes::projectSaved("full"));
-    QVERIFY(space.call("savepadsproject", QString("/dev/full"))); // opens, and takes nothing
+    QVERIFY(writeFile(projectPath(space), "last night's work"));
+    for (const char *slot : {"savepadsproject", "savemidiproject"}) {
+        space.dialogs.expect(Box{"Project Night was not saved.", {}});
+        const FullDisk disk(room);
+        QVERIFY(space.call(slot, projectPath(space)));
+    }
     QCOMPARE(space.dialogs.faults(), QString());
+    QCOMPARE(bytesOf(projectPath(space)), QByteArray("last night's work"));
+    QCOMPARE(QDir(projectsFolder(space)).entryList(QDir::Files | QDir::Hidden), QStringList{"Night.zarvex"});
 }
 #endif
 
@@ -1611,6 +1641,49 @@ void TestProjects::secondShowIsMissing()
     QCOMPARE(savedBanks(space), QString("A,B"));
     QCOMPARE(notOfOutput(space, true), QString()); // no panel has moved
     QVERIFY(isChecked(space, "radioButton_8pads"));
+}
+
+void TestProjects::secondShowCannotBeOpened()
+{
+    Workspace space;
+    QVERIFY(start(space));
+    const QString other = space.writeShow("Other", Workspace::iniWith({5})) + "/Live/live.ini";
+    const QString hostile = space.writeShow("Hostile", "[page]\nnumber=@Variant(\\0)\n") + "/Live/live.ini";
+    const QByteArray first = "<project " + attribute("show", other) + R"(showname="Other" banks="A" />)";
+    const QByteArray second = "<project " + attribute("show", hostile) + R"(showname="Hostile" export="x" >)"
+                              + padKey(2, 1, "Strobe", 2) + "</project>";
+    QVERIFY(loadedFrom(space, "<all>" + first + second + "</all>") == true);
+    QCOMPARE(space.window().windowTitle(), QString("Zarvex - Other"));
+    QCOMPARE(space.find<QComboBox>("combobox")->count(), 2); // its pages stay, its Live Buttons go
+    QCOMPARE(space.dmx()->rowCount(), 0);
+    QCOMPARE(space.find<QLineEdit>("padsname")->text(), QString("x"));
+    QCOMPARE(savedBanks(space), DefaultBanks.join(","));
+    QCOMPARE(pad(space, 2, 1), QString("Strobe|Strobe|1|2|#ff0000"));
+}
+
+void TestProjects::readsAShowOnce_data()
+{
+    QTest::addColumn<QByteArray>("live");
+    QTest::newRow("that can be opened") << Workspace::iniWith({600});
+    QTest::newRow("that cannot")
+        << QByteArray("[page]\nnumber=@Variant(\\0)\n").rightJustified(20 << 20, '\n');
+}
+
+void TestProjects::readsAShowOnce()
+{
+    QFETCH(const QByteArray, live);
+
+    Workspace space;
+    QVERIFY(start(space));
+    const QString show = space.writeShow("Other", live) + "/Live/live.ini";
+    const QByteArray one = "<project " + attribute("show", show) + R"(showname="Other" deviceid="%" />)";
+    QByteArray all;
+    while (all.size() < 900000)
+        all += QByteArray(one).replace("%", all.size() % 2 == 0 ? "LAUNCHPAD" : "APCMINI ");
+    const ProcessorTime time;
+    QVERIFY(loadedFrom(space, "<all>" + all + "</all>") == true);
+    QVERIFY2(time.elapsed() < 10000, qPrintable(QString("%1 ms").arg(time.elapsed())));
+    QCOMPARE(space.find<QLineEdit>("padsname")->text(), QString());
 }
 
 void TestProjects::roundTrips_data()
