@@ -83,6 +83,16 @@ QString numbered(const QString &deck, const char *thing, const Statement &statem
     return deck + " " + thing + " " + statement.parameters.value(0);
 }
 
+/** A script, read once. */
+const Script &parsed(const QString &text)
+{
+    static QHash<QString, std::shared_ptr<const Script>> known;
+    std::shared_ptr<const Script> &script = known[text];
+    if (!script)
+        script = parseScript(text);
+    return *script;
+}
+
 } // namespace
 
 QString Answer::inWords() const
@@ -154,14 +164,6 @@ struct VirtualDj::Turn
     /** "down ? a : b" does a at the press and b at the release (help text; nobody has told of a trial). */
     bool isSplit = false;
 };
-
-const Script &VirtualDj::parsed(const QString &text) const
-{
-    std::shared_ptr<const Script> &script = m_parsed[text];
-    if (!script)
-        script = parseScript(text);
-    return *script;
-}
 
 void VirtualDj::perform(const QString &script, const Gesture &gesture, const QString &deck)
 {
@@ -492,7 +494,8 @@ QString VirtualDj::ledOf(const QString &script)
     for (const bool isLit : {true, false}) {
         isBlinkLit = isLit;
         const QString answer = ask(script).inWords();
-        shown += answer == "off" || answer == "none" || answer == "black" ? "dark" : answer;
+        const bool isBlack = answer.endsWith("black") || answer.endsWith("#000000");
+        shown += answer == "off" || answer == "none" || isBlack ? "dark" : answer;
     }
     isBlinkLit = true;
     return shown.first() == shown.last() ? shown.first() : "blinks " + shown.join(", ");

@@ -130,7 +130,6 @@ public:
 private:
     struct Turn; // of a script that is being run
 
-    const Script &parsed(const QString &text) const;
     void run(const Script &script, Turn &turn, const QString &deck);
     void act(const Statement &statement, const Turn &turn, const QString &deck);
     bool actOnVariable(const Statement &statement, const QString &deck);
@@ -150,7 +149,6 @@ private:
     QMap<int, PadsPageFile> m_pages;
     QStringList m_happened;
     QStringList m_faults;
-    mutable QHash<QString, std::shared_ptr<const Script>> m_parsed;
 };
 
 } // namespace Stage
