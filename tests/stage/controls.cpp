@@ -25,9 +25,7 @@ QString placeOf(const QString &kind, int row, int column, int padsBefore)
     return QString("pad %1 %2").arg(padsBefore / 8 + 1).arg(padsBefore % 8 + 1);
 }
 
-} // namespace
-
-QList<Control> controlsOf(const QString &device)
+QList<Control> readControls(const QString &device)
 {
     QList<Control> controls;
     int pads = 0;
@@ -49,9 +47,22 @@ QList<Control> controlsOf(const QString &device)
     return controls;
 }
 
+} // namespace
+
+QList<Control> controlsOf(const QString &device)
+{
+    static QHash<QString, QList<Control>> known;
+    if (!known.contains(device))
+        known.insert(device, readControls(device));
+    return known.value(device);
+}
+
 MapperFile factoryMapperOf(const QString &device)
 {
-    return MapperFile::fromXml(bytesOf(Mappings + device + " mapping.xml"));
+    static QHash<QString, MapperFile> known;
+    if (!known.contains(device))
+        known.insert(device, MapperFile::fromXml(bytesOf(Mappings + device + " mapping.xml")));
+    return known.value(device);
 }
 
 } // namespace Stage
