@@ -82,6 +82,7 @@ private slots:
     void tellsWhatTheManualTells_data();
     void tellsWhatTheManualTells();
     void switchPressedWhileAKeyIsHeld();
+    void controllersShareTheSwitch();
     void userMapper_data();
     void userMapper();
 };
@@ -188,16 +189,23 @@ void TestMappingOnStage::tellsWhatTheManualTells_data()
     QTest::addColumn<bool>("isReadable");
     QTest::addColumn<bool>("fires");
     QTest::addColumn<bool>("keepsItsOwn");
+    QTest::addColumn<bool>("keepsItOverAnExport");
 
-    QTest::newRow("plain") << "Strobe" << true << true << true;
-    QTest::newRow("comma, semicolon, backslash") << "A, B; C\\D" << true << true << true;
-    QTest::newRow("colon and question mark") << "Fast : Red ? yes" << true << true << true;
-    QTest::newRow("letters of all kinds") << QString::fromUtf8("Nebelstoß Été 霧") << true << true << true;
-    QTest::newRow("apostrophe") << "It's hot" << true << false << false;
-    QTest::newRow("double quote") << "The \"big\" one" << false << false << false;
-    QTest::newRow("ampersand") << "Drum & Bass" << false << false << false;
-    QTest::newRow("bracket") << "<3" << false << false << false;
-    QTest::newRow("backtick, hash, percent") << "50% #1 `x`" << true << true << true;
+    const auto row = [](const char *name, const char *button, bool isReadable, bool fires, bool keepsItsOwn,
+                        bool keepsItOverAnExport) {
+        QTest::newRow(name) << QString::fromUtf8(button) << isReadable << fires << keepsItsOwn
+                            << keepsItOverAnExport;
+    };
+    row("plain", "Strobe", true, true, true, true);
+    row("comma, semicolon, backslash", "A, B; C\\D", true, true, true, true);
+    row("colon", "Fast : Red", true, true, true, false);
+    row("question mark", "Fast ? Red", true, true, true, false);
+    row("letters of all kinds", "Nebelstoß Été 霧", true, true, true, true);
+    row("apostrophe", "It's hot", true, false, false, true);
+    row("double quote", "The \"big\" one", false, false, false, false);
+    row("ampersand", "Drum & Bass", false, false, false, false);
+    row("bracket", "<3", false, false, false, false);
+    row("backtick, hash, percent", "50% #1 `x`", true, true, true, true);
 }
 
 /** Names of Live Buttons that exports spoil. */
@@ -213,10 +221,19 @@ void TestMappingOnStage::tellsWhatTheManualTells()
     VirtualDj dj(lights);
     Hardware hardware(dj, mapper);
     hardware.tap("PAD_1_1");
-    QTEST(!dj.takeHappened().isEmpty(), "keepsItsOwn");
+    QTEST(dj.takeHappened() == QStringList{"sample 1 starts"}, "keepsItsOwn");
+    dj.setFact("playing sample 1", 0);
     dj.setVariable("$os2l", 1);
     hardware.tap("PAD_1_1");
     QTEST(lights.takeReceived() == QStringList({button + " on", button + " off"}), "fires");
+
+    const QTemporaryDir folder;
+    QVERIFY(writeFile(folder.filePath("first.xml"), exported(laid)));
+    laid.lights = {{{9, 9}, {"Fog", "#FF0000", "", "", false}}};
+    Hardware next(dj, MapperFile::fromXml(exported(laid, folder.filePath("first.xml"))));
+    dj.setVariable("$os2l", 0);
+    next.tap("PAD_1_1");
+    QTEST(dj.takeHappened() == QStringList{"sample 1 starts"}, "keepsItOverAnExport");
 }
 
 /** Without feedback the light then stays on: its "off" never goes out. */
@@ -233,6 +250,22 @@ void TestMappingOnStage::switchPressedWhileAKeyIsHeld()
     hardware.release("PAD_1_1");
     QCOMPARE(lights.takeReceived(), QStringList{"Strobe on"});
     QVERIFY(lights.isOn("Strobe"));
+}
+
+void TestMappingOnStage::controllersShareTheSwitch()
+{
+    const LaidOut akai = {"AKAI APC Mini", {{{2, 2}, {"Strobe", "#FF0000", "", "", false}}}, {3, 11}};
+    const LaidOut mk2 = {"Novation Launchpad MKII", {{{2, 2}, {"Fog", "#FF0000", "", "", false}}}, {0, 9}};
+    DmxProgram lights(true);
+    VirtualDj dj(lights);
+    Hardware first(dj, MapperFile::fromXml(exported(akai)));
+    Hardware second(dj, MapperFile::fromXml(exported(mk2)));
+    first.tap("SOLO");
+    second.tap("PAD_1_1");
+    QCOMPARE(lights.takeReceived(), QStringList{"Fog on"});
+    second.tap("BUT_HOR_8");
+    first.tap("ROW1_PAD1");
+    QCOMPARE(lights.takeReceived(), QStringList());
 }
 
 void TestMappingOnStage::userMapper_data()
