@@ -78,11 +78,6 @@ QString sliderFact(const Statement &statement, const QString &deck)
     return words.join(' ');
 }
 
-QString numbered(const QString &deck, const char *thing, const Statement &statement)
-{
-    return deck + " " + thing + " " + statement.parameters.value(0);
-}
-
 /** A script, read once. */
 const Script &parsed(const QString &text)
 {
@@ -233,115 +228,192 @@ bool VirtualDj::actOnVariable(const Statement &statement, const QString &deck)
 
 bool VirtualDj::actOnLights(const Statement &statement, const Turn &turn)
 {
-    const Gesture gesture = turn.gesture;
-    if (statement.verb == "os2l_button") {
-        // The help text of the verb. Without feedback it flashes: on at the press, off at the release, and "on" keeps
-        // it on. With feedback it sends the opposite of what was told last, and at the release nothing, unless
-        // "while_pressed" is there. A page may be named before the button.
-        QStringList names = statement.parameters;
-        const bool staysOn = names.size() > 1 && names.last() == "on";
-        if (staysOn)
-            names.removeLast();
-        if (names.isEmpty() || names.size() > 2) {
-            m_faults += "unknown: os2l_button with these words: " + names.join(", ");
-            return true;
-        }
-        const QString name = names.last();
-        const bool isToggle = m_lights.givesFeedback();
-        if (gesture.kind == Gesture::Press)
-            m_lights.receiveButton(name, isToggle ? !m_lights.isOn(name) : true);
-        else if (gesture.kind == Gesture::Release && (isToggle ? statement.whilePressed : !staysOn))
-            m_lights.receiveButton(name, isToggle ? !m_lights.isOn(name) : false);
-        return true;
-    }
-    if (statement.verb == "os2l_cmd") {
-        // A number and a value (help text of the verb). That a fader's place is the value is assumed, as with other
-        // verbs for faders; what a key without a value sends is told nowhere.
-        if (gesture.kind != Gesture::Release) {
-            const QString value =
-                gesture.kind == Gesture::Move ? percent(gesture.value) : statement.parameters.value(1);
-            m_lights.receiveCommand("command " + statement.parameters.value(0)
-                                    + (value.isEmpty() ? QString() : " at " + value));
-        }
-        return true;
-    }
-    return false;
+    if (statement.verb == "os2l_button")
+        pressButton(statement, turn.gesture);
+    else if (statement.verb == "os2l_cmd")
+        sendCommand(statement, turn.gesture);
+    else
+        return false;
+    return true;
 }
 
-/** What the verbs do by their help texts. A thing that no other verb asks for is only noted. */
+/**
+ * The help text of "os2l_button": without feedback it flashes, on at the press and off at the release, and "on" keeps
+ * it on. With feedback it sends the opposite of what was told last, and at the release nothing, unless "while_pressed"
+ * is there. A page may be named before the button.
+ */
+void VirtualDj::pressButton(const Statement &statement, const Gesture &gesture)
+{
+    QStringList names = statement.parameters;
+    const bool staysOn = names.size() > 1 && names.last() == "on";
+    if (staysOn)
+        names.removeLast();
+    if (names.isEmpty() || names.size() > 2) {
+        m_faults += "unknown: os2l_button with these words: " + names.join(", ");
+        return;
+    }
+    const QString name = names.last();
+    const bool isToggle = m_lights.givesFeedback();
+    if (gesture.kind == Gesture::Press)
+        m_lights.receiveButton(name, isToggle ? !m_lights.isOn(name) : true);
+    else if (gesture.kind == Gesture::Release && (isToggle ? statement.whilePressed : !staysOn))
+        m_lights.receiveButton(name, isToggle ? !m_lights.isOn(name) : false);
+}
+
+/**
+ * A number and a value (help text of "os2l_cmd"). That a fader's place is the value is assumed, as with other verbs for
+ * faders; what a key without a value sends is told nowhere.
+ */
+void VirtualDj::sendCommand(const Statement &statement, const Gesture &gesture)
+{
+    if (gesture.kind == Gesture::Release)
+        return;
+    const QString value =
+        gesture.kind == Gesture::Move ? percent(gesture.value) : statement.parameters.value(1);
+    m_lights.receiveCommand("command " + statement.parameters.value(0)
+                            + (value.isEmpty() ? QString() : " at " + value));
+}
+
+/** What the verbs do by their help texts. A verb that no other one asks for is only noted. */
 void VirtualDj::actOnMusic(const Statement &statement, const Turn &turn, const QString &deck)
 {
-    const QString verb = statement.verb;
-    const QString first = statement.parameters.value(0);
-    const QString number = deck + " cue " + first;
-    if (verb == "hot_cue") {
-        note(deck, (fact(number) > 0 ? "plays from hot cue " : "hot cue set: ") + first);
-        setFact(number, 1);
-    } else if (verb == "delete_cue") {
-        note(deck, "hot cue deleted: " + first);
-        setFact(number, 0);
-    } else if (verb == "loop") {
-        const double beats = first.toDouble();
-        const bool isOn = fact(deck + " loop") == beats;
-        note(deck, isOn ? QString("loop ends") : "loop of " + first);
-        setFact(deck + " loop", isOn ? 0 : beats);
-    } else if (verb == "loop_half" || verb == "loop_double") {
-        note(deck, verb == "loop_half" ? "loop halved" : "loop doubled");
-        setFact(deck + " loop", fact(deck + " loop") * (verb == "loop_half" ? 0.5 : 2));
-    } else if (verb == "loop_exit") {
+    const bool isDone = actOnCues(statement, deck) || actOnLoops(statement, deck)
+                        || actOnEffects(statement, turn, deck) || actOnTransport(statement, deck)
+                        || actOnPages(statement, turn, deck) || actOnSampler(statement)
+                        || actOnSettings(statement, turn, deck);
+    if (!isDone)
+        note(isOfNoDeck(statement.verb) ? QString() : deck,
+             (QStringList{statement.verb} + statement.parameters).join(' '));
+}
+
+bool VirtualDj::actOnCues(const Statement &statement, const QString &deck)
+{
+    const QString number = statement.parameters.value(0);
+    const QString cue = deck + " cue " + number;
+    if (statement.verb == "hot_cue") {
+        note(deck, (fact(cue) > 0 ? "plays from hot cue " : "hot cue set: ") + number);
+        setFact(cue, 1);
+    } else if (statement.verb == "delete_cue") {
+        note(deck, "hot cue deleted: " + number);
+        setFact(cue, 0);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool VirtualDj::actOnLoops(const Statement &statement, const QString &deck)
+{
+    const QString loop = deck + " loop";
+    if (statement.verb == "loop") {
+        const QString beats = statement.parameters.value(0);
+        const bool isOn = fact(loop) == beats.toDouble();
+        note(deck, isOn ? QString("loop ends") : "loop of " + beats);
+        setFact(loop, isOn ? 0 : beats.toDouble());
+    } else if (statement.verb == "loop_half") {
+        note(deck, "loop halved");
+        setFact(loop, fact(loop) / 2);
+    } else if (statement.verb == "loop_double") {
+        note(deck, "loop doubled");
+        setFact(loop, fact(loop) * 2);
+    } else if (statement.verb == "loop_exit") {
         note(deck, "leaves the loop");
-        setFact(deck + " loop", 0);
-    } else if (verb == "effect_active") {
-        toggleFact(deck + " effect " + first);
-        note(deck, "effect " + first + (fact(deck + " effect " + first) > 0 ? " on" : " off"));
-    } else if (verb == "effect_disable_all") {
+        setFact(loop, 0);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool VirtualDj::actOnEffects(const Statement &statement, const Turn &turn, const QString &deck)
+{
+    const QString number = statement.parameters.value(0);
+    if (statement.verb == "effect_active") {
+        toggleFact(deck + " effect " + number);
+        note(deck, "effect " + number + (fact(deck + " effect " + number) > 0 ? " on" : " off"));
+    } else if (statement.verb == "effect_disable_all") {
         for (const char *slot : {"1", "2", "3"})
             setFact(deck + " effect " + slot, 0);
         note(deck, "all effects off");
-    } else if (verb == "dump") {
+    } else if (statement.verb == "dump") {
         const bool isOn = turn.gesture.kind != Gesture::Release;
         setFact(deck + " dump", isOn);
         note(deck, isOn ? "censors" : "ends censoring");
-    } else if (verb == "play_pause") {
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool VirtualDj::actOnTransport(const Statement &statement, const QString &deck)
+{
+    if (statement.verb == "play_pause") {
         toggleFact(deck + " playing");
         note(deck, fact(deck + " playing") > 0 ? "plays" : "stops");
-    } else if (verb == "sync") {
+    } else if (statement.verb == "sync") {
         toggleFact(deck + " synced");
         note(deck, "syncs");
-    } else if (verb == "pfl") {
+    } else if (statement.verb == "pfl") {
         toggleFact(deck + " pfl");
         note(deck, fact(deck + " pfl") > 0 ? "in the headphones" : "not in the headphones");
-    } else if (verb == "load") {
+    } else if (statement.verb == "load") {
         setFact(deck + " loaded", 1);
         note(deck, "loads");
-    } else if (verb == "pad") {
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool VirtualDj::actOnPages(const Statement &statement, const Turn &turn, const QString &deck)
+{
+    const QString number = statement.parameters.value(0);
+    if (statement.verb == "pad") {
         const int page = int(fact(deck + " page"));
         if (m_pages.contains(page))
-            perform(m_pages.value(page).pads.value(first.toInt()).action, turn.gesture, deck);
+            perform(m_pages.value(page).pads.value(number.toInt()).action, turn.gesture, deck);
         else if (turn.gesture.kind != Gesture::Release)
-            note(deck, QString("pad %1 of page %2").arg(first).arg(page));
-    } else if (verb == "pad_page") {
-        setFact(deck + " page", first.toInt());
-        note(deck, "page " + first);
-    } else if (verb == "sampler_play_stop") {
-        toggleFact("playing sample " + first);
-        note({}, "sample " + first + (fact("playing sample " + first) > 0 ? " starts" : " stops"));
-    } else if (verb == "sampler_stop") {
+            note(deck, QString("pad %1 of page %2").arg(number).arg(page));
+    } else if (statement.verb == "pad_page") {
+        setFact(deck + " page", number.toInt());
+        note(deck, "page " + number);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool VirtualDj::actOnSampler(const Statement &statement)
+{
+    const QString number = statement.parameters.value(0);
+    const QString playing = "playing sample " + number;
+    if (statement.verb == "sampler_play_stop") {
+        toggleFact(playing);
+        note({}, "sample " + number + (fact(playing) > 0 ? " starts" : " stops"));
+    } else if (statement.verb == "sampler_stop") {
         for (int sample = 1; sample <= 64; ++sample)
             setFact("playing sample " + QString::number(sample), 0);
         note({}, "all samples stop");
-    } else if (verb == "sampler_bank") {
-        setFact("bank", isRelative(first) ? fact("bank") + first.toDouble() : first.toDouble());
+    } else if (statement.verb == "sampler_bank") {
+        setFact("bank", isRelative(number) ? fact("bank") + number.toDouble() : number.toDouble());
         note({}, "sample bank " + QString::number(fact("bank")));
-    } else if (verb == "browser_window") {
-        const QStringList windows = first.split(',');
-        const int next = (windows.indexOf(windows.value(int(fact("window")))) + 1) % windows.size();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool VirtualDj::actOnSettings(const Statement &statement, const Turn &turn, const QString &deck)
+{
+    if (statement.verb == "browser_window") {
+        const QStringList windows = statement.parameters.value(0).split(',');
+        const int next = (int(fact("window")) + 1) % int(windows.size());
         setFact("window", next);
         note({}, "browser shows " + windows.at(next));
-    } else if (verb == "quantize_all" || verb == "shift") {
-        toggleFact(verb);
-        note({}, verb + (fact(verb) > 0 ? " on" : " off"));
-    } else if (Sliders.contains(verb)) {
+    } else if (statement.verb == "quantize_all" || statement.verb == "shift") {
+        toggleFact(statement.verb);
+        note({}, statement.verb + (fact(statement.verb) > 0 ? " on" : " off"));
+    } else if (Sliders.contains(statement.verb)) {
         // A fader brings its place along (a factory mapper of VirtualDJ's).
         const QString last = statement.parameters.isEmpty() ? QString() : statement.parameters.last();
         const QString name = sliderFact(statement, deck);
@@ -349,8 +421,9 @@ void VirtualDj::actOnMusic(const Statement &statement, const Turn &turn, const Q
         setFact(name, isRelative(last) ? fact(name) + value : value);
         note({}, name + " " + (isRelative(last) ? last : percent(value)));
     } else {
-        note(isOfNoDeck(verb) ? QString() : deck, (QStringList{verb} + statement.parameters).join(' '));
+        return false;
     }
+    return true;
 }
 
 Answer VirtualDj::ask(const QString &script, const QString &deck) const
@@ -427,65 +500,72 @@ Answer VirtualDj::answerOfLights(const Statement &statement) const
 /** The same verb is an action on a key and a question on a LED (VirtualDJ's wiki on VDJScript). */
 Answer VirtualDj::answerOfMusic(const Statement &statement, const QString &deck) const
 {
+    // What is so or not; "pioneer_cue" is a LED's ready state (help text), taken here for standing at the cue.
+    static const QHash<QString, QString> ofDeck = {{"loaded", "loaded"}, {"play", "playing"},
+                                                   {"dump", "dump"},     {"is_sync", "synced"},
+                                                   {"pfl", "pfl"},       {"pioneer_cue", "at cue"}};
+    static const QHash<QString, QString> numberedOfDeck = {
+        {"has_cue", "cue"}, {"hot_cue", "cue"}, {"effect_active", "effect"}};
+    static const QHash<QString, QString> ofSampler = {{"sampler_loaded", "sample "},
+                                                      {"sampler_play_stop", "playing sample "}};
     const QString verb = statement.verb;
     const QString first = statement.parameters.value(0);
-    if (verb == "loaded" || verb == "pfl" || verb == "dump")
-        return truth(fact(deck + " " + verb) > 0);
-    if (verb == "play")
-        return truth(fact(deck + " playing") > 0);
-    if (verb == "is_sync")
-        return truth(fact(deck + " synced") > 0);
-    if (verb == "pioneer_cue") // a LED's ready state (help text); here, that the deck stands at its cue
-        return truth(fact(deck + " at cue") > 0);
-    if (verb == "has_cue" || verb == "hot_cue")
-        return truth(fact(numbered(deck, "cue", statement)) > 0);
-    if (verb == "cue_color")
-        return colour(numbered(deck, "cue", statement));
+    if (ofDeck.contains(verb))
+        return truth(fact(deck + " " + ofDeck.value(verb)) > 0);
+    if (numberedOfDeck.contains(verb))
+        return truth(fact(deck + " " + numberedOfDeck.value(verb) + " " + first) > 0);
+    if (ofSampler.contains(verb))
+        return truth(fact(ofSampler.value(verb) + first) > 0);
+    if (verb == "quantize_all" || verb == "shift")
+        return truth(fact(verb) > 0);
     if (verb == "loop")
         return truth(first.isEmpty() ? fact(deck + " loop") > 0 : fact(deck + " loop") == first.toDouble());
-    if (verb == "effect_active")
-        return truth(fact(numbered(deck, "effect", statement)) > 0);
-    if (verb == "effects_used") {
-        // Without a word it counts every effect, the master's too; with 'deck' those of the deck (help text).
-        bool isUsed = first.isEmpty() && fact("master effect") > 0;
-        for (const QString &side : first == "deck" ? QStringList{deck} : QStringList{"left", "right"}) {
-            for (const char *slot : {"1", "2", "3"})
-                isUsed = isUsed || fact(side + " effect " + slot) > 0;
-        }
-        return truth(isUsed);
-    }
+    if (verb == "effects_used")
+        return truth(areEffectsUsed(first == "deck" ? deck : QString()));
     if (verb == "pad_page")
         return truth(fact(deck + " page") == first.toDouble());
-    if (verb == "pad_button_color") {
-        // The ready colour of a pad of the deck's page (help text); how a page's own colour is dimmed is not known.
-        const int page = int(fact(deck + " page"));
-        if (m_pages.contains(page))
-            return ask(m_pages.value(page).pads.value(first.toInt()).color, deck);
-        return colour(QString("%1 pad %2 of page %3").arg(deck, first).arg(page));
-    }
-    if (verb == "sampler_loaded")
-        return truth(fact("sample " + first) > 0);
-    if (verb == "sampler_play_stop")
-        return truth(fact("playing sample " + first) > 0);
-    if (verb == "get_sample_color")
-        return colour("sample " + first);
-    if (verb == "sampler_used") {
-        for (auto each = m_facts.cbegin(); each != m_facts.cend(); ++each) {
-            if (each.key().startsWith("playing sample ") && each.value() > 0)
-                return truth(true);
-        }
-        return truth(false);
-    }
+    if (verb == "sampler_used")
+        return truth(isAnySamplePlaying());
     if (verb == "sampler_bank" && !isRelative(first))
         return truth(fact("bank") == first.toDouble());
     if (verb == "browser_window" && !first.contains(','))
         return truth(first == (fact("window") > 0 ? "songs" : "folders"));
-    if (verb == "quantize_all" || verb == "shift")
-        return truth(fact(verb) > 0);
+    if (verb == "cue_color")
+        return colour(deck + " cue " + first);
+    if (verb == "get_sample_color")
+        return colour("sample " + first);
+    if (verb == "pad_button_color")
+        return padColour(first, deck);
     if (Sliders.contains(verb)
         && (statement.parameters.isEmpty() || !isRelative(statement.parameters.last())))
         return {Answer::Level, {}, fact(sliderFact(statement, deck))};
     return {Answer::Unknown, (QStringList{verb} + statement.parameters).join(' ')};
+}
+
+/** Without a deck all effects count, the master's too; with one, its own (help text of "effects_used"). */
+bool VirtualDj::areEffectsUsed(const QString &deck) const
+{
+    bool isUsed = deck.isEmpty() && fact("master effect") > 0;
+    for (const QString &side : deck.isEmpty() ? QStringList{"left", "right"} : QStringList{deck}) {
+        for (const char *slot : {"1", "2", "3"})
+            isUsed = isUsed || fact(side + " effect " + slot) > 0;
+    }
+    return isUsed;
+}
+
+bool VirtualDj::isAnySamplePlaying() const
+{
+    const auto first = m_facts.lowerBound("playing sample ");
+    return first != m_facts.cend() && first.key().startsWith("playing sample ");
+}
+
+/** The ready colour of a pad of the deck's page (help text); how a page's own colour is dimmed is not known. */
+Answer VirtualDj::padColour(const QString &pad, const QString &deck) const
+{
+    const int page = int(fact(deck + " page"));
+    if (m_pages.contains(page))
+        return ask(m_pages.value(page).pads.value(pad.toInt()).color, deck);
+    return colour(QString("%1 pad %2 of page %3").arg(deck, pad).arg(page));
 }
 
 QString VirtualDj::ledOf(const QString &script)
