@@ -15,8 +15,8 @@ Light lightOf(const QString &device, int number)
     const bool isAkai = device.startsWith("AKAI");
     const QStringList colors =
         isAkai ? QStringList{"red", "green", "yellow"} : QStringList{"#AA0000", "#55FF00", "#FFAA00"};
-    const QString on = colors.at(number % 3);
-    const QString off = colors.at((number + 1) % 3);
+    const QString &on = colors.at(number % 3);
+    const QString &off = colors.at((number + 1) % 3);
     const QStringList own = {"#FF0000", "#00FF7F", "#000000", "#C0C0C0"};
     return {QString("Light %1").arg(number), own.at(number / 16 % 4), number & 1 ? on : QString(),
             number & 2 ? off : QString(), (number & 4) != 0};

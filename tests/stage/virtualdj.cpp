@@ -438,7 +438,7 @@ Answer VirtualDj::answerOf(const Script &script, const Gesture *gesture, const Q
     // Of a chain the first command is the answer (tests of others on VirtualDJ 2026).
     const Statement &first = script.chain.first();
     const QString deckOfAll = first.deck.isEmpty() ? deck : first.deck;
-    const Answer answer = answerOf(first, gesture, deckOfAll);
+    Answer answer = answerOf(first, gesture, deckOfAll);
     if (!script.then || script.chain.size() > 1 || answer.kind == Answer::Unknown
         || answer.kind == Answer::Error)
         return answer;
