@@ -26,9 +26,11 @@ def _samples(n):
 
 
 def _cue(n):
+    # What a press would delete blinks, so that it is seen before it hurts.
+    is_set = "var '$cuedelete' ? blink ? {cue%d} : off : {cue%d}" % (n, n)
     return Key(
         f"var '$cuedelete' ? @ delete_cue {n} & set '$cuedelete' 0 : @ hot_cue {n}",
-        "@ has_cue %d ? {cue%d} : {rest}" % (n, n),
+        f"@ has_cue {n} ? {is_set} : {{rest}}",
     )
 
 
@@ -48,8 +50,9 @@ def _effect(slot):
     return Key(f"@ effect_active {slot}", f"@ effect_active {slot} ? {{run}} : {{rest}}")
 
 
-def _slice(n):
-    return Key(f"@ slicer {n}", "@ loaded ? {rest} : off")
+def _page_pad(n):
+    """A pad of the page that VirtualDJ shows for the deck: slices, rolls, stems, or lights."""
+    return Key(f"@ pad {n}", f"@ pad_button_color {n}")
 
 
 # The pads of a deck while the pads are decks: four columns, the left deck's and again the right deck's.
@@ -62,8 +65,8 @@ DECK = (
         *(_effect(slot) for slot in (1, 2, 3)),
         Key("@ dump while_pressed", "@ dump ? {on} : @ loaded ? {rest} : off"),
     ),
-    tuple(_slice(n) for n in (1, 2, 3, 4)),
-    tuple(_slice(n) for n in (5, 6, 7, 8)),
+    tuple(_page_pad(n) for n in (1, 2, 3, 4)),
+    tuple(_page_pad(n) for n in (5, 6, 7, 8)),
     (
         Key("@ cue_stop", "@ pioneer_cue ? {on} : @ loaded ? {rest} : off"),
         Key("@ play_pause", "@ play ? {run} : @ loaded ? {rest} : off"),
@@ -89,6 +92,15 @@ def _bank(n):
     return Key(f"sampler_bank {n}", "sampler_bank %d ? {samples} : {dim}" % n)
 
 
+PAGES = 8  # that VirtualDJ keeps ready for a deck
+
+
+def _next_page(side):
+    """From each page to the next; from the last, and from a page that is none of them, to the first."""
+    steps = [f"deck {side} pad_page {n} ? deck {side} pad_page {n + 1}" for n in range(1, PAGES)]
+    return Key(" : ".join([*steps, f"deck {side} pad_page 1"]), "{%srest}" % side)
+
+
 def _toggle(verb):
     return Key(verb, verb + " ? {decks} : {dim}")
 
@@ -108,7 +120,7 @@ RIGHT = (
     (_bank(2), DELETE_CUE),
     (_bank(3), Key(_both("loop_exit"), _anydeck("loop"))),
     (_bank(4), Key("browser_window 'folders,songs'", "browser_window 'folders' ? {decks} : {dim}")),
-    (_bank(5), Key(_both("effect_disable_all"), _anydeck("effects_used"))),
+    (_bank(5), Key(_both("effect_disable_all"), _anydeck("effects_used 'deck'"))),
     (_bank(6), Key("deck left pfl", "deck left pfl ? {lefton} : {leftrest}")),
     (_bank(7), Key("deck right pfl", "deck right pfl ? {righton} : {rightrest}")),
     (STOP_SAMPLES, STOP_SAMPLES),
@@ -124,10 +136,10 @@ def _always(press, led):
 
 _BROWSE = "deck left play ? deck right play ? {dim} : {decks} : {decks}"
 ACROSS = (
-    (Key("sampler_volume +5%", _STEP[0]), Key(_both("slicer 'length' -1"), _STEP[1])),
-    (Key("sampler_volume -5%", _STEP[0]), Key(_both("slicer 'length' +1"), _STEP[1])),
-    (Key("sampler_bank -1", _STEP[0]), Key(_both("slicer 'step' -1"), _STEP[1])),
-    (Key("sampler_bank +1", _STEP[0]), Key(_both("slicer 'step' +1"), _STEP[1])),
+    (Key("sampler_volume_master +5%", _STEP[0]), Key(_both("slicer 'length' -1"), _STEP[1])),
+    (Key("sampler_volume_master -5%", _STEP[0]), Key(_both("slicer 'length' +1"), _STEP[1])),
+    (Key("sampler_bank -1", _STEP[0]), _next_page("left")),
+    (Key("sampler_bank +1", _STEP[0]), _next_page("right")),
     _always("cycle '$padmode' 2 & set '$cuedelete' 0", by_mode("{samples}", "{decks}")),
     _always("browser_scroll -1", _BROWSE),
     _always("browser_scroll +1", _BROWSE),
@@ -230,6 +242,12 @@ FIXED = {
     ("LAUNCHPAD", "LED_1.1"): "var &apos;$padmode&apos; 0 ? get_sample_color 1 : var &apos;$padmode&apos; 1 "
     "? deck left hot_cue 1 ? get_constant 'red' : get_constant '#550000' : nothing",
 }
+# The classic Launchpad's first key across is settled, and its second is the counterpart: where the plan has the
+# loudness of all samples, they change the sample in focus and its group.
+OWN_SAMPLES = {
+    ("LAUNCHPAD", "X1"): "sampler_volume +5%",
+    ("LAUNCHPAD", "X2"): "sampler_volume -5%",
+}
 # Keys of the AKAI that the plan leaves free: a Switch finds a home there.
 FREE = {("APCMINI", "SOLO"), ("APCMINI", "DEVICE")}
 # The one LED in the AKAI's bands that has a row; the others show what their key's own script answers.
@@ -288,8 +306,9 @@ def _at(place, colours):
 
 
 def _akai_named():
-    # SHIFT stands in for the second key of the right band, which is free.
-    return {"SHIFT": DELETE_CUE.press, "SLIDER9": LAST_FADER}
+    # SHIFT stands in for the second key of the right band, which is free. It has no LED to show that it is armed, so
+    # it arms for as long as it is held.
+    return {"SHIFT": "down ? set '$cuedelete' 1 : set '$cuedelete' 0", "SLIDER9": LAST_FADER}
 
 
 def _mini_mk3_named():
@@ -359,7 +378,7 @@ def _fader(row, column):
 def _sample_fader(first):
     def pad(row, column):
         sample = first + column - 1
-        return f"sampler_volume {sample} {_STEPS[row - 1]}%", RGB.paint(_samples(sample).led)
+        return f"sampler_volume_nogroup {sample} {_STEPS[row - 1]}%", RGB.paint(_samples(sample).led)
 
     return pad
 
@@ -390,7 +409,7 @@ def _pro_rows(device):
     grid = [(row, column) for row in range(1, 9) for column in range(1, 9)]
     for row, column in grid:
         # How hard a pad is hit sets how loud its sample is.
-        loudness = f"sampler_volume {_sample_number(row, column)}"
+        loudness = f"sampler_velocity {_sample_number(row, column)}"
         yield Row(f"PAD_VEL_{row}_{column}", by_mode(loudness, "nothing"))
     for page, pad in PRO_PAGES:
         for row, column in grid:
@@ -419,6 +438,9 @@ def rows_of(device):
             press, led = named[control.name], ""
         else:
             press, led = _at(control.place, colours)
+        if (device.identifier, control.name) in OWN_SAMPLES:
+            samples, decks = ACROSS[control.place[1] - 1]
+            press = by_mode(OWN_SAMPLES[device.identifier, control.name], decks.press)
         if control.led == AKAI_LED:
             led = "sampler_used ? on : off"
         rows[control.name] = Row(control.name, press)

@@ -18,12 +18,13 @@ const QStringList Devices = {"AKAI APC Mini",           "Novation Launchpad",
 /** The verbs that the mappers may use, as they stand in VirtualDJ's own list. */
 const QStringList Verbs =
     QString("blink browser_scroll browser_window color constant cue_color cue_stop cycle delete_cue "
-            "dump effect_active effect_disable_all effect_slider effects_used eq_low filter "
+            "down dump effect_active effect_disable_all effect_slider effects_used eq_low filter "
             "get_constant get_sample_color goto has_cue hot_cue is_sync level load loaded loop "
-            "loop_double loop_exit loop_half master_volume nothing off on os2l_cmd param_bigger pfl "
-            "pioneer_cue play play_pause quantize_all sampler_bank sampler_loaded sampler_play_stop "
-            "sampler_play_stutter sampler_stop sampler_used sampler_volume set shift slicer song_pos "
-            "sync toggle var")
+            "loop_double loop_exit loop_half master_volume nothing off on os2l_cmd pad pad_button_color "
+            "pad_page param_bigger pfl pioneer_cue play play_pause quantize_all sampler_bank "
+            "sampler_loaded sampler_play_stop sampler_play_stutter sampler_stop sampler_used "
+            "sampler_velocity sampler_volume sampler_volume_master sampler_volume_nogroup set shift "
+            "slicer song_pos sync toggle var")
         .split(' ');
 
 struct Row
@@ -128,6 +129,12 @@ bool isLevel(const QString &value)
 bool isGiven(const QString &device, const QString &value)
 {
     return device == "Novation Launchpad" && value == "LED_1.1";
+}
+
+/** One row is given to the letter, and its counterpart with it: they depart from the plan. */
+bool departs(const QString &device, const QString &value)
+{
+    return device == "Novation Launchpad" && (value == "X1" || value == "X2");
 }
 
 /** Names that a layout has and its factory mapper leaves out. */
@@ -519,9 +526,11 @@ void TestFactoryMappers::ledsEndInAColour()
         const QStringList parts = partsOf(row.action, &marks);
         const QString verb = verbsOf(parts.last()).first();
         const QByteArray label = labelled(device, row.value, row.action).toUtf8();
-        QVERIFY2(verb == "color" || verb == "off", label);
+        // VirtualDJ has a colour ready for a pad of the deck's page; its state is in that.
+        const bool isReady = verb == "pad_button_color";
+        QVERIFY2(isReady || verb == "color" || verb == "off", label);
         // It asks first: the LED shows a state.
-        QVERIFY2(marks.startsWith('?'), label);
+        QVERIFY2(isReady || marks.startsWith('?'), label);
         // A query answers with its first statement, so a chain would be lost on a LED.
         QVERIFY2(!marks.contains('&'), label);
     }
@@ -611,11 +620,13 @@ void TestFactoryMappers::devicesShareOnePlan()
         for (const Control &control : controlsOf(device)) {
             if (control.place.isEmpty() || !actions.contains(control.name))
                 continue;
+            places += control.place;
+            if (departs(device, control.name))
+                continue;
             const QString action = actions.value(control.name);
             if (!plan.contains(control.place))
                 plan.insert(control.place, action);
             QVERIFY2(plan.value(control.place) == action, qPrintable(labelled(device, control.name, action)));
-            places += control.place;
         }
         for (const QString &place : qAsConst(places))
             ++devices[place];
