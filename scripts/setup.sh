@@ -18,13 +18,21 @@ tour_needs=(
 )
 locale_needs=('locales|the sources of locales|localedef --version')
 plan_needs=('python3|Python 3.9 or later|python3 --version')
-format_needs=('clang-format|clang-format, at best version 14|clang-format --version')
 coverage_needs=('gcovr|gcovr|gcovr --version')
-lint_needs=('clang-tidy|clang-tidy, at best version 14|clang-tidy --version')
 fuzz_needs=(
     'python3|Python 3.9 or later|python3 --version'
     'clang|Clang 14 or later|clang++ --version'
     'libclang-rt-dev|libFuzzer, of Clang|ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*'
+)
+
+# Tools that judge otherwise from version to version: command | the version that decides | what it judges
+judges=(
+    'clang-format|14|the format of the code'
+    'clang-tidy|14|what a linter has against the code'
+    'appstreamcli|0.16|what software centres read'
+    'groff|1.22|the manual page'
+    'rsvg-convert|2.54|whether the icons look like their drawings'
+    'lintian|2.116|the policy of Debian'
 )
 
 say() { printf '%s\n' "$*"; }
@@ -50,6 +58,14 @@ is_installed() {
     [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
 }
 
+as_root() {
+    if ((EUID == 0)); then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
 # install_missing NEED...: installs the needs that the machine lacks, or names them and stops.
 install_missing() {
     local need package words test packages=() wishes=()
@@ -69,16 +85,57 @@ install_missing() {
         return
     fi
 
-    local as_root=()
-    if ((EUID != 0)); then
-        command -v sudo >/dev/null || stop "Please install these packages first: ${packages[*]}"
-        as_root=(sudo)
-    fi
+    ((EUID == 0)) || command -v sudo >/dev/null || stop "Please install these packages first: ${packages[*]}"
     say "Installing: ${packages[*]}"
-    quietly "${as_root[@]}" apt-get update
-    quietly "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y --no-install-recommends "${packages[@]}"
+    quietly as_root apt-get update
+    quietly as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${packages[@]}"
 }
+
+# judge TOOL: prints the command that runs the tool in the version that decides; fails where that is not installed.
+judge() {
+    local entry tool version command pattern
+    for entry in "${judges[@]}"; do
+        IFS='|' read -r tool version _ <<<"$entry"
+        [[ $tool == "$1" ]] || continue
+        pattern="(version:?|Lintian) v?${version/./[.]}[.]"
+        for command in "$tool-$version" "$tool"; do
+            if [[ $(LC_ALL=C "$command" --version 2>&1) =~ $pattern ]]; then
+                echo "$command"
+                return
+            fi
+        done
+    done
+    return 1
+}
+
+# pass_over TOOL: says what is not looked at here for want of the version that decides.
+pass_over() {
+    local entry tool version what
+    for entry in "${judges[@]}"; do
+        IFS='|' read -r tool version what <<<"$entry"
+        if [[ $tool == "$1" ]]; then
+            say "Passed over: $what; $tool $version decides, and this system does not have it."
+        fi
+    done
+}
+
+# install_judge TOOL: installs the version that decides, where the system's packages have it under its number.
+install_judge() {
+    local package
+    package=$(printf '%s\n' "${judges[@]}" | awk -F '|' -v tool="$1" '$1 == tool { print $1 "-" $2 }')
+    if judge "$1" >/dev/null || ! command -v apt-cache >/dev/null; then
+        return
+    fi
+    if [[ -z $(apt-cache madison apt) ]]; then # this system has no lists of packages yet
+        quietly as_root apt-get update
+    fi
+    if [[ -n $(apt-cache madison "$package") ]]; then
+        install_missing "$package|$package|false"
+    fi
+}
+
+# cores: how many this process may use.
+cores() { nproc 2>/dev/null || getconf _NPROCESSORS_ONLN; }
 
 # build PRESET [TARGET...]: configures and builds; on a terminal Ninja's line of progress is seen.
 build() {
@@ -96,4 +153,11 @@ build() {
     else
         quietly "${command[@]}"
     fi
+}
+
+# run_tests PRESET [OPTION...]: as many beside each other as the machine has cores; the options are CTest's.
+run_tests() {
+    local preset=$1
+    shift
+    ctest --preset "$preset" --parallel "$(cores)" "$@"
 }

@@ -18,7 +18,6 @@ linux_validate_needs=(
 )
 linux_check_needs=(
     'lintian|lintian|lintian --version'
-    'debootstrap|debootstrap|command -v debootstrap'
     'xvfb|Xvfb, the virtual X server|command -v Xvfb'
     'xdotool|xdotool|command -v xdotool'
     'imagemagick|ImageMagick with its X11 tools|command -v import'

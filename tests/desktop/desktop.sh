@@ -2,7 +2,7 @@
 # A desktop of its own, whatever the caller's desktop is: a virtual X server with a window manager.
 # Sourced, never run. Who sources it has a function "fail COMPLAINT", and calls end_desktop on leaving.
 
-patience=20 # seconds that a step may take
+patience=120 # seconds that a step may take, on a machine that does much else
 
 scratch=$(mktemp -d)
 home="$scratch/home"
@@ -13,7 +13,7 @@ program_id=
 # launch COMMAND... &: starts it on the desktop.
 launch() {
     local passed=() name
-    for name in LD_LIBRARY_PATH QT_PLUGIN_PATH QT_LOGGING_RULES ASAN_OPTIONS LSAN_OPTIONS UBSAN_OPTIONS; do
+    for name in LD_LIBRARY_PATH QT_PLUGIN_PATH QT_LOGGING_RULES QTEST_FUNCTION_TIMEOUT ASAN_OPTIONS LSAN_OPTIONS UBSAN_OPTIONS; do
         if [[ -n ${!name:-} ]]; then
             passed+=("$name=${!name}")
         fi

@@ -18,7 +18,6 @@
 
 namespace {
 
-constexpr int Patience = 20000; // milliseconds that a step may take
 const QPoint Nowhere(-1, -1);
 constexpr int Pause = 50; // before a gesture that was not seen is made again
 

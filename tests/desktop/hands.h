@@ -14,6 +14,9 @@ class QComboBox;
 class QTableView;
 class QWidget;
 
+/** Milliseconds that a step may take, on a machine that does much else. */
+constexpr int Patience = 120000;
+
 /** A point on the screen, or nothing while it is not there to be pointed at. */
 using Place = std::function<std::optional<QPoint>()>;
 

@@ -445,7 +445,7 @@ void TestKeyboard::fields()
         desk.hands.type(typed);
     desk.hands.key(end);
     QVERIFY(desk.hands.play());
-    QTRY_COMPARE(edit->text(), kept);
+    QTRY_COMPARE_WITH_TIMEOUT(edit->text(), kept, Patience);
     QCOMPARE(edit->hasFocus(), end == "Return");
     QCOMPARE(desk.space.bankNames().first(), field == "bankname" ? kept : QString("BANK 1"));
     m_desk.reset(); // no command gives the bank its name back
@@ -458,18 +458,18 @@ void TestKeyboard::radiosByArrows()
     desk.hands.click(desk.on("radio_outputpage"));
     desk.hands.key("Right");
     QVERIFY(desk.hands.play());
-    QTRY_VERIFY(desk.grid()->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(desk.grid()->isVisible(), Patience);
     QCOMPARE(desk.space.window().width(), 1366);
 
     desk.hands.key("Left");
     QVERIFY(desk.hands.play());
-    QTRY_VERIFY(!desk.grid()->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!desk.grid()->isVisible(), Patience);
     QCOMPARE(desk.space.window().width(), 650);
 
     desk.hands.click(desk.on("radioButton_8pads"));
     desk.hands.key("Right");
     QVERIFY(desk.hands.play());
-    QTRY_VERIFY(!desk.pads()->isColumnHidden(1));
+    QTRY_VERIFY_WITH_TIMEOUT(!desk.pads()->isColumnHidden(1), Patience);
 }
 
 void TestKeyboard::buttonsBySpace()
@@ -508,14 +508,14 @@ void TestKeyboard::tabGoesOnAndBack()
 
     desk.hands.key("Tab");
     QVERIFY(desk.hands.play());
-    QTRY_VERIFY(Workspace::focused() != name);
+    QTRY_VERIFY_WITH_TIMEOUT(Workspace::focused() != name, Patience);
     const QWidget *next = QApplication::focusWidget();
     QVERIFY(next && next->isVisible() && next->isEnabled());
     if (qobject_cast<const QTableView *>(next)) // keeps Tab for its cells
         return;
     desk.hands.key("shift+Tab");
     QVERIFY(desk.hands.play());
-    QTRY_COMPARE(Workspace::focused(), name);
+    QTRY_COMPARE_WITH_TIMEOUT(Workspace::focused(), name, Patience);
 }
 
 QTEST_MAIN(TestKeyboard)

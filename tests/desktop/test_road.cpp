@@ -135,7 +135,8 @@ void TestRoad::padsAreSwappedAndRenamed()
     m_desk.hands.type("big finale");
     m_desk.hands.key("Return");
     QVERIFY(m_desk.hands.play());
-    QTRY_COMPARE(Desk::filled(m_desk.pads()), QString("0,0=Crowd 1,0=Home 2,0=Ceiling 3,0=big finale"));
+    QTRY_COMPARE_WITH_TIMEOUT(Desk::filled(m_desk.pads()),
+                              QString("0,0=Crowd 1,0=Home 2,0=Ceiling 3,0=big finale"), Patience);
     QCOMPARE(m_desk.foreignCell(m_desk.pads()), QString());
 }
 
