@@ -150,6 +150,7 @@ private:
     bool isCurrentTableEmpty();
     bool holdsWork();
     bool mayReplaceWork(const QString &question);
+    void changeWidth(int width);
     void showPadsPanels();
     void switchToPadsPage();
     void switchToMidiMapping(int windowWidth);

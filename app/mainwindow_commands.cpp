@@ -2,6 +2,7 @@
 
 #include "app/dialog.h"
 #include "app/messagebox.h"
+#include "app/scaling.h"
 #include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
 
@@ -10,6 +11,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QScreen>
 #include <QUrl>
 
 namespace {
@@ -51,6 +53,16 @@ bool MainWindow::mayReplaceWork(const QString &question)
     return answer != QMessageBox::Cancel;
 }
 
+void MainWindow::changeWidth(int width)
+{
+    setFixedWidth(width);
+    if (!isVisible())
+        return; // the desktop places it yet
+    const QPoint place = Scaling::placeOn(screen()->availableGeometry(), frameGeometry());
+    if (place != pos())
+        move(place);
+}
+
 void MainWindow::showPadsPanels()
 {
     setShown(*ui->groupBox_pads, true);
@@ -58,7 +70,7 @@ void MainWindow::showPadsPanels()
     ui->groupBox_controller->hide();
     ui->groupBox->setGeometry(290, 30, 341, 51);
     letTabReach(*ui->vdjlistview, true);
-    setFixedWidth(650);
+    changeWidth(650);
 }
 
 void MainWindow::switchToPadsPage()
@@ -74,7 +86,7 @@ void MainWindow::switchToMidiMapping(int windowWidth)
     ui->groupBox_controller->show();
     ui->groupBox->setGeometry(290, 30, 1071, 51);
     letTabReach(*ui->vdjlistview, false); // the grid lies over it
-    setFixedWidth(windowWidth);
+    changeWidth(windowWidth);
     ui->label_padname->setText("MIDI Mapping");
 }
 
