@@ -177,6 +177,7 @@ private:
                   const std::function<void(QTextStream &)> &write);
     void applySettings(const ProjectSettings &settings);
     void showPads(bool has16Pads);
+    QString projectsFolder() const;
 
     void buildGrid();
     void setAvailability();

@@ -134,7 +134,7 @@ void MainWindow::on_actionSave_2_triggered()
         return;
     }
 
-    const QString path = QFileDialog::getSaveFileName(this, "Save your Zarvex Project", projectpath,
+    const QString path = QFileDialog::getSaveFileName(this, "Save your Zarvex Project", projectsFolder(),
                                                       "Zarvex Projects (*.zarvex)", nullptr,
                                                       QFileDialog::DontConfirmOverwrite);
     if (path.isEmpty())

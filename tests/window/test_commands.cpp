@@ -157,6 +157,8 @@ private slots:
     void saveCancelled();
     void saveToNewFile_data();
     void saveToNewFile();
+    void startsAtHome_data();
+    void startsAtHome();
     void saveOverFile_data();
     void saveOverFile();
 
@@ -543,6 +545,31 @@ void TestCommands::saveToNewFile()
     QCOMPARE(space.snapshot(), before);
     QCOMPARE(filesBelow(space.documents()), QStringList{path});
     QVERIFY(bytesOf(path).contains(holding.isMidi ? " type=\"midi\" " : " type=\"pads\" "));
+}
+
+void TestCommands::startsAtHome_data()
+{
+    QTest::addColumn<QByteArray>("action");
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("save") << QByteArray("actionSave_2") << "Save your Zarvex Project";
+    QTest::newRow("load") << QByteArray("actionLoad_Project") << "Select a Zarvex Project";
+}
+
+/** Where there are no documents. */
+void TestCommands::startsAtHome()
+{
+    QFETCH(const QByteArray, action);
+    QFETCH(const QString, caption);
+    Workspace space;
+    QVERIFY(QDir(space.documents()).removeRecursively());
+    QVERIFY(prepare(space, {true, true, false, false}));
+    if (action == "actionLoad_Project") {
+        space.dialogs.expect(Boxes::projectOverWork(QMessageBox::Yes));
+        space.dialogs.tolerate("Failed to load the Project's Show.");
+    }
+    space.dialogs.expect(ExpectedDialogs::File{caption, space.home(), {}});
+    space.trigger(action);
+    QCOMPARE(space.dialogs.faults(), QString());
 }
 
 void TestCommands::saveOverFile_data()
