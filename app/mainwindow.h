@@ -138,6 +138,8 @@ private:
     void setUpPadsView();
     void setUpGridView();
     void setUpLiveButtonsView();
+    void setUpCombos();
+    void polishLists();
     void uncoverColorsLabel();
     void connectSignals();
     void nameAfresh();
