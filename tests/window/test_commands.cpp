@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScreen>
 
 #include <optional>
 
@@ -131,6 +132,7 @@ private slots:
     void modeSlot_data();
     void modeSlot();
     void modeByClicks();
+    void wideWindowMovesLeft();
     void firstClickRenamesLabel_data();
     void firstClickRenamesLabel();
     void modeKeepsOtherPanels();
@@ -252,6 +254,18 @@ void TestCommands::modeByClicks()
         QCOMPARE(label->text(), QString("Pads Page"));
     }
     QCOMPARE(space.dialogs.faults(), QString());
+}
+
+void TestCommands::wideWindowMovesLeft()
+{
+    Workspace space;
+    const QRect room = space.window().screen()->availableGeometry();
+    QVERIFY(room.width() < 1366); // so that it goes as far as the left end, and no further
+    space.window().move(room.left() + 90, 40);
+    QVERIFY(space.click("radio_outputmidi"));
+    QCOMPARE(space.window().pos(), QPoint(room.left(), 40));
+    QVERIFY(space.click("radio_outputpage"));
+    QCOMPARE(space.window().pos(), QPoint(room.left(), 40));
 }
 
 void TestCommands::firstClickRenamesLabel_data()
