@@ -1,5 +1,6 @@
 #include "app/mainwindow.h"
 
+#include "app/combostyle.h"
 #include "app/stylesheets.h"
 #include "app/ui_mainwindow.h"
 #include "tables/controller.h"
@@ -29,7 +30,9 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     ui->statusBar->hide();
     ui->radio_outputpage->setChecked(true);
     showPadsPanels();
+    setUpCombos();
     setstyles();
+    polishLists();
     uncoverColorsLabel();
     connectSignals();
     nameAfresh();
@@ -103,6 +106,20 @@ void MainWindow::setUpLiveButtonsView()
     ui->dmxlistview->setDefaultDropAction(Qt::CopyAction);
     ui->dmxlistview->horizontalHeader()->setStretchLastSection(true);
     ui->dmxlistview->setSelectionMode(QAbstractItemView::SingleSelection);
+}
+
+void MainWindow::setUpCombos()
+{
+    auto *style = new ComboStyle;
+    style->setParent(this);
+    for (QComboBox *combo : findChildren<QComboBox *>())
+        style->applyTo(*combo);
+}
+
+void MainWindow::polishLists()
+{
+    for (QComboBox *combo : findChildren<QComboBox *>())
+        ComboStyle::polishList(*combo);
 }
 
 /** The frame of the default colours lies over the end of the label beside it, where it is empty itself. */

@@ -138,6 +138,8 @@ private:
     void setUpPadsView();
     void setUpGridView();
     void setUpLiveButtonsView();
+    void setUpCombos();
+    void polishLists();
     void uncoverColorsLabel();
     void connectSignals();
     void nameAfresh();
@@ -150,6 +152,7 @@ private:
     bool isCurrentTableEmpty();
     bool holdsWork();
     bool mayReplaceWork(const QString &question);
+    void changeWidth(int width);
     void showPadsPanels();
     void switchToPadsPage();
     void switchToMidiMapping(int windowWidth);
@@ -178,6 +181,7 @@ private:
     void loadLastShow(const QList<ProjectSettings> &projects);
     void pickDevice(const ProjectSettings &project);
     void showPads(bool has16Pads);
+    QString projectsFolder() const;
 
     void buildGrid();
     void setAvailability();

@@ -2,6 +2,7 @@
 
 #include "app/dialog.h"
 #include "app/messagebox.h"
+#include "app/scaling.h"
 #include "app/ui_mainwindow.h"
 #include "app/viewhelpers.h"
 #include "files/path.h"
@@ -12,6 +13,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QScreen>
 #include <QUrl>
 
 namespace {
@@ -53,6 +55,17 @@ bool MainWindow::mayReplaceWork(const QString &question)
     return answer != QMessageBox::Cancel;
 }
 
+void MainWindow::changeWidth(int width)
+{
+    setFixedWidth(width);
+    if (!isVisible())
+        return; // the desktop places it yet
+    const QRect room = screen()->availableGeometry().adjusted(0, 0, -1, 0); // scaling rounds both
+    const QPoint place = Scaling::placeOn(room, frameGeometry());
+    if (place != pos())
+        move(place);
+}
+
 void MainWindow::showPadsPanels()
 {
     setShown(*ui->groupBox_pads, true);
@@ -60,7 +73,7 @@ void MainWindow::showPadsPanels()
     ui->groupBox_controller->hide();
     ui->groupBox->setGeometry(290, 30, 341, 51);
     letTabReach(*ui->vdjlistview, true);
-    setFixedWidth(650);
+    changeWidth(650);
 }
 
 void MainWindow::switchToPadsPage()
@@ -76,7 +89,7 @@ void MainWindow::switchToMidiMapping(int windowWidth)
     ui->groupBox_controller->show();
     ui->groupBox->setGeometry(290, 30, 1071, 51);
     letTabReach(*ui->vdjlistview, false); // the grid lies over it
-    setFixedWidth(windowWidth);
+    changeWidth(windowWidth);
     ui->label_padname->setText("MIDI Mapping");
 }
 
@@ -124,7 +137,7 @@ void MainWindow::on_actionSave_2_triggered()
         return;
     }
 
-    const QString path = QFileDialog::getSaveFileName(this, "Save your Zarvex Project", projectpath,
+    const QString path = QFileDialog::getSaveFileName(this, "Save your Zarvex Project", projectsFolder(),
                                                       "Zarvex Projects (*.zarvex)", nullptr,
                                                       QFileDialog::DontConfirmOverwrite);
     if (path.isEmpty())

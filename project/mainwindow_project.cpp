@@ -8,6 +8,7 @@
 #include "tables/controller.h"
 #include "tables/vdjmodel.h"
 
+#include <QDir>
 #include <QDomDocument>
 #include <QFileDialog>
 #include <QSet>
@@ -52,9 +53,15 @@ void MainWindow::savepadsproject(const QString &proj)
          proj, msgstyle);
 }
 
+/** Where dialogs for projects start; one that is missing would be taken for a file's name. */
+QString MainWindow::projectsFolder() const
+{
+    return QDir(projectpath).exists() ? projectpath : homepath;
+}
+
 bool MainWindow::loadproject()
 {
-    const QString path = QFileDialog::getOpenFileName(this, "Select a Zarvex Project", projectpath,
+    const QString path = QFileDialog::getOpenFileName(this, "Select a Zarvex Project", projectsFolder(),
                                                       "Zarvex Projects (*.zarvex)");
     const auto project = readProject(path); // none where the user chose none
     if (!project)

@@ -8,6 +8,8 @@ build_needs=(
     'cmake|CMake 3.22 or later|cmake --version'
     'ninja-build|Ninja|ninja --version'
     'qtbase5-dev|Qt 5.15 with its development files|pkg-config --exists Qt5Widgets Qt5Xml Qt5Test'
+    'libxcb1-dev|the development files of XCB, on Linux|[[ $(uname) != Linux ]] || pkg-config --exists xcb'
+    'libxcb-randr0-dev|the development files of XCB for RandR, on Linux|[[ $(uname) != Linux ]] || pkg-config --exists xcb-randr'
     'fonts-liberation|the Liberation fonts, or Arial|fc-list : family | grep -e Liberation -e Arial'
 )
 tour_needs=(
@@ -15,6 +17,7 @@ tour_needs=(
     'openbox|Openbox, the window manager|command -v openbox'
     'xdotool|xdotool|command -v xdotool'
     'imagemagick|ImageMagick with its X11 tools|command -v import'
+    'x11-xserver-utils|xrdb|command -v xrdb'
 )
 locale_needs=('locales|the sources of locales|localedef --version')
 plan_needs=('python3|Python 3.9 or later|python3 --version')

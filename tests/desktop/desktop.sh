@@ -36,11 +36,12 @@ soon() {
     done
 }
 
-# start_desktop LOGS: the words of server and window manager go to that folder.
+# start_desktop LOGS [SIZE DPI]: the words of server and window manager go to that folder.
 start_desktop() {
     mkdir -p "$home"
-    mkdir -m 700 "$scratch/run"
-    launch Xvfb -displayfd 3 -screen 0 1600x900x24 -dpi 96 -noreset 3>"$scratch/display" >"$1/server.log" 2>&1 &
+    mkdir -m 700 -p "$scratch/run"
+    : >"$scratch/display"
+    launch Xvfb -displayfd 3 -screen 0 "${2:-1600x900}x24" -dpi "${3:-96}" -noreset 3>"$scratch/display" >"$1/server.log" 2>&1 &
     server_id=$!
     soon "Xvfb did not start." test -s "$scratch/display"
     DISPLAY=:$(cat "$scratch/display")
@@ -50,11 +51,19 @@ start_desktop() {
     soon "Openbox did not start." eval 'xdotool get_desktop >/dev/null 2>&1'
 }
 
-end_desktop() {
+# end_programs: with server and window manager; another desktop can be started.
+end_programs() {
     local id
     for id in $program_id $manager_id $server_id; do
         kill "$id" 2>/dev/null || true
         wait "$id" 2>/dev/null || true
     done
+    program_id=
+    manager_id=
+    server_id=
+}
+
+end_desktop() {
+    end_programs
     rm -rf -- "$scratch"
 }

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScreen>
 
 #include <optional>
 
@@ -131,6 +132,7 @@ private slots:
     void modeSlot_data();
     void modeSlot();
     void modeByClicks();
+    void wideWindowMovesLeft();
     void firstClickRenamesLabel_data();
     void firstClickRenamesLabel();
     void modeKeepsOtherPanels();
@@ -157,6 +159,8 @@ private slots:
     void saveCancelled();
     void saveToNewFile_data();
     void saveToNewFile();
+    void startsAtHome_data();
+    void startsAtHome();
     void saveOverFile_data();
     void saveOverFile();
 
@@ -250,6 +254,18 @@ void TestCommands::modeByClicks()
         QCOMPARE(label->text(), QString("Pads Page"));
     }
     QCOMPARE(space.dialogs.faults(), QString());
+}
+
+void TestCommands::wideWindowMovesLeft()
+{
+    Workspace space;
+    const QRect room = space.window().screen()->availableGeometry();
+    QVERIFY(room.width() < 1366); // so that it goes as far as the left end, and no further
+    space.window().move(room.left() + 90, 40);
+    QVERIFY(space.click("radio_outputmidi"));
+    QCOMPARE(space.window().pos(), QPoint(room.left(), 40));
+    QVERIFY(space.click("radio_outputpage"));
+    QCOMPARE(space.window().pos(), QPoint(room.left(), 40));
 }
 
 void TestCommands::firstClickRenamesLabel_data()
@@ -543,6 +559,31 @@ void TestCommands::saveToNewFile()
     QCOMPARE(space.snapshot(), before);
     QCOMPARE(filesBelow(space.documents()), QStringList{path});
     QVERIFY(bytesOf(path).contains(holding.isMidi ? " type=\"midi\" " : " type=\"pads\" "));
+}
+
+void TestCommands::startsAtHome_data()
+{
+    QTest::addColumn<QByteArray>("action");
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("save") << QByteArray("actionSave_2") << "Save your Zarvex Project";
+    QTest::newRow("load") << QByteArray("actionLoad_Project") << "Select a Zarvex Project";
+}
+
+/** Where there are no documents. */
+void TestCommands::startsAtHome()
+{
+    QFETCH(const QByteArray, action);
+    QFETCH(const QString, caption);
+    Workspace space;
+    QVERIFY(QDir(space.documents()).removeRecursively());
+    QVERIFY(prepare(space, {true, true, false, false}));
+    if (action == "actionLoad_Project") {
+        space.dialogs.expect(Boxes::projectOverWork(QMessageBox::Yes));
+        space.dialogs.tolerate("Failed to load the Project's Show.");
+    }
+    space.dialogs.expect(ExpectedDialogs::File{caption, space.home(), {}});
+    space.trigger(action);
+    QCOMPARE(space.dialogs.faults(), QString());
 }
 
 void TestCommands::saveOverFile_data()

@@ -4,6 +4,8 @@
 #include <QHelpEvent>
 #include <QImage>
 #include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 
 namespace {
@@ -168,6 +170,28 @@ QWidget *toolTipLabel()
     return nullptr;
 }
 
+/** Captions in sight that are wider than their place, with the pixels that they lack. */
+QStringList cutTexts(Workspace &space)
+{
+    QStringList cut;
+    const auto measure = [&cut](const QWidget *widget, const QString &text, int needed, int room) {
+        if (widget->isVisible() && needed > room)
+            cut += QString("%1 \"%2\" lacks %3").arg(widget->objectName(), text).arg(needed - room);
+    };
+    const auto widthOf = [](const QWidget *widget, const QString &text) {
+        return widget->fontMetrics().horizontalAdvance(text);
+    };
+    for (const QLabel *label : space.window().findChildren<QLabel *>())
+        measure(label, label->text(), widthOf(label, label->text()), label->width());
+    for (const QRadioButton *radio : space.window().findChildren<QRadioButton *>())
+        measure(radio, radio->text(), radio->sizeHint().width(), radio->width());
+    for (const QPushButton *button : space.window().findChildren<QPushButton *>())
+        measure(button, button->text(), widthOf(button, button->text()), button->width() - 4);
+    const QString key = "BOTTOM 8"; // the longest of the grid, behind a swatch
+    measure(space.gridView(), key, widthOf(space.gridView(), key), 95 - 30);
+    return cut;
+}
+
 } // namespace
 
 /** The dark theme: which sheet lies on which widget, to the letter, and that it is seen. */
@@ -193,6 +217,8 @@ private slots:
 
     void fontIsArial_data();
     void fontIsArial();
+    void textFits_data();
+    void textFits();
     void pixel_data();
     void pixel();
     void padsPanelLiesOnTop();
@@ -392,6 +418,36 @@ void TestStyles::fontIsArial()
     QVERIFY2(check(), "after a device without a palette");
     QVERIFY(space.call("setstyles"));
     QVERIFY2(check(), "styled again");
+}
+
+void TestStyles::textFits_data()
+{
+    QTest::addColumn<int>("desktopPoints");
+    QTest::newRow("9 points") << 9;
+    QTest::newRow("11 points") << 11;
+}
+
+/** Under CTest also at other scales, which round letters otherwise. */
+void TestStyles::textFits()
+{
+    QFETCH(const int, desktopPoints);
+    const QFont before = QApplication::font();
+    QFont desktop = before;
+    desktop.setPointSize(desktopPoints);
+    QApplication::setFont(desktop);
+    Workspace space;
+    QApplication::setFont(before);
+    QVERIFY(space.window().isVisible());
+
+    QStringList cut = cutTexts(space);
+    QVERIFY(space.click("radio_outputmidi"));
+    cut += cutTexts(space);
+    space.find<QComboBox>("devicescombo")->setCurrentIndex(3); // one without a palette
+    cut += cutTexts(space);
+    QVERIFY(space.click("radio_outputpage"));
+    cut += cutTexts(space);
+    cut.removeDuplicates();
+    QCOMPARE(cut.join("; "), QString());
 }
 
 void TestStyles::pixel_data()

@@ -1,0 +1,6 @@
+#include "app/scaling.h"
+
+Scaling::Desktop Scaling::readDesktop()
+{
+    return {};
+}
