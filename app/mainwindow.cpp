@@ -3,7 +3,6 @@
 #include "app/stylesheets.h"
 #include "app/ui_mainwindow.h"
 #include "tables/controller.h"
-#include "tables/disabledcells.h"
 #include "tables/mydelegate.h"
 #include "tables/mymodel.h"
 #include "tables/padbanks.h"
@@ -90,7 +89,6 @@ void MainWindow::setUpGridView()
     ui->tablecontroller->verticalHeader()->setMinimumSectionSize(5);
     ui->tablecontroller->horizontalHeader()->setMinimumSectionSize(5); // else styles widen the gaps
     ui->tablecontroller->setItemDelegate(delegate);
-    new DisabledCells(ui->tablecontroller);
     ui->tablecontroller->setMouseTracking(true);
 }
 

@@ -153,6 +153,8 @@ private:
     void showPadsPanels();
     void switchToPadsPage();
     void switchToMidiMapping(int windowWidth);
+    void finishEditing();
+    void showChanges();
 
     void untick(int row);
     void untickAll();
@@ -161,6 +163,7 @@ private:
     void clearKey(const QModelIndex &key);
     void emptyTables();
     void focusAnew(QTableView &table);
+    void goToFirstLiveButton();
     void focusOnFirstLiveButton();
     void addLiveButtonEntries(QMenu &menu);
     void addColorEntries(QMenu &menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());

@@ -51,6 +51,23 @@ bool MainWindow::mayReplaceWork(const QString &question)
     return answer != QMessageBox::Cancel;
 }
 
+/** Takes over what is being edited. Not every command takes the focus, and with it the text, from a field or an editor. */
+void MainWindow::finishEditing()
+{
+    commitEditor(*ui->vdjlistview);
+    if (ui->bankname->isModified())
+        on_bankname_editingFinished();
+    if (ui->padsname->isModified())
+        on_padsname_editingFinished();
+}
+
+/** The models tell no view of a change. */
+void MainWindow::showChanges()
+{
+    for (const QTableView *table : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller})
+        table->viewport()->update();
+}
+
 void MainWindow::showPadsPanels()
 {
     setShown(*ui->groupBox_pads, true);
@@ -74,12 +91,15 @@ void MainWindow::switchToMidiMapping(int windowWidth)
     ui->groupBox_controller->show();
     ui->groupBox->setGeometry(290, 30, 1071, 51);
     letTabReach(*ui->vdjlistview, false); // the grid lies over it
+    if (focusWidget() == ui->vdjlistview)
+        ui->tablecontroller->setFocus(Qt::OtherFocusReason);
     setFixedWidth(windowWidth);
     ui->label_padname->setText("MIDI Mapping");
 }
 
 void MainWindow::on_radio_outputpage_clicked()
 {
+    finishEditing();
     resetdmxlist();
     if (ui->radio_outputpage->isChecked())
         switchToPadsPage();
@@ -89,6 +109,7 @@ void MainWindow::on_radio_outputpage_clicked()
 
 void MainWindow::on_radio_outputmidi_clicked()
 {
+    finishEditing();
     resetdmxlist();
     if (ui->radio_outputmidi->isChecked())
         switchToMidiMapping(1366);
@@ -98,6 +119,7 @@ void MainWindow::on_radio_outputmidi_clicked()
 
 void MainWindow::on_actionNew_2_triggered()
 {
+    finishEditing();
     cleanMIDI();
     cleanVDJ();
     initpadlist();
@@ -107,12 +129,14 @@ void MainWindow::on_actionNew_2_triggered()
 
 void MainWindow::on_actionLoad_Project_triggered()
 {
+    finishEditing();
     if (mayReplaceWork("Are you sure you want to load a Project before saving current ?") && !loadproject())
         MessageBox::notice(msgstyle, "Failed to load the Project's Show.");
 }
 
 void MainWindow::on_actionSave_2_triggered()
 {
+    finishEditing();
     if (!isShowLoaded()) {
         MessageBox::notice(msgstyle, "Nothing to Save. Load a Show");
         return;
@@ -147,6 +171,7 @@ void MainWindow::on_actionAbout_triggered()
 
 void MainWindow::on_actionExport_triggered()
 {
+    finishEditing();
     if (!isShowLoaded())
         MessageBox::notice(msgstyle, "Nothing to Export. Load a Show");
     else if (isCurrentTableEmpty())

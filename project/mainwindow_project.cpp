@@ -2,6 +2,7 @@
 
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
+#include "app/viewhelpers.h"
 #include "project/projectfile.h"
 #include "tables/controller.h"
 #include "tables/vdjmodel.h"
@@ -72,6 +73,7 @@ bool MainWindow::loadproject()
         layOnPads(*project, *vdjmodel, tick);
         showPads(last.has16Pads);
     }
+    showChanges();
     return true;
 }
 
@@ -103,4 +105,5 @@ void MainWindow::showPads(bool has16Pads)
     QRadioButton *layout = has16Pads ? ui->radioButton_16pads : ui->radioButton_8pads;
     layout->setChecked(true);
     ui->vdjlistview->setColumnHidden(1, !has16Pads);
+    leaveHiddenCells(*ui->vdjlistview);
 }
