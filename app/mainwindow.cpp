@@ -31,6 +31,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     setstyles();
     uncoverColorsLabel();
     connectSignals();
+    setUpKeys();
     nameAfresh();
 
     updatebankcombo();

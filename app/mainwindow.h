@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QModelIndex>
 #include <QPoint>
+#include <QPointer>
 #include <QStringList>
 
 #include <functional>
@@ -15,6 +16,7 @@ class Mydelegate;
 class MyModel;
 class QAbstractItemModel;
 class QMenu;
+class QMimeData;
 class QTableView;
 class QTextStream;
 class Ui_MainWindow;
@@ -140,6 +142,7 @@ private:
     void setUpLiveButtonsView();
     void uncoverColorsLabel();
     void connectSignals();
+    void setUpKeys();
     void nameAfresh();
     void nameBanks();
     void namePage();
@@ -165,6 +168,9 @@ private:
     void focusAnew(QTableView &table);
     void goToFirstLiveButton();
     void focusOnFirstLiveButton();
+    void copyLiveButton(const QModelIndex &cell);
+    void pasteLiveButton(QTableView &table);
+    void removeSelected(const QTableView &table);
     void addLiveButtonEntries(QMenu &menu);
     void addColorEntries(QMenu &menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());
     void setOnSelectedKeys(const QVariant &value, int role);
@@ -208,4 +214,5 @@ private:
     QString projectpath;
     QString padspath;
     QString mapperpath;
+    QPointer<QMimeData> copied; ///< the Live Button that was copied, while it lies on the clipboard
 };

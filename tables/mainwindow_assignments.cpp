@@ -24,6 +24,7 @@ void removeAllRows(QAbstractItemModel &table)
 void MainWindow::cleanDMX()
 {
     removeAllRows(*dmxmodel);
+    copied.clear(); // its number is one of these rows
 }
 
 void MainWindow::cleanVDJ()
