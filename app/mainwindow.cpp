@@ -4,7 +4,6 @@
 #include "app/stylesheets.h"
 #include "app/ui_mainwindow.h"
 #include "tables/controller.h"
-#include "tables/disabledcells.h"
 #include "tables/mydelegate.h"
 #include "tables/mymodel.h"
 #include "tables/padbanks.h"
@@ -35,6 +34,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     polishLists();
     uncoverColorsLabel();
     connectSignals();
+    setUpKeys();
     nameAfresh();
 
     updatebankcombo();
@@ -93,7 +93,6 @@ void MainWindow::setUpGridView()
     ui->tablecontroller->verticalHeader()->setMinimumSectionSize(5);
     ui->tablecontroller->horizontalHeader()->setMinimumSectionSize(5); // else styles widen the gaps
     ui->tablecontroller->setItemDelegate(delegate);
-    new DisabledCells(ui->tablecontroller);
     ui->tablecontroller->setMouseTracking(true);
 }
 

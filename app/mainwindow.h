@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QModelIndex>
 #include <QPoint>
+#include <QPointer>
 #include <QStringList>
 
 #include <functional>
@@ -15,6 +16,7 @@ class Mydelegate;
 class MyModel;
 class QAbstractItemModel;
 class QMenu;
+class QMimeData;
 class QTableView;
 class QTextStream;
 class Ui_MainWindow;
@@ -142,6 +144,7 @@ private:
     void polishLists();
     void uncoverColorsLabel();
     void connectSignals();
+    void setUpKeys();
     void nameAfresh();
     void nameBanks();
     void namePage();
@@ -156,6 +159,8 @@ private:
     void showPadsPanels();
     void switchToPadsPage();
     void switchToMidiMapping(int windowWidth);
+    void finishEditing();
+    void showChanges();
 
     void untick(int row);
     void untickAll();
@@ -164,7 +169,11 @@ private:
     void clearKey(const QModelIndex &key);
     void emptyTables();
     void focusAnew(QTableView &table);
+    void goToFirstLiveButton();
     void focusOnFirstLiveButton();
+    void copyLiveButton(const QModelIndex &cell);
+    void pasteLiveButton(QTableView &table);
+    void removeSelected(const QTableView &table);
     void addLiveButtonEntries(QMenu &menu);
     void addColorEntries(QMenu &menu, int role, void (MainWindow::*choose)(int), void (MainWindow::*ask)());
     void setOnSelectedKeys(const QVariant &value, int role);
@@ -211,4 +220,5 @@ private:
     QString projectpath;
     QString padspath;
     QString mapperpath;
+    QPointer<QMimeData> copied; ///< the Live Button that was copied, while it lies on the clipboard
 };

@@ -59,11 +59,28 @@ void MainWindow::changeWidth(int width)
 {
     setFixedWidth(width);
     if (!isVisible())
-        return; // the desktop places it yet
+        return;                                                             // the desktop places it yet
     const QRect room = screen()->availableGeometry().adjusted(0, 0, -1, 0); // scaling rounds both
     const QPoint place = Scaling::placeOn(room, frameGeometry());
     if (place != pos())
         move(place);
+}
+
+/** Takes over what is being edited. Not every command takes the focus, and with it the text, from a field or an editor. */
+void MainWindow::finishEditing()
+{
+    commitEditor(*ui->vdjlistview);
+    if (ui->bankname->isModified())
+        on_bankname_editingFinished();
+    if (ui->padsname->isModified())
+        on_padsname_editingFinished();
+}
+
+/** The models tell no view of a change. */
+void MainWindow::showChanges()
+{
+    for (const QTableView *table : {ui->dmxlistview, ui->vdjlistview, ui->tablecontroller})
+        table->viewport()->update();
 }
 
 void MainWindow::showPadsPanels()
@@ -89,12 +106,15 @@ void MainWindow::switchToMidiMapping(int windowWidth)
     ui->groupBox_controller->show();
     ui->groupBox->setGeometry(290, 30, 1071, 51);
     letTabReach(*ui->vdjlistview, false); // the grid lies over it
+    if (focusWidget() == ui->vdjlistview)
+        ui->tablecontroller->setFocus(Qt::OtherFocusReason);
     changeWidth(windowWidth);
     ui->label_padname->setText("MIDI Mapping");
 }
 
 void MainWindow::on_radio_outputpage_clicked()
 {
+    finishEditing();
     resetdmxlist();
     if (ui->radio_outputpage->isChecked())
         switchToPadsPage();
@@ -104,6 +124,7 @@ void MainWindow::on_radio_outputpage_clicked()
 
 void MainWindow::on_radio_outputmidi_clicked()
 {
+    finishEditing();
     resetdmxlist();
     if (ui->radio_outputmidi->isChecked())
         switchToMidiMapping(1366);
@@ -113,6 +134,7 @@ void MainWindow::on_radio_outputmidi_clicked()
 
 void MainWindow::on_actionNew_2_triggered()
 {
+    finishEditing();
     cleanMIDI();
     cleanVDJ();
     initpadlist();
@@ -122,12 +144,14 @@ void MainWindow::on_actionNew_2_triggered()
 
 void MainWindow::on_actionLoad_Project_triggered()
 {
+    finishEditing();
     if (mayReplaceWork("Are you sure you want to load a Project before saving current ?") && !loadproject())
         MessageBox::notice(msgstyle, "Failed to load the Project's Show.");
 }
 
 void MainWindow::on_actionSave_2_triggered()
 {
+    finishEditing();
     if (!isShowLoaded()) {
         MessageBox::notice(msgstyle, "Nothing to Save. Load a Show");
         return;
@@ -162,6 +186,7 @@ void MainWindow::on_actionAbout_triggered()
 
 void MainWindow::on_actionExport_triggered()
 {
+    finishEditing();
     if (!isShowLoaded())
         MessageBox::notice(msgstyle, "Nothing to Export. Load a Show");
     else if (isCurrentTableEmpty())

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QAbstractItemDelegate>
 #include <QAbstractItemModel>
 #include <QComboBox>
+#include <QItemSelectionModel>
 #include <QSize>
 #include <QTableView>
 
@@ -26,8 +28,34 @@ inline void letTabReach(QWidget &widget, bool isReached)
     widget.setFocusPolicy(static_cast<Qt::FocusPolicy>(isReached ? policy | Qt::TabFocus : policy));
 }
 
+/** Takes over the text of the cell that is being edited, and closes its editor. */
+inline void commitEditor(QTableView &view)
+{
+    QWidget *editor = view.indexWidget(view.currentIndex());
+    if (!editor)
+        return;
+    emit view.itemDelegate()->commitData(editor);
+    emit view.itemDelegate()->closeEditor(editor);
+}
+
+/** Lets go of hidden cells: they are neither current nor selected; an editor there closes and keeps what was typed. */
+inline void leaveHiddenCells(const QTableView &view)
+{
+    QItemSelectionModel *selection = view.selectionModel();
+    const auto isHidden = [&view](const QModelIndex &cell) {
+        return view.isRowHidden(cell.row()) || view.isColumnHidden(cell.column());
+    };
+    const QModelIndexList selected = selection->selectedIndexes();
+    for (const QModelIndex &cell : selected) {
+        if (isHidden(cell))
+            selection->select(cell, QItemSelectionModel::Deselect);
+    }
+    if (selection->currentIndex().isValid() && isHidden(selection->currentIndex()))
+        selection->clearCurrentIndex();
+}
+
 /**
- * Shows the rows of a table that match and hides the others.
+ * Shows the rows of a table that match and hides the others, which are then neither current nor selected.
  *
  * The view's updates are off meanwhile: with them on, every row would be placed anew for every change.
  *
@@ -40,5 +68,6 @@ void filterRows(QTableView &view, Predicate isShown)
     view.setUpdatesEnabled(false);
     for (int row = 0; row < view.model()->rowCount(); ++row)
         view.setRowHidden(row, !isShown(row));
+    leaveHiddenCells(view);
     view.setUpdatesEnabled(updates);
 }

@@ -135,6 +135,7 @@ void MainWindow::setAvailability()
         for (int col = 0; col < Grid::Size; ++col)
             controllermodel->setData(controllermodel->index(row, col), getpadavail(row, col), AvailableRole);
     }
+    showChanges();
 }
 
 void MainWindow::sizeGrid()

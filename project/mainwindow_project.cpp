@@ -2,6 +2,7 @@
 
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
+#include "app/viewhelpers.h"
 #include "files/path.h"
 #include "files/savefile.h"
 #include "project/projectfile.h"
@@ -83,6 +84,7 @@ bool MainWindow::loadproject()
         layOnPads(*project, *vdjmodel, tick);
         showPads(last.has16Pads);
     }
+    showChanges();
     return true;
 }
 
@@ -140,4 +142,5 @@ void MainWindow::showPads(bool has16Pads)
     QRadioButton *layout = has16Pads ? ui->radioButton_16pads : ui->radioButton_8pads;
     layout->setChecked(true);
     ui->vdjlistview->setColumnHidden(1, !has16Pads);
+    leaveHiddenCells(*ui->vdjlistview);
 }

@@ -9,6 +9,7 @@
 
 void MainWindow::on_loadini_clicked()
 {
+    finishEditing();
     if (mayReplaceWork("Are you sure you want to open a new Show \nbefore saving current Project ?"))
         loadshow();
 }

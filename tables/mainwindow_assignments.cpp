@@ -24,6 +24,7 @@ void removeAllRows(QAbstractItemModel &table)
 void MainWindow::cleanDMX()
 {
     removeAllRows(*dmxmodel);
+    copied.clear(); // its number is one of these rows
 }
 
 void MainWindow::cleanVDJ()
@@ -58,6 +59,7 @@ void MainWindow::CheckChanged(int index, int /*to*/)
 {
     const QModelIndex button = dmxmodel->index(index, 0);
     dmxmodel->setData(button, 2, Qt::CheckStateRole);
+    showChanges();
     noteCheck(button.data(ButtonRole).toInt(), "0");
 }
 
@@ -65,7 +67,9 @@ void MainWindow::CheckChangedCon(int index, int to, int col)
 {
     CheckChanged(index, to);
     ui->tablecontroller->setFocus(Qt::OtherFocusReason);
-    ui->tablecontroller->setCurrentIndex(controllermodel->index(to, col));
+    // Whatever keys are held, as in a drop with Ctrl or Shift, that key alone is selected.
+    ui->tablecontroller->selectionModel()->setCurrentIndex(controllermodel->index(to, col),
+                                                           QItemSelectionModel::ClearAndSelect);
 }
 
 void MainWindow::noteCheck(int button, const QString &check)
@@ -89,12 +93,14 @@ void MainWindow::untickIfGone(int button, const QAbstractItemModel &table, int c
             noteCheck(row, "0");
         }
     }
+    showChanges();
 }
 
 void MainWindow::untickAll()
 {
     for (int row = 0; row < dmxmodel->rowCount(); ++row)
         untick(row);
+    showChanges();
 }
 
 void MainWindow::dmxtoremove(int index)
@@ -130,6 +136,7 @@ void MainWindow::dmxcheckchange(int index)
             ui->tablecontroller->setCurrentIndex(key);
         }
     }
+    showChanges();
     ui->dmxlistview->setFocus();
     ui->dmxlistview->setCurrentIndex(dmxmodel->index(index, 0));
 }
@@ -141,6 +148,7 @@ void MainWindow::ondeletevdjaction_triggered()
         Assignments::clearCell(*vdjmodel, pad, Assignments::padLabel(pad.row()));
         untickIfGone(button, *vdjmodel, TickedPadColumns);
     }
+    showChanges();
     focusAnew(*ui->vdjlistview);
 }
 
@@ -164,6 +172,7 @@ void MainWindow::clearKey(const QModelIndex &key)
     controllermodel->setData(key, "1", AvailableRole);
     controllermodel->setData(key, "#ffffff", Qt::ForegroundRole);
     untickIfGone(button, *controllermodel, Grid::Size);
+    showChanges();
 }
 
 void MainWindow::resetdmxlist()
@@ -178,24 +187,34 @@ void MainWindow::resetdmxlist()
         dmxmodel->setData(index, isAssigned ? 2 : 0, Qt::CheckStateRole);
         noteCheck(button.toInt(), isAssigned ? "1" : "0");
     }
-    ui->dmxlistview->setCurrentIndex(dmxmodel->index(0, 0));
+    showChanges();
+    goToFirstLiveButton();
 }
 
 void MainWindow::focusAnew(QTableView &table)
 {
-    // The models tell no view of a change; a table that gets the focus is painted anew.
     ui->dmxlistview->setFocus(Qt::OtherFocusReason);
     table.setFocus(Qt::OtherFocusReason);
 }
 
+/** The first one of the page that is on show; without one, none is current. */
+void MainWindow::goToFirstLiveButton()
+{
+    int row = 0;
+    while (row < dmxmodel->rowCount() && ui->dmxlistview->isRowHidden(row))
+        ++row;
+    ui->dmxlistview->setCurrentIndex(dmxmodel->index(row, 0));
+}
+
 void MainWindow::focusOnFirstLiveButton()
 {
-    ui->dmxlistview->setCurrentIndex(dmxmodel->index(0, 0));
+    goToFirstLiveButton();
     ui->dmxlistview->setFocus();
 }
 
 void MainWindow::on_cleanpads_button_clicked()
 {
+    finishEditing();
     cleanVDJ();
     buildPads();
     untickAll();
@@ -205,6 +224,7 @@ void MainWindow::on_cleanpads_button_clicked()
 
 void MainWindow::on_cleanmidi_button_clicked()
 {
+    finishEditing();
     cleanMIDI();
     buildGrid();
     untickAll();

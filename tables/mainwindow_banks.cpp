@@ -77,8 +77,10 @@ void MainWindow::on_padsname_editingFinished()
 
 void MainWindow::on_radioButton_8pads_clicked(bool checked)
 {
-    if (checked)
-        ui->vdjlistview->hideColumn(1);
+    if (!checked)
+        return;
+    ui->vdjlistview->hideColumn(1);
+    leaveHiddenCells(*ui->vdjlistview);
 }
 
 void MainWindow::on_radioButton_16pads_clicked(bool checked)

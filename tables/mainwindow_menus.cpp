@@ -66,8 +66,12 @@ void MainWindow::customMenuRequested(QPoint pos)
 {
     menuindex = ui->tablecontroller->indexAt(pos);
     QMenu *menu = createMenu(this);
-    if (menuindex.data(ButtonRole).toInt() >= 0)
+    if (menuindex.data(ButtonRole).toInt() >= 0) {
+        // A key that the device lacks cannot be selected; its entries are not for the keys that are.
+        if (menuindex.isValid() && !menuindex.flags().testFlag(Qt::ItemIsEnabled))
+            ui->tablecontroller->clearSelection();
         addLiveButtonEntries(*menu);
+    }
     menu->addSeparator();
     QAction *toggle = menu->addAction("Set as Switch");
     toggle->setCheckable(true);
@@ -120,6 +124,7 @@ void MainWindow::setOnSelectedKeys(const QVariant &value, int role)
 {
     for (const QModelIndex &key : ui->tablecontroller->selectionModel()->selectedIndexes())
         controllermodel->setData(key, value, role);
+    showChanges();
 }
 
 void MainWindow::setPaletteColor(int choice, int role)
@@ -195,4 +200,5 @@ void MainWindow::markAsSwitch(const QModelIndex &key)
     Assignments::setLabel(*controllermodel, key, "SWITCH");
     controllermodel->setData(key, "0", AvailableRole);
     controllermodel->setData(key, "green", Qt::ForegroundRole);
+    showChanges();
 }

@@ -4,6 +4,16 @@
 #include <QMimeData>
 #include <QRegularExpression>
 
+bool Desk::open()
+{
+    space.dialogs.standAside();
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    space.window().move(60, 60);
+    space.window().activateWindow();
+    hands.await("the window has the keyboard", [this] { return isAtRest(); });
+    return hands.play();
+}
+
 bool Desk::start()
 {
     MainWindow &window = space.window();

@@ -7,6 +7,8 @@
 class Desk final
 {
 public:
+    /** Shows the window, which gets the keyboard without the mouse; false where it does not. */
+    bool open();
     /** Shows the window and loads the show, by mouse and keyboard; false where that fails. */
     bool start();
 

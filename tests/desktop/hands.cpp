@@ -310,15 +310,15 @@ void Hands::openSubmenu(const QString &text)
     });
 }
 
-void Hands::press()
+void Hands::press(int button)
 {
-    add({"the button goes down", plainly("mousedown 1"),
-         [] { return QGuiApplication::mouseButtons() == Qt::LeftButton; }});
+    add({"the button goes down", plainly("mousedown " + QString::number(button)),
+         [] { return QGuiApplication::mouseButtons() != Qt::NoButton; }});
 }
 
-void Hands::release()
+void Hands::release(int button)
 {
-    add({"the button goes up", plainly("mouseup 1"),
+    add({"the button goes up", plainly("mouseup " + QString::number(button)),
          [] { return QGuiApplication::mouseButtons() == Qt::NoButton; }});
 }
 
@@ -504,7 +504,8 @@ void Hands::giveUp(const QString &why)
 void Hands::rescue()
 {
     if (!m_isBusy)
-        run({"mouseup", "1", "mouseup", "3", "keyup", "shift", "keyup", "ctrl", "key", "Escape"});
+        run({"mouseup", "1", "mouseup", "2", "mouseup", "3", "keyup", "shift", "keyup", "ctrl", "key",
+             "Escape"});
     if (QWidget *popup = QApplication::activePopupWidget())
         popup->close();
     if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))

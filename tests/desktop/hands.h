@@ -82,8 +82,8 @@ public:
     void dragOver(const Place &place);
     /** Carries a drag out of all windows. */
     void dragOut(const Place &place);
-    void press();
-    void release();
+    void press(int button = 1);
+    void release(int button = 1);
 
     /** Presses keys, as "Escape" or "ctrl+a", once a window of ours has the keyboard. */
     void key(const QString &keys);

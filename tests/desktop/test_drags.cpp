@@ -144,6 +144,15 @@ private:
     QByteArray m_said;
 };
 
+/** The keys that are selected, in the words for places. */
+QString selectedKeys(Desk &desk)
+{
+    QStringList keys;
+    for (const QModelIndex &key : desk.grid()->selectionModel()->selectedIndexes())
+        keys += QString("key %1,%2").arg(key.row()).arg(key.column());
+    return keys.join(' ');
+}
+
 } // namespace
 
 void TestDrags::pads_data()
@@ -373,6 +382,7 @@ void TestDrags::keys()
     Desk &desk = *m_desk;
     QVERIFY(desk.clearKeys());
     QVERIFY(desk.lay(desk.grid(), "2,3=1 11,4=2 2,2=0"));
+    Workspace::select(desk.grid(), "9,9");
     const QString filledBefore = Desk::filled(desk.grid());
     const QStringList before = desk.space.snapshot();
 
@@ -385,40 +395,53 @@ void TestDrags::keys()
     QCOMPARE(desk.space.leftOnPads(), QString()); // they lie beneath
     if (filled == filledBefore && ticks == "0 1 2")
         QCOMPARE(desk.space.snapshot(), before);
+    else
+        QCOMPARE(selectedKeys(desk), to); // that alone, whatever key was held
 }
 
 void TestDrags::whatCannotBeDragged_data()
 {
-    QTest::addColumn<bool>("areKeys");
     QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("to");
+    QTest::addColumn<int>("button");
+    QTest::addColumn<QString>("held");
 
-    QTest::newRow("empty pad") << false << "pad 3,0"
-                               << "pad 0,0";
-    QTest::newRow("empty key") << true << "key 3,3"
-                               << "key 2,2";
-    QTest::newRow("unavailable key") << true << "key 0,3"
-                                     << "key 5,5";
+    const QString none;
+    QTest::newRow("empty pad") << "pad 3,0" << 1 << none;
+    QTest::newRow("empty pad with Ctrl") << "pad 3,0" << 1 << "ctrl";
+    QTest::newRow("empty key") << "key 3,3" << 1 << none;
+    QTest::newRow("empty key with Ctrl") << "key 3,3" << 1 << "ctrl";
+    QTest::newRow("empty key with Shift") << "key 3,3" << 1 << "shift";
+    QTest::newRow("selected key that Ctrl lets go of") << "key 2,3" << 1 << "ctrl";
+    QTest::newRow("unavailable key") << "key 0,3" << 1 << none;
+    QTest::newRow("unavailable key with Shift") << "key 0,3" << 1 << "shift";
+    QTest::newRow("unavailable key, middle button") << "key 0,3" << 2 << none;
+    QTest::newRow("gap, middle button") << "key 1,4" << 2 << none;
 }
 
 void TestDrags::whatCannotBeDragged()
 {
-    QFETCH(bool, areKeys);
     QFETCH(QString, from);
-    QFETCH(QString, to);
+    QFETCH(int, button);
+    QFETCH(QString, held);
     Desk &desk = *m_desk;
+    const bool areKeys = from.startsWith("key");
+    const QString to = areKeys ? "key 5,5" : "pad 5,0";
     QVERIFY(areKeys ? desk.clearKeys() : desk.clearPads());
     QTableView *view = viewOf(desk, from);
-    QVERIFY(desk.lay(view, areKeys ? "2,2=0" : "0,0=0"));
-    view->setCurrentIndex(areKeys ? view->model()->index(2, 2) : view->model()->index(0, 0));
+    QVERIFY(desk.lay(view, areKeys ? "2,2=0 2,3=1" : "0,0=0"));
     const QStringList before = desk.space.snapshot();
+    Workspace::select(view, areKeys ? "2,2 2,3" : "0,0");
 
     desk.hands.moveTo(placeOf(desk, from));
-    desk.hands.press();
+    if (!held.isEmpty())
+        desk.hands.hold(held);
+    desk.hands.press(button);
     desk.hands.moveTo(placeOf(desk, to));
     desk.hands.moveTo(placeOf(desk, from));
     desk.hands.moveTo(placeOf(desk, to)); // which a drag would keep from the window
-    desk.hands.release();
+    desk.hands.release(button);
+    if (!held.isEmpty())
+        desk.hands.letGo(held);
     QVERIFY(desk.hands.play());
 
     QCOMPARE(desk.space.snapshot(), before);

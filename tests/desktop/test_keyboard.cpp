@@ -1,4 +1,5 @@
 #include "desktop/desk.h"
+#include "support/boxes.h"
 #include "support/files.h"
 
 #include <QAbstractButton>
@@ -40,10 +41,17 @@ private slots:
     void buttonsBySpace();
     void tabGoesOnAndBack_data();
     void tabGoesOnAndBack();
+    void wholeRoad();
 
 private:
     /** Lays a Live Button on the first pad of an empty Pads Page. */
     bool layOne();
+    /** Presses Tab until a widget has the focus. */
+    bool tabTo(const QString &name);
+    /** Presses keys that lead to a notice, and closes it. */
+    bool pressFor(const QString &keys, const QString &notice);
+    /** Saves or loads a project by the menu, the last notice of it closed. */
+    bool fileProject(bool isSaved, const QString &name);
 
     std::unique_ptr<Desk> m_desk;
 };
@@ -389,7 +397,7 @@ void TestKeyboard::nothingHasAShortcut_data()
     QTest::addColumn<QString>("keys");
 
     for (const char *keys : {"ctrl+n", "ctrl+o", "ctrl+l", "ctrl+s", "ctrl+shift+s", "ctrl+e", "ctrl+q",
-                             "ctrl+w", "F1", "Delete", "alt+f", "alt+h"})
+                             "ctrl+w", "F1", "alt+f", "alt+h"})
         QTest::newRow(keys) << keys;
 }
 
@@ -516,6 +524,170 @@ void TestKeyboard::tabGoesOnAndBack()
     desk.hands.key("shift+Tab");
     QVERIFY(desk.hands.play());
     QTRY_COMPARE_WITH_TIMEOUT(Workspace::focused(), name, Patience);
+}
+
+bool TestKeyboard::tabTo(const QString &name)
+{
+    for (int i = 0; i < 20 && Workspace::focused() != name; ++i) {
+        const QString before = Workspace::focused();
+        m_desk->hands.key("Tab");
+        m_desk->hands.await("the focus moves", [before] { return Workspace::focused() != before; });
+        if (!m_desk->hands.play())
+            return false;
+    }
+    return Workspace::focused() == name;
+}
+
+bool TestKeyboard::pressFor(const QString &keys, const QString &notice)
+{
+    m_desk->hands.keys(keys);
+    m_desk->hands.awaitDialog(notice);
+    m_desk->hands.key("Return");
+    awaitRest(*m_desk);
+    return m_desk->hands.play();
+}
+
+bool TestKeyboard::fileProject(bool isSaved, const QString &name)
+{
+    m_desk->hands.keys(isSaved ? "alt Down Down Down Down Return" : "alt Down Down Down Return");
+    m_desk->hands.awaitDialog(isSaved ? "Save your Zarvex Project" : "Select a Zarvex Project");
+    m_desk->hands.type(name + ".zarvex");
+    m_desk->hands.key("Return");
+    if (isSaved) {
+        m_desk->hands.awaitDialog("Project " + name + " is saved.");
+        m_desk->hands.key("Return");
+    }
+    awaitRest(*m_desk);
+    return m_desk->hands.play();
+}
+
+namespace {
+
+/** A page, a mapping and both projects, the folder of before taken out. */
+QStringList filesOf(const Workspace &space)
+{
+    QStringList contents;
+    const QString projects = space.documents() + "/Zarvex/projects/";
+    for (const QString &path :
+         {space.padsFolder() + "/Night.xml", space.mappersFolder() + "/AKAI APC Mini - Night mapping.xml",
+          projects + "pads.zarvex", projects + "keys.zarvex"})
+        contents += QString::fromUtf8(bytesOf(path)).replace(space.home(), "HOME");
+    return contents;
+}
+
+bool saveAs(Workspace &space, const QString &name)
+{
+    space.dialogs.expect(
+        Boxes::saveDialog(space, space.documents() + "/Zarvex/projects/" + name + ".zarvex"));
+    space.dialogs.expect(Boxes::projectSaved(name));
+    space.trigger("actionSave_2");
+    return space.dialogs.faults().isEmpty();
+}
+
+/** The road of wholeRoad() by drops, clicks and slots. */
+QStringList filesByMouse()
+{
+    Workspace space;
+    if (!QTest::qWaitForWindowActive(&space.window()) || !space.loadSomeShow())
+        return {};
+    space.dialogs.expect(Boxes::pageCreated("Night"));
+    const bool hasPads = space.click("radioButton_16pads") && space.putOnPad(0, 0)
+                         && space.pads()->setData(space.pads()->index(0, 0), "Go") && space.putOnPad(2, 2)
+                         && space.choose("bankcombo", 1) && space.type("bankname", "Chorus")
+                         && space.putOnPad(2, 8) && space.putOnPad(2, 8, 1) && space.type("padsname", "Night")
+                         && space.click("pushButton_2") && saveAs(space, "pads");
+    space.dialogs.expect(Boxes::mappingCreated("Night", "AKAI APC Mini"));
+    const bool hasKeys = space.click("radio_outputmidi") && space.choose("mididevices", 1)
+                         && space.choose("combo_offcolor", 2) && space.putOnKey(0, 2, 2)
+                         && space.putOnKey(1, 2, 3);
+    Workspace::select(space.gridView(), "2,2 2,3");
+    const bool isColored = space.call("colorpadchange", 3) && space.call("onblinkaction_triggered")
+                           && space.pickOnKey(3, 2, {"Set as Switch"}) && space.click("pushButton_2")
+                           && saveAs(space, "keys");
+    return hasPads && hasKeys && isColored ? filesOf(space) : QStringList(space.dialogs.faults());
+}
+
+} // namespace
+
+/** Show, pads, banks, names, keys, colours, Switch, exports and projects: no mouse from the start to the end. */
+void TestKeyboard::wholeRoad()
+{
+    m_desk = std::make_unique<Desk>();
+    Desk &desk = *m_desk;
+    QVERIFY(desk.open());
+    desk.hands.keys("alt Down Return");
+    desk.hands.awaitDialog("Select a Show");
+    desk.hands.type(desk.space.writeShow("Show", Workspace::iniWith({8, 8})));
+    desk.hands.key("Return");
+    awaitRest(desk);
+    QVERIFY(desk.hands.play());
+
+    QVERIFY(tabTo("dmxlistview"));
+    desk.hands.keys("Home ctrl+c");
+    QVERIFY(tabTo("vdjlistview"));
+    desk.hands.keys("ctrl+v F2 ctrl+a");
+    desk.hands.type("Go");
+    desk.hands.key("Return");
+    desk.hands.await("the text", [&desk] { return desk.filled(desk.pads()) == "0,0=Go"; });
+    QVERIFY(tabTo("dmxlistview"));
+    desk.hands.keys("Down Down ctrl+c");
+    QVERIFY(tabTo("vdjlistview"));
+    desk.hands.keys("Down Down ctrl+v");
+    QVERIFY(tabTo("radioButton_8pads"));
+    desk.hands.key("Right");
+    QVERIFY(tabTo("bankcombo"));
+    desk.hands.key("Down");
+    QVERIFY(tabTo("bankname"));
+    desk.hands.type("Chorus");
+    QVERIFY(tabTo("vdjlistview"));
+    desk.hands.keys("ctrl+v Right Delete ctrl+v");
+    QVERIFY(tabTo("padsname"));
+    desk.hands.type("Night");
+    QVERIFY(desk.hands.play());
+    QTRY_COMPARE(desk.filled(desk.pads()), QString("0,0=Go 2,0=1-3 8,0=1-3 8,1=1-3"));
+    QVERIFY(tabTo("pushButton_2"));
+    QVERIFY(pressFor("space", "Pads Page Night is created."));
+    QVERIFY(fileProject(true, "pads"));
+
+    QVERIFY(tabTo("radio_outputpage"));
+    desk.hands.key("Right");
+    QVERIFY(tabTo("mididevices"));
+    desk.hands.key("Down");
+    QVERIFY(tabTo("combo_offcolor"));
+    desk.hands.key("Up");
+    QVERIFY(tabTo("dmxlistview"));
+    desk.hands.keys("Home ctrl+c");
+    QVERIFY(tabTo("tablecontroller"));
+    desk.hands.key("ctrl+v");
+    QVERIFY(tabTo("dmxlistview"));
+    desk.hands.keys("Down ctrl+c");
+    QVERIFY(tabTo("tablecontroller"));
+    desk.hands.keys("Right ctrl+v shift+Left");
+    desk.hands.keys("Menu Down Down Right Down Down Down Return");
+    desk.hands.awaitNoPopup();
+    desk.hands.keys("Menu Down Down Down Down Return");
+    desk.hands.awaitNoPopup();
+    desk.hands.key("Down");
+    for (int i = 0; i < 3; ++i) { // the Switch, none, the Switch
+        desk.hands.keys("Menu Down Return");
+        desk.hands.awaitNoPopup();
+    }
+    QVERIFY(desk.hands.play());
+    QTRY_COMPARE(desk.filled(desk.grid()), QString("2,2=1-1 2,3=1-2"));
+    QVERIFY(pressFor("alt Down Down Down Down Down Return", "Mapping Night for AKAI APC Mini is created."));
+    QVERIFY(fileProject(true, "keys"));
+
+    // What was saved comes back, and is saved as it was.
+    const QStringList files = filesOf(desk.space);
+    for (const QString name : {"pads", "keys"}) {
+        desk.hands.keys("alt Down Down Return"); // New Project
+        QVERIFY(fileProject(false, name));
+        QVERIFY(fileProject(true, name + " again"));
+        const QString path = desk.space.documents() + "/Zarvex/projects/" + name;
+        QCOMPARE(bytesOf(path + " again.zarvex"), bytesOf(path + ".zarvex"));
+    }
+    m_desk.reset();
+    QCOMPARE(files, filesByMouse());
 }
 
 QTEST_MAIN(TestKeyboard)

@@ -1,4 +1,5 @@
 #include "desktop/desk.h"
+#include "support/files.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -31,6 +32,7 @@ private slots:
     void switchMoves();
     void rename_data();
     void rename();
+    void menuTakesOverTheTextOfAPad();
     void whatCannotBeRenamed_data();
     void whatCannotBeRenamed();
     void toolTips_data();
@@ -589,6 +591,25 @@ void TestPopups::rename()
     QCOMPARE(textOf(desk.space.pads()->index(1, 0), DisplayNameRole), QString("1-1"));
     QCOMPARE(desk.foreignCell(desk.pads()), QString());
     QCOMPARE(desk.ticks(), QString("0"));
+}
+
+/** The mouse takes the focus from no editor when it opens a menu. */
+void TestPopups::menuTakesOverTheTextOfAPad()
+{
+    Desk &desk = *m_desk;
+    QVERIFY(desk.clearPads());
+    QVERIFY(desk.lay(desk.pads(), "0,0=0"));
+    desk.hands.doubleClick(Places::cell(desk.pads(), 0));
+    desk.hands.await("the editor", [&desk] { return desk.pads()->viewport()->findChild<QLineEdit *>(); });
+    desk.hands.key("ctrl+a");
+    desk.hands.type("typed");
+    desk.hands.click(Places::menuTitle(&desk.space.window(), "File"));
+    desk.hands.pickEntry("Export");
+    desk.hands.awaitDialog("Pads Page OS2L DMX is created.");
+    desk.hands.key("Return");
+    desk.hands.await("the notice closes", [&desk] { return desk.isAtRest(); });
+    QVERIFY(desk.hands.play());
+    QVERIFY(bytesOf(desk.space.padsFolder() + "/OS2L DMX.xml").contains("get_text &apos;typed&apos;"));
 }
 
 void TestPopups::whatCannotBeRenamed_data()

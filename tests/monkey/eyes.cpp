@@ -280,11 +280,27 @@ QString differenceInKeys(Workspace &space, const World &world)
     return {};
 }
 
+/** What is hidden is neither current nor selected. */
+QString hiddenInUse(Workspace &space, const World & /*world*/)
+{
+    for (const QTableView *view : {space.dmxView(), space.padsView()}) {
+        QModelIndexList used = view->selectionModel()->selectedIndexes();
+        if (view->currentIndex().isValid())
+            used += view->currentIndex();
+        for (const QModelIndex &cell : qAsConst(used)) {
+            if (view->isRowHidden(cell.row()) || view->isColumnHidden(cell.column()))
+                return view->objectName() + " uses its hidden row " + number(cell.row());
+        }
+    }
+    return {};
+}
+
 } // namespace
 
 QString Eyes::differenceInWindow(Workspace &space, const World &world)
 {
-    for (const auto look : {differenceInPanels, differenceInButtons, differenceInPads, differenceInKeys}) {
+    for (const auto look :
+         {hiddenInUse, differenceInPanels, differenceInButtons, differenceInPads, differenceInKeys}) {
         QString found = look(space, world);
         if (!found.isEmpty())
             return found;

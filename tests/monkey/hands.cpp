@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QDragLeaveEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -100,7 +101,7 @@ QString Hands::play(const Gesture &gesture, const Rules::Outcome &told)
             fault = told.isTaken ? "the drop is refused" : "the drop is taken";
     } else if (gesture.verb.startsWith("menu-")) {
         fault = useMenu(gesture, told);
-    } else if (!setPanel(gesture) && !command(gesture)) {
+    } else if (!pressKeys(gesture) && !setPanel(gesture) && !command(gesture)) {
         fault = "cannot be done";
     }
     QApplication::processEvents();
@@ -163,6 +164,34 @@ bool Hands::typeName(const char *edit, const QString &name)
         return false;
     QTest::keyClick(m_space.find<QLineEdit>(edit), Qt::Key_Return);
     m_space.dmxView()->setFocus(Qt::MouseFocusReason);
+    return true;
+}
+
+/** Copies and pastes, or deletes what is selected. */
+bool Hands::pressKeys(const Gesture &gesture)
+{
+    const bool isDeleted = gesture.verb.startsWith("delete-");
+    if (!isDeleted && !gesture.verb.startsWith("paste-"))
+        return false;
+    QTableView *view = gesture.verb.endsWith("-pad") ? m_space.padsView() : m_space.gridView();
+    const auto press = [](QTableView *table, const QModelIndex &cell, Qt::Key key) {
+        table->setFocus(Qt::OtherFocusReason);
+        table->selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect);
+        QTest::keyClick(table, key, Qt::ControlModifier);
+    };
+    m_space.activate();
+    if (isDeleted) {
+        view->setFocus(Qt::OtherFocusReason);
+        Workspace::select(view, gesture.text("selected"));
+        QTest::keyClick(view, Qt::Key_Delete);
+        return true;
+    }
+    QApplication::clipboard()->clear();
+    if (gesture.words.contains("button"))
+        press(m_space.dmxView(), m_space.dmx()->index(gesture.number("button"), 0), Qt::Key_C);
+    else
+        press(view, cellAt(view, gesture.text("from")), Qt::Key_C);
+    press(view, cellAt(view, gesture.text("at")), Qt::Key_V);
     return true;
 }
 

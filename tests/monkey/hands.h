@@ -24,6 +24,7 @@ private:
     void expect(const Rules::Question &question);
     bool dropOn(const Gesture &gesture, bool isLine);
     bool rename(const Gesture &gesture);
+    bool pressKeys(const Gesture &gesture);
     bool typeName(const char *edit, const QString &name);
     QString useMenu(const Gesture &gesture, const Rules::Outcome &told);
     QString useMenu(QMenu *menu, const Rules::Outcome &told);

@@ -73,7 +73,7 @@ QString Picker::someButton(const Rules::World &world)
 
 Gesture Picker::onPads(const Rules::World &world)
 {
-    const int dice = below(40);
+    const int dice = below(46);
     if (dice < 14)
         return {"drop-pad", {{"button", someButton(world)}, {"at", pad(world)}}};
     if (dice < 25)
@@ -90,7 +90,13 @@ Gesture Picker::onPads(const Rules::World &world)
     if (dice < 39)
         return {"menu-pad",
                 {{"at", filledPad(world)}, {"pick", oneIn(5) ? QString("none") : QString("remove")}}};
-    return oneIn(3) ? Gesture{"clean-pads", {}} : Gesture{"drop-pad", {{"at", pad(world)}}};
+    if (dice < 40)
+        return oneIn(3) ? Gesture{"clean-pads", {}} : Gesture{"drop-pad", {{"at", pad(world)}}};
+    if (dice < 42)
+        return {"delete-pad", {{"selected", filledPad(world)}}};
+    if (dice < 44)
+        return {"paste-pad", {{"button", someButton(world)}, {"at", pad(world)}}};
+    return {"paste-pad", {{"from", filledPad(world)}, {"at", pad(world)}}};
 }
 
 Gesture Picker::keyMenu(const Rules::World &world)
@@ -111,7 +117,7 @@ Gesture Picker::keyMenu(const Rules::World &world)
 
 Gesture Picker::onKeys(const Rules::World &world)
 {
-    const int dice = below(40);
+    const int dice = below(46);
     if (dice < 12)
         return {"drop-key", {{"button", someButton(world)}, {"at", key(world)}}};
     if (dice < 23)
@@ -120,8 +126,14 @@ Gesture Picker::onKeys(const Rules::World &world)
         return {"drop-key-line", {{"button", someButton(world)}, {"at", key(world)}}};
     if (dice < 39)
         return keyMenu(world);
-    return oneIn(3) ? Gesture{"clean-keys", {}}
-                    : Gesture{"drop-key", {{"button", someButton(world)}, {"at", key(world)}}};
+    if (dice < 40)
+        return oneIn(3) ? Gesture{"clean-keys", {}}
+                        : Gesture{"drop-key", {{"button", someButton(world)}, {"at", key(world)}}};
+    if (dice < 42)
+        return {"delete-key", {{"selected", filledKey(world) + " " + key(world)}}};
+    if (dice < 44)
+        return {"paste-key", {{"button", someButton(world)}, {"at", key(world)}}};
+    return {"paste-key", {{"from", filledKey(world)}, {"at", key(world)}}};
 }
 
 Gesture Picker::onDevices(const Rules::World &world)

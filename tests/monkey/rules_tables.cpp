@@ -220,6 +220,55 @@ Outcome moveKey(World &world, At from, At to)
     return outcome;
 }
 
+/** The Live Button that Ctrl+C takes: one of the list, or that of a pad or key; none where the list lacks it. */
+int copied(const World &world, const Table &table, const Gesture &gesture)
+{
+    if (gesture.words.contains("button"))
+        return gesture.number("button");
+    const At from = place(gesture.text("from"));
+    const QString id = table.at(from.row, from.col).id;
+    const int button = id.toInt();
+    return id == QString::number(button) && button < world.buttons.size() ? button : -1;
+}
+
+Outcome pasteOnPad(World &world, const Gesture &gesture, At at)
+{
+    const At from = place(gesture.text("from"));
+    const int button = copied(world, world.pads, gesture);
+    const bool isOfList = gesture.words.contains("button");
+    if (!isPadInSight(world, at.row, at.col)
+        || !(isOfList ? isButtonInSight(world, button) : isPadInSight(world, from.row, from.col)))
+        return Impossible;
+    if (button >= 0) {
+        const Cell before = world.pads.at(at.row, at.col);
+        fillPad(world, at.row, at.col, dragged(world, button));
+        tick(world, button);
+        if (before.page.toInt() >= 1)
+            untickUnlessOnPads(world, before.id.toInt());
+    }
+    Outcome outcome;
+    outcome.focus = "vdjlistview";
+    return outcome;
+}
+
+Outcome pasteOnKey(World &world, const Gesture &gesture, At at)
+{
+    const int button = copied(world, world.keys, gesture);
+    if (!world.isMidi || (gesture.words.contains("button") && !isButtonInSight(world, button)))
+        return Impossible;
+    Cell &key = world.keys.at(at.row, at.col);
+    if (button >= 0 && key.avail == "1") {
+        const Cell before = key;
+        fill(key, dragged(world, button));
+        tick(world, button);
+        if (before.page.toInt() >= 1)
+            untickUnlessOnKeys(world, before.id.toInt());
+    }
+    Outcome outcome;
+    outcome.focus = "tablecontroller";
+    return outcome;
+}
+
 Outcome cleanPads(World &world)
 {
     if (world.isMidi)
@@ -289,16 +338,24 @@ QStringList keyMenu(const World &world, int row, int col)
     return menu << "---" << (isSwitch ? "[x] Set as Switch" : "[ ] Set as Switch");
 }
 
-/** The cells that a menu works on: those of the selection that the device has. */
-QVector<At> selection(const World &world, const Gesture &gesture)
+/** Those of some cells that the device has. */
+QVector<At> usable(const World &world, const QString &selected)
 {
     QVector<At> cells;
-    const QStringList places = gesture.text("selected").split(' ', Qt::SkipEmptyParts);
+    const QStringList places = selected.split(' ', Qt::SkipEmptyParts);
     for (const QString &text : places) {
         if (world.keys.at(place(text).row, place(text).col).avail == "1")
             cells.append(place(text));
     }
     return cells;
+}
+
+/** The cells that a menu works on; none where the device lacks the clicked one. */
+QVector<At> selection(const World &world, const Gesture &gesture)
+{
+    const At clicked = place(gesture.text("at"));
+    const bool isKey = world.keys.at(clicked.row, clicked.col).avail == "1";
+    return isKey ? usable(world, gesture.text("selected")) : QVector<At>();
 }
 
 void markSwitch(World &world, At at)
@@ -365,6 +422,38 @@ void pickRemove(World &world, const Gesture &gesture, Outcome &outcome)
     for (const At &at : selection(world, gesture))
         clearKey(world, at.row, at.col);
     outcome.focus = "tablecontroller";
+}
+
+Outcome deletePad(World &world, At at)
+{
+    if (!isPadInSight(world, at.row, at.col))
+        return Impossible;
+    Cell &pad = world.pads.at(at.row, at.col);
+    const int button = pad.id.toInt();
+    if (button >= 0) {
+        rest(pad, padLabel(at.row % 8 + 1));
+        untickUnlessOnPads(world, button);
+    }
+    Outcome outcome;
+    outcome.focus = "vdjlistview";
+    return outcome;
+}
+
+Outcome deleteKeys(World &world, const Gesture &gesture)
+{
+    if (!world.isMidi)
+        return Impossible;
+    const QVector<At> cells = usable(world, gesture.text("selected"));
+    const bool isFilled = std::any_of(cells.cbegin(), cells.cend(), [&world](const At &at) {
+        return world.keys.at(at.row, at.col).id.toInt() >= 0;
+    });
+    for (const At &at : cells) {
+        if (isFilled)
+            clearKey(world, at.row, at.col);
+    }
+    Outcome outcome;
+    outcome.focus = "tablecontroller";
+    return outcome;
 }
 
 Outcome menuOfKey(World &world, const Gesture &gesture)
@@ -543,6 +632,14 @@ Outcome playOnTables(World &world, const Gesture &gesture)
         return dropOnKeyLine(world, button, at.row, at.col);
     if (verb == "move-key")
         return moveKey(world, from, to);
+    if (verb == "paste-pad")
+        return pasteOnPad(world, gesture, at);
+    if (verb == "paste-key")
+        return pasteOnKey(world, gesture, at);
+    if (verb == "delete-pad")
+        return deletePad(world, place(gesture.text("selected")));
+    if (verb == "delete-key")
+        return deleteKeys(world, gesture);
     if (verb == "clean-pads")
         return cleanPads(world);
     return cleanKeys(world);

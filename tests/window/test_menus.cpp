@@ -263,6 +263,8 @@ private slots:
     void blinksBesideTheCells();
     void removesKeys_data();
     void removesKeys();
+    void menuOfALeftoverIsForNoOtherKey_data();
+    void menuOfALeftoverIsForNoOtherKey();
     void defaultColors_data();
     void defaultColors();
 
@@ -1147,6 +1149,28 @@ void TestMenus::removesKeys()
     QCOMPARE(key.data(OffColorRole).toString(), QString("red"));
     QCOMPARE(key.data(OnColorRole).toString(), QString("green"));
     QCOMPARE(key.data(BlinkRole).toString(), QString("1"));
+}
+
+void TestMenus::menuOfALeftoverIsForNoOtherKey_data()
+{
+    QTest::addColumn<QStringList>("path");
+    QTest::newRow("Remove") << QStringList{"Remove"};
+    QTest::newRow("a color") << QStringList{"Off Color", " red"};
+    QTest::newRow("Blink") << QStringList{"Blink"};
+}
+
+void TestMenus::menuOfALeftoverIsForNoOtherKey()
+{
+    QFETCH(QStringList, path);
+
+    Workspace space;
+    QVERIFY2(startOnKeys(space, MiniMk3), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.putOnKey(3, 0, 2) && space.putOnKey(4, 2, 2));
+    QVERIFY(space.choose("devicescombo", Akai)); // has no key there
+    const QStringList before = space.snapshot();
+    Workspace::select(space.gridView(), "2,2");
+    QVERIFY(space.pickOnKey(0, 2, path));
+    QCOMPARE(space.snapshot(), before);
 }
 
 void TestMenus::defaultColors_data()

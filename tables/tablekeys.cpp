@@ -1,0 +1,29 @@
+#include "tables/tablekeys.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+
+TableKeys::TableKeys(QAbstractItemView *view) : QObject(view), m_view(view)
+{
+    view->installEventFilter(this);
+}
+
+bool TableKeys::eventFilter(QObject *watched, QEvent *event)
+{
+    // An editor within the view hands on the keys that it has no use for.
+    if (event->type() != QEvent::KeyPress
+        || m_view->viewport()->isAncestorOf(m_view->window()->focusWidget()))
+        return QObject::eventFilter(watched, event);
+
+    const auto *press = static_cast<QKeyEvent *>(event);
+    const bool isPlain = (press->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (press->matches(QKeySequence::Copy))
+        emit copyPressed();
+    else if (press->matches(QKeySequence::Paste))
+        emit pastePressed();
+    else if (press->key() == Qt::Key_Delete && isPlain)
+        emit deletePressed();
+    else
+        return QObject::eventFilter(watched, event);
+    return true;
+}
