@@ -3,16 +3,14 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 
-TableKeys::TableKeys(QAbstractItemView *view) : QObject(view), m_view(view)
+TableKeys::TableKeys(QAbstractItemView *view) : QObject(view)
 {
     view->installEventFilter(this);
 }
 
 bool TableKeys::eventFilter(QObject *watched, QEvent *event)
 {
-    // An editor within the view hands on the keys that it has no use for.
-    if (event->type() != QEvent::KeyPress
-        || m_view->viewport()->isAncestorOf(m_view->window()->focusWidget()))
+    if (event->type() != QEvent::KeyPress)
         return QObject::eventFilter(watched, event);
 
     const auto *press = static_cast<QKeyEvent *>(event);

@@ -4,7 +4,7 @@
 
 class QAbstractItemView;
 
-/** Ctrl+C, Ctrl+V and Delete in a table, while no editor is open in it. */
+/** Ctrl+C, Ctrl+V and Delete in a table. Its editors take them for themselves. */
 class TableKeys final : public QObject
 {
     Q_OBJECT
@@ -16,10 +16,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:
-    void copyPressed();
-    void pastePressed();
-    void deletePressed();
-
-private:
-    QAbstractItemView *m_view;
+    void copyPressed();   ///< Ctrl+C, or what the system has for it
+    void pastePressed();  ///< Ctrl+V, likewise
+    void deletePressed(); ///< Delete without Ctrl, Shift or Alt
 };

@@ -295,7 +295,7 @@ void TestKeys::padsBeneathTheKeysLoseTheFocus()
 {
     Workspace space;
     QVERIFY(lay(space, false, "0,0=1"));
-    goTo(space, space.padsView(), "0,0");
+    QVERIFY(typeInto(space, "pad", "typed"));
     space.find<QAbstractButton>("radio_outputmidi")->setChecked(true);
     QVERIFY(
         space.call("on_radio_outputmidi_clicked")); // without a click, which not everywhere takes the focus
