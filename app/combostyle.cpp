@@ -26,6 +26,17 @@ void polishAnew(QWidget &widget)
     QCoreApplication::sendEvent(&widget, &change);
 }
 
+/**
+ * Gives the list of a combo box the look that the style sheet of the box asks for. The list exists before the box has its
+ * sheet, and would keep to what held for it without one.
+ */
+void polishList(QComboBox &combo)
+{
+    polishAnew(*combo.view());
+    polishAnew(*combo.view()->verticalScrollBar());
+    combo.view()->setFont(combo.font()); // which is lost thereby
+}
+
 /** Where a combo box without an icon has its text. */
 QRect textPlace(const QComboBox &combo)
 {
@@ -40,13 +51,6 @@ void ComboStyle::applyTo(QComboBox &combo)
 {
     combo.setStyle(this);
     combo.installEventFilter(this);
-}
-
-void ComboStyle::polishList(QComboBox &combo)
-{
-    polishAnew(*combo.view());
-    polishAnew(*combo.view()->verticalScrollBar());
-    combo.view()->setFont(combo.font()); // which is lost thereby
 }
 
 int ComboStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
@@ -80,15 +84,19 @@ void ComboStyle::polish(QWidget *widget)
 
 bool ComboStyle::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::ToolTip) {
-        auto *combo = static_cast<QComboBox *>(watched);
-        const QString text = combo->currentText();
-        if (fitted(text, combo->fontMetrics(), textPlace(*combo).width()) != text) {
-            // As rich text it is taken letter for letter; a name that has tags would else be rendered.
-            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), Qt::convertFromPlainText(text),
-                               combo);
-            return true;
-        }
+    auto *combo = static_cast<QComboBox *>(watched);
+    if (event->type() == QEvent::Show && !m_seen.contains(watched)) { // earlier, it would cost at start-up
+        m_seen.insert(watched);
+        polishList(*combo);
+    }
+    if (event->type() != QEvent::ToolTip)
+        return QProxyStyle::eventFilter(watched, event);
+    const QString text = combo->currentText();
+    if (fitted(text, combo->fontMetrics(), textPlace(*combo).width()) != text) {
+        // As rich text it is taken letter for letter; a name that has tags would else be rendered.
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), Qt::convertFromPlainText(text),
+                           combo);
+        return true;
     }
     return QProxyStyle::eventFilter(watched, event);
 }

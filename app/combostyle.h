@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QProxyStyle>
+#include <QSet>
 
 class QComboBox;
 
@@ -17,12 +18,6 @@ public:
     /** Gives a combo box this style, which is to outlive it. Its tool tip is then this one alone. */
     void applyTo(QComboBox &combo);
 
-    /**
-     * Gives the list of a combo box the look that the style sheet of the box asks for. The list exists before the box
-     * has its sheet, and would keep to what held for it without one.
-     */
-    static void polishList(QComboBox &combo);
-
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *returned) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
@@ -34,4 +29,7 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QSet<QObject *> m_seen; ///< boxes whose lists are polished; only compared
 };

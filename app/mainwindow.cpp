@@ -31,7 +31,6 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     showPadsPanels();
     setUpCombos();
     setstyles();
-    polishLists();
     uncoverColorsLabel();
     connectSignals();
     setUpKeys();
@@ -113,12 +112,6 @@ void MainWindow::setUpCombos()
     style->setParent(this);
     for (QComboBox *combo : findChildren<QComboBox *>())
         style->applyTo(*combo);
-}
-
-void MainWindow::polishLists()
-{
-    for (QComboBox *combo : findChildren<QComboBox *>())
-        ComboStyle::polishList(*combo);
 }
 
 /** The frame of the default colours lies over the end of the label beside it, where it is empty itself. */

@@ -141,7 +141,6 @@ private:
     void setUpGridView();
     void setUpLiveButtonsView();
     void setUpCombos();
-    void polishLists();
     void uncoverColorsLabel();
     void connectSignals();
     void setUpKeys();
