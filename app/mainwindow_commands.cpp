@@ -57,7 +57,7 @@ void MainWindow::changeWidth(int width)
 {
     setFixedWidth(width);
     if (!isVisible())
-        return; // the desktop places it yet
+        return;                                                             // the desktop places it yet
     const QRect room = screen()->availableGeometry().adjusted(0, 0, -1, 0); // scaling rounds both
     const QPoint place = Scaling::placeOn(room, frameGeometry());
     if (place != pos())
