@@ -39,7 +39,7 @@ soon() {
 # start_desktop LOGS [SIZE DPI]: the words of server and window manager go to that folder.
 start_desktop() {
     mkdir -p "$home"
-    mkdir -m 700 -p "$scratch/run"
+    [[ -d $scratch/run ]] || mkdir -m 700 "$scratch/run"
     : >"$scratch/display"
     launch Xvfb -displayfd 3 -screen 0 "${2:-1600x900}x24" -dpi "${3:-96}" -noreset 3>"$scratch/display" >"$1/server.log" 2>&1 &
     server_id=$!
