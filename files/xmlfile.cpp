@@ -147,19 +147,6 @@ bool isCrowded(QStringView text)
     return false;
 }
 
-std::optional<QStringList> streamedAttributes(const QString &text, const QString &element,
-                                              const QString &attribute)
-{
-    QStringList values;
-    QXmlStreamReader xml(text);
-    xml.setNamespaceProcessing(false);
-    while (!xml.atEnd()) {
-        if (xml.readNext() == QXmlStreamReader::StartElement && xml.qualifiedName() == element)
-            values.append(xml.attributes().value(attribute).toString());
-    }
-    return xml.hasError() ? std::nullopt : std::optional<QStringList>(values);
-}
-
 } // namespace
 
 QDomDocument parseXml(const QByteArray &bytes)
@@ -175,9 +162,26 @@ std::optional<QStringList> streamXmlAttributes(const QByteArray &bytes, const QS
                                                const QString &attribute)
 {
     const QString text = decoded(bytes);
-    if (!isHarmless(text))
-        return QStringList();
-    return isCrowded(text) ? std::nullopt : streamedAttributes(text, element, attribute);
+    if (holdsNull(text) || isCrowded(text))
+        return {};
+
+    QStringList values;
+    int depth = 0;
+    QXmlStreamReader xml(text);
+    xml.setNamespaceProcessing(false);
+    while (!xml.atEnd()) {
+        const auto token = xml.readNext();
+        if (token == QXmlStreamReader::DTD || depth > DeepestElement)
+            return {};
+        if (token == QXmlStreamReader::StartElement) {
+            ++depth;
+            if (xml.qualifiedName() == element)
+                values.append(xml.attributes().value(attribute).toString());
+        } else if (token == QXmlStreamReader::EndElement) {
+            --depth;
+        }
+    }
+    return xml.hasError() ? std::nullopt : std::optional<QStringList>(values);
 }
 
 QStringList xmlAttributes(const QDomDocument &document, const QString &element, const QString &attribute)

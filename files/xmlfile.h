@@ -29,7 +29,7 @@ QDomDocument readXmlFile(const QString &path, qint64 longest);
  * @param element    name of the elements
  * @param attribute  name of the attribute
  * @return           its value in each such element, empty where one lacks it; nothing where only parseXml() can
- *                   tell, as it forgives some faults
+ *                   tell: it forgives some faults, and knows what could do harm
  */
 std::optional<QStringList> streamXmlAttributes(const QByteArray &bytes, const QString &element,
                                                const QString &attribute);
