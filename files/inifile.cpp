@@ -189,6 +189,8 @@ public:
         m_at = begin;
         for (bool isQuoted = false; m_at < m_ini.size(); ++m_at) {
             const char sign = m_ini.at(m_at);
+            if (sign > '=' && sign != '\\')
+                continue; // letters, most of all
             if (sign == '\\')
                 passEscape();
             else if (sign == '"')
@@ -266,9 +268,11 @@ QString decodedName(const QByteArray &name)
     return decoded;
 }
 
-/** The group that a line begins, with a slash behind it; empty for the one of all keys without a group. */
+/** The group that a line begins, with a slash behind it; empty for the one of all keys without a group, or no line. */
 QString groupOf(const QByteArray &line)
 {
+    if (line.isEmpty())
+        return {};
     const int end = line.indexOf(']');
     const QByteArray name = line.mid(1, end < 0 ? -1 : end - 1).trimmed();
     if (name.compare("general", Qt::CaseInsensitive) == 0)
@@ -328,15 +332,14 @@ QHash<QString, QString> iniTextsWithCommas(const QByteArray &ini)
 
     const bool isUtf8 = ini.startsWith("\xEF\xBB\xBF");
     Lines lines(ini, firstLine(ini, isUtf8));
-    QString group;
+    QByteArray group;
     while (const auto line = lines.next()) {
         if (line->text.startsWith('[')) {
-            group = groupOf(line->text);
-        } else if (line->equals >= 0) {
+            group = line->text;
+        } else if (line->equals >= 0 && line->text.indexOf(',', line->equals) >= 0) {
+            const QString key = groupOf(group) + decodedName(withoutBlanks(line->text.left(line->equals)));
             const QByteArray value = withoutBlanks(line->text.mid(line->equals + 1));
-            if (value.contains(','))
-                texts.insert(iniKey(group + decodedName(withoutBlanks(line->text.left(line->equals)))),
-                             decodedValue(value, isUtf8));
+            texts.insert(iniKey(key), decodedValue(value, isUtf8));
         }
     }
     return texts;
