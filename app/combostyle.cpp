@@ -45,6 +45,17 @@ QRect textPlace(const QComboBox &combo)
     return combo.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo);
 }
 
+/** Shows a tool tip where not all of the text is seen; whether it does. */
+bool showWholeText(QComboBox &combo, const QHelpEvent &event)
+{
+    const QString text = combo.currentText();
+    if (fitted(text, combo.fontMetrics(), textPlace(combo).width()) == text)
+        return false;
+    // As rich text it is taken letter for letter; a name that has tags would else be rendered.
+    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(text), &combo);
+    return true;
+}
+
 } // namespace
 
 void ComboStyle::applyTo(QComboBox &combo)
@@ -84,19 +95,13 @@ void ComboStyle::polish(QWidget *widget)
 
 bool ComboStyle::eventFilter(QObject *watched, QEvent *event)
 {
-    auto *combo = static_cast<QComboBox *>(watched);
-    if (event->type() == QEvent::Show && !m_seen.contains(watched)) { // earlier, it would cost at start-up
-        m_seen.insert(watched);
+    auto *combo = qobject_cast<QComboBox *>(watched); // none while the box is taken down
+    if (combo && event->type() == QEvent::Show
+        && !m_seen.contains(combo)) { // earlier, it would cost at start-up
+        m_seen.insert(combo);
         polishList(*combo);
     }
-    if (event->type() != QEvent::ToolTip)
-        return QProxyStyle::eventFilter(watched, event);
-    const QString text = combo->currentText();
-    if (fitted(text, combo->fontMetrics(), textPlace(*combo).width()) != text) {
-        // As rich text it is taken letter for letter; a name that has tags would else be rendered.
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), Qt::convertFromPlainText(text),
-                           combo);
+    if (combo && event->type() == QEvent::ToolTip && showWholeText(*combo, *static_cast<QHelpEvent *>(event)))
         return true;
-    }
     return QProxyStyle::eventFilter(watched, event);
 }
