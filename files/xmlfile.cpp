@@ -134,15 +134,40 @@ bool isHarmless(QStringView text)
     return true;
 }
 
-/** Whether an element could have so many attributes that streaming it takes long. */
-bool isCrowded(QStringView text)
+/** Whether no comment, declaration or marked text begins with a bracket; the first line of a document may. */
+bool isStartOfElement(QStringView text, qsizetype bracket)
+{
+    const QStringView next = text.mid(bracket + 1, 1);
+    return next != QLatin1String("!") && (next != QLatin1String("?") || bracket == 0);
+}
+
+/**
+ * Whether the parser alone can tell what a document holds, or a stream reader would take long.
+ *
+ * The two differ in the letters that a name may have beyond ASCII, and in declarations.
+ */
+bool isForTheParser(QStringView text)
 {
     int equalsSigns = 0;
-    for (const QChar sign : text) {
-        if (sign == '<')
+    bool isInTag = false;
+    QChar quote;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const QChar sign = text.at(at);
+        if (!isInTag) {
+            isInTag = sign == '<';
             equalsSigns = 0;
-        else if (sign == '=' && ++equalsSigns > MostAttributes)
+            if (isInTag && !isStartOfElement(text, at))
+                return true;
+        } else if (!quote.isNull()) {
+            if (sign == quote)
+                quote = {};
+        } else if (sign == '"' || sign == '\'') {
+            quote = sign;
+        } else if (sign == '>') {
+            isInTag = false;
+        } else if (sign > QChar(0x7F) || (sign == '=' && ++equalsSigns > MostAttributes)) {
             return true;
+        }
     }
     return false;
 }
@@ -162,7 +187,7 @@ std::optional<QStringList> streamXmlAttributes(const QByteArray &bytes, const QS
                                                const QString &attribute)
 {
     const QString text = decoded(bytes);
-    if (holdsNull(text) || isCrowded(text))
+    if (holdsNull(text) || isForTheParser(text))
         return {};
 
     QStringList values;
@@ -171,7 +196,7 @@ std::optional<QStringList> streamXmlAttributes(const QByteArray &bytes, const QS
     xml.setNamespaceProcessing(false);
     while (!xml.atEnd()) {
         const auto token = xml.readNext();
-        if (token == QXmlStreamReader::DTD || depth > DeepestElement)
+        if (depth > DeepestElement)
             return {};
         if (token == QXmlStreamReader::StartElement) {
             ++depth;
