@@ -141,10 +141,25 @@ bool isStartOfElement(QStringView text, qsizetype bracket)
     return next != QLatin1String("!") && (next != QLatin1String("?") || bracket == 0);
 }
 
+bool isLetter(QChar sign)
+{
+    return (sign >= 'a' && sign <= 'z') || (sign >= 'A' && sign <= 'Z') || sign == '_';
+}
+
+/** Whether a sign of a tag, outside of quotes, is one between names, or in a name one that all readers take for such. */
+bool isPlainInTag(QChar sign, QChar before)
+{
+    const bool isWithin = (sign >= '0' && sign <= '9') || sign == '-' || sign == '.';
+    const bool isBetween = sign == ' ' || sign == '=' || sign == '/' || sign == '?' || sign == '\n'
+                           || sign == '\r' || sign == '\t';
+    return isLetter(sign) || isBetween
+           || (isWithin && (isLetter(before) || (before >= '0' && before <= '9')));
+}
+
 /**
  * Whether the parser alone can tell what a document holds, or a stream reader would take long.
  *
- * The two differ in the letters that a name may have beyond ASCII, and in declarations.
+ * The two differ in what a name may consist of, and in declarations.
  */
 bool isForTheParser(QStringView text)
 {
@@ -165,7 +180,7 @@ bool isForTheParser(QStringView text)
             quote = sign;
         } else if (sign == '>') {
             isInTag = false;
-        } else if (sign > QChar(0x7F) || (sign == '=' && ++equalsSigns > MostAttributes)) {
+        } else if (!isPlainInTag(sign, text.at(at - 1)) || (sign == '=' && ++equalsSigns > MostAttributes)) {
             return true;
         }
     }
