@@ -88,11 +88,11 @@ bool holdsNull(QStringView text)
 {
     if (text.contains(QChar::Null))
         return true;
-    const QLatin1String reference("&#");
-    for (auto at = behind(text, reference, 0); at < text.size(); at = behind(text, reference, at)) {
-        const int base = text.at(at) == 'x' ? 16 : 10;
-        if (base == 16)
-            ++at;
+    for (auto at = text.indexOf('&'); at >= 0; at = text.indexOf('&', at)) {
+        if (++at == text.size() || text.at(at) != '#')
+            continue;
+        const int base = text.mid(at + 1, 1) == QLatin1String("x") ? 16 : 10;
+        at += base == 16 ? 2 : 1;
         ushort unit = 0;
         for (int digit = 0; at < text.size() && (digit = digitOf(text.at(at), base)) >= 0; ++at)
             unit = ushort(unit * base + digit);
@@ -163,25 +163,20 @@ bool isPlainInTag(QChar sign, QChar before)
  */
 bool isForTheParser(QStringView text)
 {
-    int equalsSigns = 0;
-    bool isInTag = false;
-    QChar quote;
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        const QChar sign = text.at(at);
-        if (!isInTag) {
-            isInTag = sign == '<';
-            equalsSigns = 0;
-            if (isInTag && !isStartOfElement(text, at))
-                return true;
-        } else if (!quote.isNull()) {
-            if (sign == quote)
-                quote = {};
-        } else if (sign == '"' || sign == '\'') {
-            quote = sign;
-        } else if (sign == '>') {
-            isInTag = false;
-        } else if (!isPlainInTag(sign, text.at(at - 1)) || (sign == '=' && ++equalsSigns > MostAttributes)) {
+    for (qsizetype at = text.indexOf('<'); at >= 0; at = text.indexOf('<', at)) {
+        if (!isStartOfElement(text, at))
             return true;
+        int equalsSigns = 0;
+        for (++at; at < text.size() && text.at(at) != '>'; ++at) {
+            const QChar sign = text.at(at);
+            if (sign == '"' || sign == '\'') {
+                at = text.indexOf(sign, at + 1);
+                if (at < 0)
+                    return true;
+            } else if (!isPlainInTag(sign, text.at(at - 1))
+                       || (sign == '=' && ++equalsSigns > MostAttributes)) {
+                return true;
+            }
         }
     }
     return false;
