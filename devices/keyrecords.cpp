@@ -1,7 +1,7 @@
 #include "devices/keyrecords.h"
 
-#include "export/escape.h"
 #include "files/xmlfile.h"
+#include "script/escape.h"
 
 #include <QFile>
 #include <QHash>

@@ -3,11 +3,11 @@
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
 #include "devices/device.h"
-#include "export/escape.h"
 #include "export/mapping.h"
 #include "export/padspage.h"
 #include "files/path.h"
 #include "files/savefile.h"
+#include "script/escape.h"
 #include "tables/controller.h"
 #include "tables/vdjmodel.h"
 

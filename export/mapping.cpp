@@ -1,8 +1,8 @@
 #include "export/mapping.h"
 
 #include "devices/device.h"
-#include "export/escape.h"
-#include "export/script.h"
+#include "script/escape.h"
+#include "script/script.h"
 #include "tables/roles.h"
 
 #include <QAbstractItemModel>

@@ -1,8 +1,8 @@
 #include "tables/controller.h"
 
+#include "devices/keytooltip.h"
 #include "tables/assignments.h"
 #include "tables/dragpayload.h"
-#include "tables/keytooltip.h"
 #include "tables/roles.h"
 
 #include <QColor>

@@ -1,4 +1,4 @@
-#include "tables/keytooltip.h"
+#include "devices/keytooltip.h"
 
 #include "tables/roles.h"
 
