@@ -53,8 +53,7 @@ bool MainWindow::exportmapping()
 
     const QStringList palette = Device::palette(device);
     ControllerMapping mapping = {device, keylist, *controllermodel};
-    mapping.switchRow = switchkey.value(0, -1);
-    mapping.switchColumn = switchkey.value(1, -1);
+    mapping.switchKey = switchkey;
     mapping.defaultOff = palette.value(ui->combo_offcolor->currentIndex());
     mapping.defaultOn = palette.value(ui->combo_oncolor->currentIndex());
     mapping.isSimple = mapperRow <= 0;
