@@ -34,7 +34,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     uncoverColorsLabel();
     connectSignals();
     setUpKeys();
-    nameAfresh();
+    resetNames();
 
     updatebankcombo();
     readdefaultmappers();
@@ -49,7 +49,6 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new Ui_MainWin
     ui->vdjlistview->hideColumn(1);
     ui->dmxlistview->setFocus(); // the first device has given it to the grid, which is hidden
     msgstyle = StyleSheet::messageBox;
-    switchkey = {-1, -1};
 }
 
 MainWindow::~MainWindow()
@@ -135,19 +134,19 @@ void MainWindow::connectSignals()
     connect(controllermodel, &Controller::ItemToUncheck, this, &MainWindow::dmxtoremove2);
 }
 
-void MainWindow::nameAfresh()
+void MainWindow::resetNames()
 {
-    nameBanks();
+    resetBankNames();
     ui->bankname->setText(banklist.first());
-    namePage();
+    resetPageName();
 }
 
-void MainWindow::namePage()
+void MainWindow::resetPageName()
 {
     ui->padsname->setText("OS2L DMX");
 }
 
-void MainWindow::nameBanks()
+void MainWindow::resetBankNames()
 {
     banklist.clear();
     for (int bank = 1; bank <= PadBanks::Count; ++bank)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "devices/grid.h"
 #include "tables/record.h"
 
 #include <QList>
@@ -144,9 +145,9 @@ private:
     void uncoverColorsLabel();
     void connectSignals();
     void setUpKeys();
-    void nameAfresh();
-    void nameBanks();
-    void namePage();
+    void resetNames();
+    void resetBankNames();
+    void resetPageName();
     void makeFolders();
     void hideHeaders();
 
@@ -166,8 +167,8 @@ private:
     void untickIfGone(int button, const QAbstractItemModel &table, int columns);
     void noteCheck(int button, const QString &check);
     void clearKey(const QModelIndex &key);
-    void emptyTables();
-    void focusAnew(QTableView &table);
+    void rebuildTables();
+    void repaintAndFocus(QTableView &table);
     void goToFirstLiveButton();
     void focusOnFirstLiveButton();
     void copyLiveButton(const QModelIndex &cell);
@@ -202,7 +203,7 @@ private:
     Mydelegate *delegate;
     QString devicename;
     int deviceindex = 0;
-    QList<int> switchkey;
+    Grid::Cell switchkey;
     QModelIndex menuindex;
     VDJModel *vdjmodel;
     MyModel *dmxmodel;

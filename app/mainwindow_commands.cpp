@@ -59,7 +59,7 @@ void MainWindow::changeWidth(int width)
 {
     setFixedWidth(width);
     if (!isVisible())
-        return;                                                             // the desktop places it yet
+        return; // the desktop is still to place it
     const QRect room = screen()->availableGeometry().adjusted(0, 0, -1, 0); // scaling rounds both
     const QPoint place = Scaling::placeOn(room, frameGeometry());
     if (place != pos())
@@ -119,7 +119,7 @@ void MainWindow::on_radio_outputpage_clicked()
     if (ui->radio_outputpage->isChecked())
         switchToPadsPage();
     else
-        switchToMidiMapping(1365);
+        switchToMidiMapping(1365); // the form's own width; no click leads here, as a click checks its button
 }
 
 void MainWindow::on_radio_outputmidi_clicked()

@@ -3,7 +3,7 @@
 #include <QMessageBox>
 
 /**
- * The one way a styled question or notice is put to the user; the one box without the style says so itself.
+ * Puts questions and notices to the user. One box does without: that of loadshow(), which has no style.
  *
  * A box has no parent, no title and no icon; exec() runs it modal to the program. Texts are shown as they
  * are, so a name is never taken for rich text.

@@ -13,6 +13,19 @@ namespace Grid {
 /** Rows of the grid, and columns as well. */
 constexpr int Size = 12;
 
+/** A cell of the grid by row and column from 0, or none. */
+struct Cell
+{
+    int row = -1;
+    int column = -1;
+
+    bool operator==(const Cell &other) const { return row == other.row && column == other.column; }
+    bool operator!=(const Cell &other) const { return !(*this == other); }
+};
+
+/** No cell, such as that of the Switch where no key is it. */
+constexpr Cell NoCell;
+
 /** Whether the row or column of this number is a gap. */
 constexpr bool isGap(int rowOrColumn)
 {

@@ -1,7 +1,7 @@
 #include "devices/keyrecords.h"
 
-#include "export/escape.h"
 #include "files/xmlfile.h"
+#include "script/escape.h"
 
 #include <QFile>
 #include <QHash>
@@ -27,11 +27,11 @@ Record readControl(const QDomElement &control, const Scripts &scripts)
 {
     const QString name = control.attribute("name");
     return {
-        {"value", name},
-        {"action", unwrapScript(scripts.value(name))},
-        {"row", control.attribute("row")},
-        {"col", control.attribute("col")},
-        {"type", control.tagName()},
+        {KeyRecord::Name, name},
+        {KeyRecord::Script, unwrapScript(scripts.value(name))},
+        {KeyRecord::Row, control.attribute("row")},
+        {KeyRecord::Column, control.attribute("col")},
+        {KeyRecord::Type, control.tagName()},
     };
 }
 
@@ -47,13 +47,13 @@ QList<Record> readControls(const QDomDocument &layout, const QString &type, cons
 QList<Record> readPads(const QDomDocument &layout, const Scripts &scripts)
 {
     QList<Record> records;
-    const QDomNodeList pads = layout.elementsByTagName("pad");
+    const QDomNodeList pads = layout.elementsByTagName(KeyRecord::Pad);
     for (int i = 0; i < pads.size(); ++i) {
         const QDomElement pad = pads.at(i).toElement();
         Record record = readControl(pad, scripts);
-        const QString led = pad.attribute("colorled") + record.value("value");
-        record.insert("led", led);
-        record.insert("ledaction", unwrapScript(scripts.value(led)));
+        const QString led = pad.attribute("colorled") + record.value(KeyRecord::Name);
+        record.insert(KeyRecord::Led, led);
+        record.insert(KeyRecord::LedScript, unwrapScript(scripts.value(led)));
         records.append(record);
     }
     return records;
@@ -63,17 +63,19 @@ QList<Record> readButtons(const QDomDocument &layout, const Scripts &scripts)
 {
     QList<Record> records;
     bool anyLedMapped = false; // of the whole pass, and on purpose not of each button
-    const QDomNodeList buttons = layout.elementsByTagName("button");
+    const QDomNodeList buttons = layout.elementsByTagName(KeyRecord::Button);
     for (int i = 0; i < buttons.size(); ++i) {
         const QDomElement button = buttons.at(i).toElement();
         Record record = readControl(button, scripts);
         const QString colorLed = button.attribute("colorled");
         const bool hasColorLed = !colorLed.isEmpty();
-        const QString led = (hasColorLed ? colorLed : button.attribute("led")) + record.value("value");
+        const QString led =
+            (hasColorLed ? colorLed : button.attribute("led")) + record.value(KeyRecord::Name);
         anyLedMapped = anyLedMapped || scripts.contains(led);
-        record.insert("led", led);
-        record.insert("ledtype", hasColorLed ? "color" : "led");
-        record.insert("ledaction", anyLedMapped ? unwrapScript(scripts.value(led)) : record.value("action"));
+        record.insert(KeyRecord::Led, led);
+        record.insert(KeyRecord::LedType, hasColorLed ? KeyRecord::ColorLed : KeyRecord::PlainLed);
+        record.insert(KeyRecord::LedScript,
+                      anyLedMapped ? unwrapScript(scripts.value(led)) : record.value(KeyRecord::Script));
         records.append(record);
     }
     return records;
@@ -89,7 +91,7 @@ QList<Record> readKeyRecords(const QString &layoutPath, const QString &mapperPat
     const QDomDocument layout = readXmlFile(layoutPath, LongestMapper);
     const Scripts scripts = scriptsOf(readXmlFile(mapperPath, LongestMapper));
     QList<Record> records = readPads(layout, scripts) + readButtons(layout, scripts);
-    for (const char *type : {"slider", "ignore", "empty"})
+    for (const char *type : {KeyRecord::Slider, KeyRecord::Ignore, KeyRecord::Empty})
         records += readControls(layout, type, scripts);
     return records;
 }

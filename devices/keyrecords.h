@@ -4,13 +4,36 @@
 
 #include <QList>
 
+/** The entries of a key record by their names, and what they tell. */
+namespace KeyRecord {
+
+inline constexpr char Name[] = "value";          ///< name of the control
+inline constexpr char Script[] = "action";       ///< its script in the mapper
+inline constexpr char Row[] = "row";             ///< its cell of the grid
+inline constexpr char Column[] = "col";          ///< of a slider, its number from 0
+inline constexpr char Type[] = "type";           ///< one of those below
+inline constexpr char Led[] = "led";             ///< name of its LED; of pads and buttons
+inline constexpr char LedScript[] = "ledaction"; ///< script of the LED; of pads and buttons
+inline constexpr char LedType[] = "ledtype";     ///< whether the LED has colours; of buttons
+
+// Types of controls, which are the names of their elements in a layout.
+inline constexpr char Pad[] = "pad";
+inline constexpr char Button[] = "button";
+inline constexpr char Slider[] = "slider";
+inline constexpr char Ignore[] = "ignore";
+inline constexpr char Empty[] = "empty";
+
+// Types of LEDs.
+inline constexpr char ColorLed[] = "color";
+inline constexpr char PlainLed[] = "led";
+
+} // namespace KeyRecord
+
 /**
  * Merges a controller's layout and a mapper into key records, one for each control of the layout.
  *
- * A record has "value" (name of the control), "action" (its script in the mapper), "row" and "col" (its cell
- * on the grid) and "type" ("pad", "button", "slider", "ignore" or "empty"). Pads and buttons have "led" (name
- * of their LED) and "ledaction" as well, buttons "ledtype" ("color" or "led"). Scripts are decoded, and freed
- * of the OS2L wrapping of an exported mapper. Where a mapper has several rows of one name, the last counts.
+ * Scripts are decoded, and freed of the OS2L wrapping of an exported mapper. Where a mapper has several rows of one
+ * name, the last counts.
  *
  * A button whose LED has no row lights by the button's action, but only as long as no button before it in
  * the layout has a LED row of its own.

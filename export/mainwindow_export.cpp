@@ -3,11 +3,11 @@
 #include "app/messagebox.h"
 #include "app/ui_mainwindow.h"
 #include "devices/device.h"
-#include "export/escape.h"
 #include "export/mapping.h"
 #include "export/padspage.h"
 #include "files/path.h"
 #include "files/savefile.h"
+#include "script/escape.h"
 #include "tables/controller.h"
 #include "tables/vdjmodel.h"
 
@@ -53,8 +53,7 @@ bool MainWindow::exportmapping()
 
     const QStringList palette = Device::palette(device);
     ControllerMapping mapping = {device, keylist, *controllermodel};
-    mapping.switchRow = switchkey.value(0, -1);
-    mapping.switchColumn = switchkey.value(1, -1);
+    mapping.switchKey = switchkey;
     mapping.defaultOff = palette.value(ui->combo_offcolor->currentIndex());
     mapping.defaultOn = palette.value(ui->combo_oncolor->currentIndex());
     mapping.isSimple = mapperRow <= 0;

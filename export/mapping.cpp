@@ -1,8 +1,9 @@
 #include "export/mapping.h"
 
 #include "devices/device.h"
-#include "export/escape.h"
-#include "export/script.h"
+#include "devices/keyrecords.h"
+#include "script/escape.h"
+#include "script/script.h"
 #include "tables/roles.h"
 
 #include <QAbstractItemModel>
@@ -34,17 +35,16 @@ struct LedScripts
 
 Key readKey(const Record &record, const QAbstractItemModel &grid)
 {
-    const QString type = record.value("type");
-    const int column = record.value("col").toInt();
+    const int column = record.value(KeyRecord::Column).toInt();
     return {
-        record.value("value"),
-        record.value("led"),
-        escapeScript(record.value("action")),
-        escapeScript(record.value("ledaction")),
-        type,
-        record.value("ledtype") == "color",
+        record.value(KeyRecord::Name),
+        record.value(KeyRecord::Led),
+        escapeScript(record.value(KeyRecord::Script)),
+        escapeScript(record.value(KeyRecord::LedScript)),
+        record.value(KeyRecord::Type),
+        record.value(KeyRecord::LedType) == KeyRecord::ColorLed,
         column,
-        grid.index(record.value("row").toInt(), column),
+        grid.index(record.value(KeyRecord::Row).toInt(), column),
     };
 }
 
@@ -61,8 +61,7 @@ QString eitherOf(const LedScripts &led)
 
 bool isSwitch(const ControllerMapping &mapping, const Key &key)
 {
-    return !mapping.isSimple && key.cell.row() == mapping.switchRow
-           && key.cell.column() == mapping.switchColumn;
+    return !mapping.isSimple && mapping.switchKey == Grid::Cell{key.cell.row(), key.cell.column()};
 }
 
 /** What a control does: for the lights alone, or for them first and its own script, if any, otherwise. */
@@ -112,7 +111,7 @@ LedScripts buttonColors(const ControllerMapping &mapping, const Key &key)
 /** What the LED of a Live Button shows while the button is on, and while it is off. */
 QString litOrNot(const ControllerMapping &mapping, const Key &key)
 {
-    if (key.type == "button") // obeys no colours and no blink of its cell
+    if (key.type == KeyRecord::Button) // obeys no colours and no blink of its cell
         return eitherOf(buttonColors(mapping, key));
     const LedScripts colors = padColors(mapping, key.cell);
     const QString either = eitherOf(colors);
@@ -121,7 +120,7 @@ QString litOrNot(const ControllerMapping &mapping, const Key &key)
 
 QString switchLed(const ControllerMapping &mapping, const Key &key)
 {
-    if (key.type == "button")
+    if (key.type == KeyRecord::Button)
         return lightsHaveKeys();
     return ifElse(lightsHaveKeys(),
                   eitherOf(Device::isRgb(mapping.device) ? dimmedColors(key.cell, "30%")
@@ -131,7 +130,7 @@ QString switchLed(const ControllerMapping &mapping, const Key &key)
 /** LED of a key that does nothing for the lights. That the key has a script decides, not that the LED has. */
 QString darkLed(const ControllerMapping &mapping, const Key &key)
 {
-    QString dark = key.type == "pad" ? color("black") : QString("off");
+    QString dark = key.type == KeyRecord::Pad ? color("black") : QString("off");
     if (mapping.isSimple)
         return dark;
     return key.script.isEmpty() ? ifElse(lightsHaveKeys(), dark)
@@ -161,14 +160,14 @@ void writeKeyAndLed(QTextStream &out, const ControllerMapping &mapping, const Ke
 
 void writeControl(QTextStream &out, const ControllerMapping &mapping, const Key &key)
 {
-    if (key.type == "pad" || key.type == "button")
+    if (key.type == KeyRecord::Pad || key.type == KeyRecord::Button)
         writeKeyAndLed(out, mapping, key);
-    else if (key.type == "slider")
+    else if (key.type == KeyRecord::Slider)
         writeRow(out, key.name,
                  forLights(mapping, "os2l_cmd " + QString::number(qint64(key.column) + 1), key.script));
-    else if (key.type == "ignore")
+    else if (key.type == KeyRecord::Ignore)
         writeRow(out, key.name, key.script);
-    else if (key.type == "empty")
+    else if (key.type == KeyRecord::Empty)
         writeRow(out, key.name,
                  key.script.isEmpty() ? QString(Nothing) : forLights(mapping, Nothing, key.script));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "devices/grid.h"
 #include "tables/record.h"
 
 #include <QDate>
@@ -14,12 +15,11 @@ struct ControllerMapping
     Record device;                  ///< device record of the controller
     QList<Record> keys;             ///< its key records, in the order of the file
     const QAbstractItemModel &grid; ///< the key grid; a key whose cell is outside of it counts as assigned
-    int switchRow = -1;             ///< cell of the Switch key, -1 where there is none
-    int switchColumn = -1;
-    QString defaultOff = {}; ///< colour of a resting LED on a device with a palette
-    QString defaultOn = {};  ///< colour of a lit LED on a device with a palette
-    bool isSimple = false;   ///< for the lights alone, or wrapped around the scripts of the key records
-    QDate date = {};         ///< day of the export
+    Grid::Cell switchKey = {};      ///< cell of the Switch key
+    QString defaultOff = {};        ///< colour of a resting LED on a device with a palette
+    QString defaultOn = {};         ///< colour of a lit LED on a device with a palette
+    bool isSimple = false; ///< for the lights alone, or wrapped around the scripts of the key records
+    QDate date = {};       ///< day of the export
 };
 
 /**

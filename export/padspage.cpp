@@ -1,6 +1,6 @@
 #include "export/padspage.h"
 
-#include "export/script.h"
+#include "script/script.h"
 #include "tables/padbanks.h"
 #include "tables/roles.h"
 

@@ -1,7 +1,7 @@
 // The escaping of scripts and the unwrapping of exported ones; an input is a script in UTF-8.
 
-#include "export/escape.h"
 #include "fuzz/target.h"
+#include "script/escape.h"
 
 #include <QStringList>
 

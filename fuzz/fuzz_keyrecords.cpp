@@ -2,9 +2,9 @@
 // Without that line, it is a layout that serves as its own mapper.
 
 #include "devices/keyrecords.h"
-#include "export/escape.h"
 #include "files/xmlfile.h"
 #include "fuzz/target.h"
+#include "script/escape.h"
 
 #include <QHash>
 

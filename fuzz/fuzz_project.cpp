@@ -6,7 +6,6 @@
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
 
-#include <QDomDocument>
 #include <QTextStream>
 
 #include <algorithm>
@@ -16,15 +15,15 @@ namespace {
 constexpr int PadRows = 64;
 constexpr int GridRows = 12;
 
-/** The settings and both tables of a document. */
-struct Project
+/** The settings and both tables of a project. */
+struct LaidOut
 {
-    explicit Project(const QDomDocument &document) : settings(projectSettings(document))
+    explicit LaidOut(const Project &project) : settings(project.settings)
     {
         pads.insertRows(0, PadRows);
         grid.insertRows(0, GridRows);
-        layOnPads(document, pads, [this](int) { ++ticks; });
-        layOnGrid(document, grid, [this](int) { ++ticks; });
+        layOnPads(project, pads, [this](int) { ++ticks; });
+        layOnGrid(project, grid, [this](int) { ++ticks; });
     }
 
     QList<ProjectSettings> settings;
@@ -33,19 +32,15 @@ struct Project
     int ticks = 0;
 };
 
-QByteArray written(const Project &project)
+QByteArray written(const LaidOut &laid)
 {
-    const ProjectSettings settings = project.settings.value(0);
+    const ProjectSettings settings = laid.settings.value(0);
     QByteArray bytes;
     QTextStream out(&bytes);
     out.setCodec("UTF-8");
-    if (settings.isMidi)
-        writeProject(out, MidiProject{settings.device, settings.show, settings.showName, settings.switchKey,
-                                      settings.offColor.value_or(-1), settings.onColor.value_or(-1),
-                                      settings.exportName, project.grid});
-    else
-        writeProject(out, PadsProject{settings.show, settings.showName, settings.exportName,
-                                      settings.has16Pads, settings.banks, project.pads});
+    writeProject(out, settings,
+                 settings.isMidi ? cellsOf(laid.grid, CellFields::ofKeys())
+                                 : cellsOf(laid.pads, CellFields::ofPads()));
     out.flush();
     return bytes;
 }
@@ -78,33 +73,30 @@ bool isSafe(const QAbstractItemModel &table)
     return true;
 }
 
-QDomDocument read(const QByteArray &bytes)
+Project read(const QByteArray &bytes)
 {
     const ScratchFile file(bytes);
-    const auto document = readProject(file.path());
-    expect(document.has_value(), "a project of this size is read");
-    return *document;
+    const auto project = readProject(file.path());
+    expect(project.has_value(), "a project of this size is read");
+    return *project;
 }
 
 } // namespace
 
 void tryInput(const QByteArray &input)
 {
-    const QDomDocument document = read(input);
-    const Project project(document);
-    for (const ProjectSettings &settings : project.settings)
-        expect(settings.switchKey.size() == 2, "the Switch has a row and a column");
-    expect(project.pads.getlist().size() == PadRows && project.grid.getlist().size() == GridRows,
+    const Project project = read(input);
+    const LaidOut laid(project);
+    expect(laid.pads.getlist().size() == PadRows && laid.grid.getlist().size() == GridRows,
            "laying cells on a table does not change its size");
-    const int keys = document.elementsByTagName("key").size();
-    expect(project.ticks == 2 * keys, "each cell asks for a tick on each table");
+    expect(laid.ticks == 2 * project.cells.size(), "each cell asks for a tick on each table");
 
-    if (project.settings.size() != 1 || !isSafe(project.settings.first()))
+    if (laid.settings.size() != 1 || !isSafe(laid.settings.first()))
         return;
-    if (!isSafe(project.settings.first().isMidi ? static_cast<const QAbstractItemModel &>(project.grid)
-                                                : project.pads))
+    if (!isSafe(laid.settings.first().isMidi ? static_cast<const QAbstractItemModel &>(laid.grid)
+                                             : laid.pads))
         return;
-    const QByteArray bytes = written(project);
-    expect(written(Project(read(bytes))) == bytes,
+    const QByteArray bytes = written(laid);
+    expect(written(LaidOut(read(bytes))) == bytes,
            "a project that is read, written and read again is the same");
 }

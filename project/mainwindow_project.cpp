@@ -10,7 +10,6 @@
 #include "tables/vdjmodel.h"
 
 #include <QDir>
-#include <QDomDocument>
 #include <QFileDialog>
 #include <QSet>
 
@@ -19,11 +18,12 @@
 namespace {
 
 /** Writes a project into a file and tells the user how that went. */
-template<typename Project>
-void save(const Project &project, const QString &path, const QString &messageStyle)
+void save(const ProjectSettings &settings, const QVector<ProjectCell> &cells, const QString &path,
+          const QString &messageStyle)
 {
     const QString name = QFileInfo(path).baseName();
-    const bool isSaved = saveText(path, [&project](QTextStream &out) { writeProject(out, project); });
+    const bool isSaved =
+        saveText(path, [&settings, &cells](QTextStream &out) { writeProject(out, settings, cells); });
     MessageBox::notice(messageStyle, "Project " + name + (isSaved ? " is saved." : " was not saved."));
 }
 
@@ -40,18 +40,27 @@ QList<ProjectSettings> withShows(const QList<ProjectSettings> &projects)
 
 void MainWindow::savemidiproject(const QString &proj)
 {
-    const Record device = devicelist.value(ui->devicescombo->currentIndex());
-    save(MidiProject{device.value("device"), showfile, showname, switchkey,
-                     ui->combo_offcolor->currentIndex(), ui->combo_oncolor->currentIndex(),
-                     ui->padsname->text(), *controllermodel},
-         proj, msgstyle);
+    ProjectSettings settings;
+    settings.isMidi = true;
+    settings.show = showfile;
+    settings.showName = showname;
+    settings.exportName = ui->padsname->text();
+    settings.device = devicelist.value(ui->devicescombo->currentIndex()).value("device");
+    settings.switchKey = switchkey;
+    settings.offColor = ui->combo_offcolor->currentIndex();
+    settings.onColor = ui->combo_oncolor->currentIndex();
+    save(settings, cellsOf(*controllermodel, CellFields::ofKeys()), proj, msgstyle);
 }
 
 void MainWindow::savepadsproject(const QString &proj)
 {
-    save(PadsProject{showfile, showname, ui->padsname->text(), ui->radioButton_16pads->isChecked(), banklist,
-                     *vdjmodel},
-         proj, msgstyle);
+    ProjectSettings settings;
+    settings.show = showfile;
+    settings.showName = showname;
+    settings.exportName = ui->padsname->text();
+    settings.has16Pads = ui->radioButton_16pads->isChecked();
+    settings.banks = banklist;
+    save(settings, cellsOf(*vdjmodel, CellFields::ofPads()), proj, msgstyle);
 }
 
 /** Where dialogs for projects start; one that is missing would be taken for a file's name. */
@@ -68,13 +77,13 @@ bool MainWindow::loadproject()
     if (!project)
         return false;
 
-    const QList<ProjectSettings> all = projectSettings(*project);
-    const QList<ProjectSettings> leading = withShows(all);
+    const QList<ProjectSettings> leading = withShows(project->settings);
     applySettings(leading);
-    if (leading.size() < all.size())
+    if (leading.size() < project->settings.size())
         return false;
 
     const ProjectSettings last = leading.isEmpty() ? ProjectSettings() : leading.last();
+    // A button's number passes for its row: after the load above they are the same.
     const auto tick = [this](int button) { CheckChanged(button, 0); };
     if (last.isMidi) {
         layOnGrid(*project, *controllermodel, tick);
@@ -99,14 +108,14 @@ void MainWindow::applySettings(const QList<ProjectSettings> &projects)
 
     const ProjectSettings &last = projects.last();
     showname = last.showName;
-    nameBanks();
+    resetBankNames();
     if (!last.banks.isEmpty())
         banklist = last.banks;
     switchkey = last.switchKey;
     ui->padsname->setText(last.exportName);
 }
 
-/** Loads the last show that can be opened; where that is of an earlier project, the tables are emptied again. */
+/** Loads the last show that can be opened; where that is of an earlier project, the tables are rebuilt once more. */
 void MainWindow::loadLastShow(const QList<ProjectSettings> &projects)
 {
     QSet<QString> refused;
@@ -120,7 +129,7 @@ void MainWindow::loadLastShow(const QList<ProjectSettings> &projects)
         refused.insert(file);
     }
     if (!refused.isEmpty())
-        emptyTables();
+        rebuildTables();
 }
 
 void MainWindow::pickDevice(const ProjectSettings &project)

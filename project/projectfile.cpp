@@ -4,43 +4,17 @@
 #include "files/xmlfile.h"
 #include "tables/roles.h"
 
+#include <QAbstractItemModel>
 #include <QTextStream>
-#include <QVector>
 
 namespace {
 
 // A full one has some thirty thousand bytes. The document takes up to ninety times as much memory.
 constexpr qint64 LongestProject = 1 << 20;
 
-/** A value of a cell by its name in the file. */
-struct CellAttribute
+QString attribute(const QString &name, const QString &value)
 {
-    const char *name;
-    int role;
-};
-
-const QVector<CellAttribute> &padAttributes()
-{
-    static const QVector<CellAttribute> attributes = {
-        {"name", Qt::EditRole}, {"dspname", DisplayNameRole},  {"pagenr", PageRole},
-        {"id", ButtonRole},     {"color", Qt::DecorationRole},
-    };
-    return attributes;
-}
-
-const QVector<CellAttribute> &keyAttributes()
-{
-    static const QVector<CellAttribute> attributes = {
-        {"name", Qt::EditRole},   {"dspname", DisplayNameRole}, {"pagenr", PageRole},
-        {"id", ButtonRole},       {"avail", AvailableRole},     {"coloroff", OffColorRole},
-        {"coloron", OnColorRole}, {"blink", BlinkRole},         {"color", Qt::DecorationRole},
-    };
-    return attributes;
-}
-
-QString attribute(const char *name, const QString &value)
-{
-    return QString(name) + "=\"" + value + "\" ";
+    return name + "=\"" + value + "\" ";
 }
 
 QString attribute(const char *name, int value)
@@ -48,32 +22,31 @@ QString attribute(const char *name, int value)
     return attribute(name, QString::number(value));
 }
 
-void writeCells(QTextStream &out, const QAbstractItemModel &table, const QVector<CellAttribute> &attributes)
+const CellFields::List &fieldsOf(const ProjectSettings &settings)
 {
-    for (int row = 0; row < table.rowCount(); ++row) {
-        for (int column = 0; column < table.columnCount(); ++column) {
-            const QModelIndex cell = table.index(row, column);
-            out << "\t<key " << attribute("row", row) << attribute("column", column);
-            for (const auto &[name, role] : attributes)
-                out << attribute(name, cell.data(role).toString());
-            out << "/>" << Qt::endl;
-        }
-    }
+    return settings.isMidi ? CellFields::ofKeys() : CellFields::ofPads();
 }
 
-void writeProject(QTextStream &out, const QString &settings, const QAbstractItemModel &table,
-                  const QVector<CellAttribute> &attributes)
+QString attributesOf(const ProjectSettings &settings)
 {
-    out << R"(<?xml version="1.0" encoding="UTF-8"?>)" << Qt::endl;
-    out << "<project " << settings << ">" << Qt::endl;
-    writeCells(out, table, attributes);
-    out << "</project>" << Qt::endl;
+    const QString type = attribute("type", settings.isMidi ? "midi" : "pads");
+    const QString show = attribute("show", settings.show) + attribute("showname", settings.showName);
+    const QString name = attribute("export", settings.exportName);
+    if (!settings.isMidi)
+        return type + show + name + attribute("layout", settings.has16Pads ? 1 : 0)
+               + attribute("banks", settings.banks.join(","));
+
+    const QString switchKey =
+        QString::number(settings.switchKey.row) + "," + QString::number(settings.switchKey.column);
+    return attribute("deviceid", settings.device) + type + show + attribute("switch", switchKey)
+           + attribute("offcolor", settings.offColor.value_or(-1))
+           + attribute("oncolor", settings.onColor.value_or(-1)) + name;
 }
 
-QList<int> cellOf(const QStringList &rowAndColumn)
+Grid::Cell switchOf(const QStringList &rowAndColumn)
 {
     if (rowAndColumn.size() < 2)
-        return {-1, -1};
+        return Grid::NoCell;
     return {rowAndColumn.at(0).toInt(), rowAndColumn.at(1).toInt()};
 }
 
@@ -84,78 +57,103 @@ std::optional<int> numberOf(const QString &text)
 
 ProjectSettings settingsOf(const QDomElement &project)
 {
-    const QString banks = project.attribute("banks");
-    return {
-        project.attribute("show"),
-        project.attribute("showname"),
-        banks.isEmpty() ? QStringList() : banks.split(","),
-        cellOf(project.attribute("switch").split(",")),
-        project.attribute("export"),
-        project.attribute("deviceid"),
-        project.attribute("type") == "midi",
-        project.attribute("layout") == "1",
-        numberOf(project.attribute("offcolor")),
-        numberOf(project.attribute("oncolor")),
-    };
+    ProjectSettings settings;
+    settings.isMidi = project.attribute("type") == "midi";
+    settings.show = project.attribute("show");
+    settings.showName = project.attribute("showname");
+    settings.exportName = project.attribute("export");
+    settings.has16Pads = project.attribute("layout") == "1";
+    if (const QString banks = project.attribute("banks"); !banks.isEmpty())
+        settings.banks = banks.split(",");
+    settings.device = project.attribute("deviceid");
+    settings.switchKey = switchOf(project.attribute("switch").split(","));
+    settings.offColor = numberOf(project.attribute("offcolor"));
+    settings.onColor = numberOf(project.attribute("oncolor"));
+    return settings;
 }
 
-void layOn(QAbstractItemModel &table, const QVector<CellAttribute> &attributes, const QDomDocument &project,
+ProjectCell cellOf(const QDomElement &key, const CellFields::List &fields)
+{
+    ProjectCell cell = {key.attribute("row").toInt(), key.attribute("column").toInt(), {}};
+    for (const CellField &field : fields) {
+        if (key.hasAttribute(field.key))
+            cell.texts.insert(field.key, key.attribute(field.key));
+    }
+    return cell;
+}
+
+void layOn(QAbstractItemModel &table, const CellFields::List &fields, const QVector<ProjectCell> &cells,
            const std::function<void(int)> &tick)
 {
-    const QDomNodeList keys = project.elementsByTagName("key");
-    for (int i = 0; i < keys.size(); ++i) {
-        const QDomElement key = keys.at(i).toElement();
-        const QModelIndex cell = table.index(key.attribute("row").toInt(), key.attribute("column").toInt());
-        tick(key.attribute("id").toInt());
-        for (const auto &[name, role] : attributes)
-            table.setData(cell, key.attribute(name), role);
+    const CellFields::List saved = CellFields::dragged(fields);
+    for (const ProjectCell &cell : cells) {
+        const QModelIndex index = table.index(cell.row, cell.column);
+        for (const CellField &field : saved) {
+            const QString text = cell.texts.value(field.key);
+            if (field.role == ButtonRole)
+                tick(text.toInt());
+            table.setData(index, text, field.role);
+        }
     }
 }
 
 } // namespace
 
-void writeProject(QTextStream &out, const PadsProject &project)
+QVector<ProjectCell> cellsOf(const QAbstractItemModel &table, const CellFields::List &fields)
 {
-    const QString settings =
-        attribute("type", "pads") + attribute("show", project.show) + attribute("showname", project.showName)
-        + attribute("export", project.exportName) + attribute("layout", project.has16Pads ? 1 : 0)
-        + attribute("banks", project.banks.join(","));
-    writeProject(out, settings, project.pads, padAttributes());
+    const CellFields::List saved = CellFields::dragged(fields);
+    QVector<ProjectCell> cells;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (int column = 0; column < table.columnCount(); ++column) {
+            ProjectCell cell = {row, column, {}};
+            for (const CellField &field : saved)
+                cell.texts.insert(field.key, table.index(row, column).data(field.role).toString());
+            cells.append(cell);
+        }
+    }
+    return cells;
 }
 
-void writeProject(QTextStream &out, const MidiProject &project)
+void writeProject(QTextStream &out, const ProjectSettings &settings, const QVector<ProjectCell> &cells)
 {
-    const QString switchKey = QString::number(project.switchKey.value(0, -1)) + ","
-                              + QString::number(project.switchKey.value(1, -1));
-    const QString settings = attribute("deviceid", project.device) + attribute("type", "midi")
-                             + attribute("show", project.show) + attribute("showname", project.showName)
-                             + attribute("switch", switchKey) + attribute("offcolor", project.offColor)
-                             + attribute("oncolor", project.onColor)
-                             + attribute("export", project.exportName);
-    writeProject(out, settings, project.grid, keyAttributes());
+    const CellFields::List saved = CellFields::dragged(fieldsOf(settings));
+    out << R"(<?xml version="1.0" encoding="UTF-8"?>)" << Qt::endl;
+    out << "<project " << attributesOf(settings) << ">" << Qt::endl;
+    for (const ProjectCell &cell : cells) {
+        out << "\t<key " << attribute("row", cell.row) << attribute("column", cell.column);
+        for (const CellField &field : saved)
+            out << attribute(field.key, cell.texts.value(field.key));
+        out << "/>" << Qt::endl;
+    }
+    out << "</project>" << Qt::endl;
 }
 
-std::optional<QDomDocument> readProject(const QString &path)
+Project parseProject(const QByteArray &xml)
+{
+    const QDomDocument document = parseXml(xml);
+    Project project;
+    const QDomNodeList settings = document.elementsByTagName("project");
+    for (int i = 0; i < settings.size(); ++i)
+        project.settings.append(settingsOf(settings.at(i).toElement()));
+    const QDomNodeList keys = document.elementsByTagName("key");
+    const CellFields::List saved = CellFields::dragged(CellFields::ofKeys()); // a pad has no others
+    for (int i = 0; i < keys.size(); ++i)
+        project.cells.append(cellOf(keys.at(i).toElement(), saved));
+    return project;
+}
+
+std::optional<Project> readProject(const QString &path)
 {
     const auto bytes = readFile(path, LongestProject);
-    return bytes ? std::optional<QDomDocument>(parseXml(*bytes)) : std::nullopt;
+    return bytes ? std::optional<Project>(parseProject(*bytes)) : std::nullopt;
 }
 
-QList<ProjectSettings> projectSettings(const QDomDocument &project)
+void layOnPads(const Project &project, QAbstractItemModel &pads, const std::function<void(int)> &tick)
 {
-    QList<ProjectSettings> settings;
-    const QDomNodeList elements = project.elementsByTagName("project");
-    for (int i = 0; i < elements.size(); ++i)
-        settings.append(settingsOf(elements.at(i).toElement()));
-    return settings;
+    layOn(pads, CellFields::ofPads(), project.cells, tick);
 }
 
-void layOnPads(const QDomDocument &project, QAbstractItemModel &pads, const std::function<void(int)> &tick)
+void layOnGrid(const Project &project, QAbstractItemModel &grid, const std::function<void(int)> &tick)
 {
-    layOn(pads, padAttributes(), project, tick);
-}
-
-void layOnGrid(const QDomDocument &project, QAbstractItemModel &grid, const std::function<void(int)> &tick)
-{
-    layOn(grid, keyAttributes(), project, tick);
+    layOn(grid, CellFields::ofKeys(), project.cells, tick);
 }

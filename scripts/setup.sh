@@ -20,6 +20,7 @@ tour_needs=(
     'x11-xserver-utils|xrdb|command -v xrdb'
 )
 locale_needs=('locales|the sources of locales|localedef --version')
+layers_needs=('graphviz|Graphviz|dot -V')
 plan_needs=('python3|Python 3.9 or later|python3 --version')
 coverage_needs=('gcovr|gcovr|gcovr --version')
 fuzz_needs=(

@@ -28,6 +28,7 @@ bool MainWindow::loadshow()
 
     const QString settings = folder + "/Live/live.ini";
     if (!QFile::exists(settings)) {
+        // The one box without the style of the others.
         QMessageBox box(QMessageBox::Warning, "Zarvex",
                         "LightShow Settings file not found. Please select a different LightShow Folder");
         box.setStandardButtons(QMessageBox::Ok);
@@ -46,9 +47,9 @@ bool MainWindow::loadshowname(const QString &path)
     if (!show)
         return false;
 
-    switchkey = {-1, -1};
-    emptyTables();
-    nameAfresh();
+    switchkey = Grid::NoCell;
+    rebuildTables();
+    resetNames();
     ui->combobox->clear();
 
     pagelist = show->pages;

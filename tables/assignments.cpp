@@ -4,6 +4,17 @@
 #include "tables/roles.h"
 
 #include <QAbstractItemModel>
+#include <QMap>
+
+namespace {
+
+/** What a field has in a cell without a Live Button. */
+QString emptied(const CellField &field, const QString &label)
+{
+    return field.emptied.isNull() ? label : field.emptied;
+}
+
+} // namespace
 
 QSet<QString> Assignments::buttons(const QAbstractItemModel &table, int columns)
 {
@@ -48,23 +59,30 @@ void Assignments::setLabel(QAbstractItemModel &table, const QModelIndex &cell, c
 void Assignments::clearCell(QAbstractItemModel &table, const QModelIndex &cell, const QString &label,
                             const QString &color)
 {
-    setLabel(table, cell, label);
-    table.setData(cell, "0", PageRole);
-    table.setData(cell, "-1", ButtonRole);
-    table.setData(cell, color, Qt::DecorationRole);
+    for (const CellField &field : CellFields::ofPads()) {
+        const bool isColor = field.role == Qt::DecorationRole;
+        table.setData(cell, isColor ? color : emptied(field, label), field.role);
+    }
 }
 
-QMap<int, QString> Assignments::textsOf(const QModelIndex &cell, const QVector<int> &roles)
+Assignments::Held Assignments::drop(QAbstractItemModel &table, const CellFields::List &fields,
+                                    const QModelIndex &target, const DragPayload &payload,
+                                    const QString &sourceLabel)
 {
-    QMap<int, QString> texts;
-    for (const int role : roles)
-        texts.insert(role, cell.data(role).toString());
-    return texts;
-}
+    const CellFields::List dragged = CellFields::dragged(fields);
+    QMap<int, QString> before; // by role
+    for (const CellField &field : dragged) {
+        before.insert(field.role, target.data(field.role).toString());
+        table.setData(target, payload.text(field.place), field.role);
+    }
+    const QString button = before.value(ButtonRole);
+    const Held held = {button == QLatin1String("-1"), before.value(PageRole).toInt(), button.toInt()};
+    if (!payload.isMove())
+        return held;
 
-void Assignments::setTexts(QAbstractItemModel &table, const QModelIndex &cell,
-                           const QMap<int, QString> &texts)
-{
-    for (auto text = texts.cbegin(); text != texts.cend(); ++text)
-        table.setData(cell, text.value(), text.key());
+    const QModelIndex source = table.index(payload.sourceRow(), payload.sourceColumn());
+    for (const CellField &field : dragged)
+        table.setData(source, held.isEmpty ? emptied(field, sourceLabel) : before.value(field.role),
+                      field.role);
+    return held;
 }

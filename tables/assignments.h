@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QMap>
+#include "tables/cellfields.h"
+
 #include <QSet>
 #include <QString>
-#include <QVector>
 
 class QAbstractItemModel;
 class QModelIndex;
@@ -45,10 +45,24 @@ void setLabel(QAbstractItemModel &table, const QModelIndex &cell, const QString 
 void clearCell(QAbstractItemModel &table, const QModelIndex &cell, const QString &label,
                const QString &color = QStringLiteral("#000000"));
 
-/** What a cell holds, one text for each of some roles. */
-QMap<int, QString> textsOf(const QModelIndex &cell, const QVector<int> &roles);
+/** What a pad or key held before a drop. */
+struct Held
+{
+    bool isEmpty;
+    int page;
+    int button;
+};
 
-/** Gives a cell of a table what textsOf() has told of another. */
-void setTexts(QAbstractItemModel &table, const QModelIndex &cell, const QMap<int, QString> &texts);
+/**
+ * Overwrites a cell with what is dropped on it. Where that comes from the same table, the dragged cell takes what the
+ * target held, or loses all that is dragged if the target was empty.
+ *
+ * @param fields       the values of a cell of this table
+ * @param target       where to; an invalid cell is not empty, and its texts are
+ * @param sourceLabel  text and name of the dragged cell once it is empty
+ * @return             what the target held
+ */
+Held drop(QAbstractItemModel &table, const CellFields::List &fields, const QModelIndex &target,
+          const DragPayload &payload, const QString &sourceLabel);
 
 } // namespace Assignments

@@ -1,8 +1,7 @@
 #include "tables/controller.h"
 
+#include "devices/keytooltip.h"
 #include "tables/assignments.h"
-#include "tables/dragpayload.h"
-#include "tables/keytooltip.h"
 #include "tables/roles.h"
 
 #include <QColor>
@@ -12,11 +11,6 @@ namespace {
 
 constexpr int Columns = 12;
 constexpr int RowsPerSweep = 12;
-
-/** What trades places where a key is dragged onto another. */
-const QVector<int> DraggedRoles = {Qt::EditRole, PageRole,      DisplayNameRole,
-                                   ButtonRole,   AvailableRole, OffColorRole,
-                                   OnColorRole,  BlinkRole,     Qt::DecorationRole};
 
 } // namespace
 
@@ -37,35 +31,6 @@ int Controller::columnCount(const QModelIndex & /*parent*/) const
     return Columns;
 }
 
-QString Controller::keyOf(int role)
-{
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return QStringLiteral("name");
-    case Qt::DecorationRole:
-        return QStringLiteral("color");
-    case Qt::ForegroundRole:
-        return QStringLiteral("textcolor");
-    case PageRole:
-        return QStringLiteral("pagenr");
-    case DisplayNameRole:
-        return QStringLiteral("dspname");
-    case ButtonRole:
-        return QStringLiteral("id");
-    case AvailableRole:
-        return QStringLiteral("avail");
-    case OffColorRole:
-        return QStringLiteral("coloroff");
-    case OnColorRole:
-        return QStringLiteral("coloron");
-    case BlinkRole:
-        return QStringLiteral("blink");
-    default:
-        return {};
-    }
-}
-
 QVariant Controller::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid() || index.row() >= rows.size())
@@ -74,14 +39,7 @@ QVariant Controller::data(const QModelIndex &index, int role) const
         return toolTip(index);
     if (role == Qt::BackgroundRole)
         return QColor(Qt::white);
-
-    const QString key = keyOf(role);
-    if (key.isEmpty())
-        return {};
-    const QString text = rows.at(index.row()).value(index.column()).value(key);
-    if (role == Qt::DecorationRole || role == Qt::ForegroundRole)
-        return QColor(text);
-    return text;
+    return CellFields::value(CellFields::ofKeys(), rows.at(index.row()).value(index.column()), role);
 }
 
 QVariant Controller::toolTip(const QModelIndex &index) const
@@ -96,12 +54,7 @@ bool Controller::setData(const QModelIndex &index, const QVariant &value, int ro
         return false;
     if (role == Qt::BackgroundRole)
         return true;
-
-    const QString key = keyOf(role);
-    if (key.isEmpty())
-        return false;
-    rows[index.row()][index.column()][key] = value.toString();
-    return true;
+    return CellFields::store(CellFields::ofKeys(), rows[index.row()][index.column()], value, role);
 }
 
 QVariant Controller::headerData(int section, Qt::Orientation orientation, int role) const
@@ -120,14 +73,8 @@ QStringList Controller::mimeTypes() const
 
 QMimeData *Controller::mimeData(const QModelIndexList &indexes) const
 {
-    static const QVector<DragField> fields = {
-        DragField::role(Qt::EditRole),    DragField::role(PageRole),
-        DragField::role(DisplayNameRole), DragField::literal(QStringLiteral("0")),
-        DragField::role(ButtonRole),      DragField::role(AvailableRole),
-        DragField::role(OffColorRole),    DragField::role(OnColorRole),
-        DragField::role(BlinkRole),
-    };
-    return createDragData(indexes, fields);
+    static const QVector<DragField> texts = CellFields::dragTexts(CellFields::ofKeys(), QStringLiteral("0"));
+    return createDragData(indexes, texts);
 }
 
 bool Controller::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
@@ -146,46 +93,16 @@ bool Controller::dropMimeData(const QMimeData *data, Qt::DropAction action, int 
     if (!payload)
         return false;
 
-    const QModelIndex target = index(to.row(), to.column());
-    const QMap<int, QString> before = Assignments::textsOf(target, DraggedRoles);
-    const bool wasEmpty = before.value(ButtonRole) == QLatin1String("-1");
-    write(target, *payload);
-
-    if (payload->isMove()) {
-        const QModelIndex source = index(payload->sourceRow(), payload->sourceColumn());
-        if (wasEmpty)
-            clear(source, celltext(source.row(), source.column()));
-        else
-            Assignments::setTexts(*this, source, before);
+    const Assignments::Held held =
+        Assignments::drop(*this, CellFields::ofKeys(), index(to.row(), to.column()), *payload,
+                          celltext(payload->sourceRow(), payload->sourceColumn()));
+    if (payload->isMove())
         return true;
-    }
 
     emit ItemDroped(payload->sourceRow(), to.row(), to.column());
-    if (payload->isLiveButton() && before.value(PageRole).toInt() >= 1)
-        emit ItemToUncheck(before.value(ButtonRole).toInt());
+    if (payload->isLiveButton() && held.page >= 1)
+        emit ItemToUncheck(held.button);
     return true;
-}
-
-void Controller::write(const QModelIndex &target, const DragPayload &payload)
-{
-    setData(target, payload.text(DragPayload::Text), Qt::EditRole);
-    setData(target, payload.text(DragPayload::Page), PageRole);
-    setData(target, payload.text(DragPayload::DisplayName), DisplayNameRole);
-    setData(target, payload.text(DragPayload::Button), ButtonRole);
-    setData(target, payload.text(DragPayload::Available), AvailableRole);
-    setData(target, payload.text(DragPayload::OffColor), OffColorRole);
-    setData(target, payload.text(DragPayload::OnColor), OnColorRole);
-    setData(target, payload.text(DragPayload::Blink), BlinkRole);
-    setData(target, payload.color(), Qt::DecorationRole);
-}
-
-void Controller::clear(const QModelIndex &key, const QString &label)
-{
-    Assignments::clearCell(*this, key, label);
-    setData(key, "1", AvailableRole);
-    setData(key, "", OffColorRole);
-    setData(key, "", OnColorRole);
-    setData(key, "", BlinkRole);
 }
 
 Qt::DropActions Controller::supportedDropActions() const
@@ -200,18 +117,7 @@ Qt::DropActions Controller::supportedDragActions() const
 
 bool Controller::insertRows(int position, int count, const QModelIndex & /*parent*/)
 {
-    static const Record blank = {
-        {QStringLiteral("name"), QStringLiteral("")},
-        {QStringLiteral("dspname"), QStringLiteral("")},
-        {QStringLiteral("id"), QStringLiteral("-1")},
-        {QStringLiteral("avail"), QStringLiteral("1")},
-        {QStringLiteral("color"), QStringLiteral("#000000")},
-        {QStringLiteral("coloroff"), QStringLiteral("")},
-        {QStringLiteral("coloron"), QStringLiteral("")},
-        {QStringLiteral("blink"), QStringLiteral("0")},
-        {QStringLiteral("textcolor"), QStringLiteral("#ffffff")},
-        {QStringLiteral("pagenr"), QStringLiteral("0")},
-    };
+    static const Record blank = CellFields::newCell(CellFields::ofKeys());
     static const QList<Record> blankRow = QVector<Record>(Columns, blank).toList();
 
     beginInsertRows({}, position, position + count - 1);

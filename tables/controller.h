@@ -19,14 +19,11 @@ class Controller final : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    /** An empty table. */
     explicit Controller(QObject *parent = nullptr);
     /** A table of the given rows of 12 cells; a cell's keys are those that insertRows() sets. */
     explicit Controller(const QList<QList<QMap<QString, QString>>> &list, QObject *parent = nullptr);
 
-    /** Number of rows; the parent does not matter. */
     int rowCount(const QModelIndex &parent = {}) const override;
-    /** Always 12. */
     int columnCount(const QModelIndex &parent = {}) const override;
     /** Value of a cell for a role; invalid for a bad index and for a role that the table lacks. */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
@@ -37,9 +34,7 @@ public:
      *         which is taken and forgotten
      */
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
-    /** "Color" for the first column, empty texts for the rows. */
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    /** The two types of a DragPayload. */
     QStringList mimeTypes() const override;
     /** A DragPayload record of 11 texts for each index, marked as coming from this table. */
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
@@ -56,7 +51,6 @@ public:
      */
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                       const QModelIndex &to) override;
-    /** Copy and move. */
     Qt::DropActions supportedDropActions() const override;
     /** Copy alone: after a move the view would blank the dragged key. */
     Qt::DropActions supportedDragActions() const override;
@@ -81,11 +75,8 @@ signals:
     void ItemToUncheck(int to);
 
 private:
-    static QString keyOf(int role);
     QString celltext(int row, int col) const;
     QVariant toolTip(const QModelIndex &index) const;
-    void write(const QModelIndex &target, const DragPayload &payload);
-    void clear(const QModelIndex &key, const QString &label);
 
     QVector<QVariant> sparevalues; // always empty
     QList<QList<QMap<QString, QString>>> rows;

@@ -1,19 +1,19 @@
 #include "tables/dragpayload.h"
 
+#include "tables/cellfields.h"
+
 #include <QColor>
 #include <QDataStream>
 #include <QMimeData>
 
 namespace {
 
-// The longest record that a table writes; a drop needs no more than the first record.
-constexpr int RecordLength = DragPayload::Blink + 1;
-
 QStringList readTexts(const QByteArray &bytes)
 {
     QStringList texts;
     QDataStream stream(bytes);
-    while (!stream.atEnd() && texts.size() < RecordLength) {
+    // A drop needs no more than the first record.
+    while (!stream.atEnd() && texts.size() < CellFields::longestRecord()) {
         QString text;
         stream >> text;
         if (stream.status() != QDataStream::Ok)

@@ -22,8 +22,10 @@ public:
     static constexpr char TextListType[] = "application/vnd.text.list";
     static constexpr char ColorType[] = "application/x-color";
 
-    /** Positions of the texts in a record; from LiveButton on they depend on the table that writes. */
+    /** Where a value stands: the position among the texts of a record, of which a table writes as many as it has. */
     enum Position {
+        NotDragged = -2,
+        Color, ///< in the part of its own
         Row,
         Column,
         Text,
@@ -57,8 +59,8 @@ public:
      */
     static std::optional<DragPayload> fromMime(const QMimeData *data);
 
-    /** Text at a Position; empty past the end of the record. */
-    QString text(int position) const { return m_texts.value(position); }
+    /** Text at a Position; empty where the record has none. */
+    QString text(int position) const { return position == Color ? m_color : m_texts.value(position); }
 
     /** Colour of the cell as a hash and six lower-case hexadecimal digits, or empty. */
     QString color() const { return m_color; }
@@ -88,8 +90,8 @@ struct DragField
     /** The same text for every cell. */
     static DragField literal(const QString &text) { return {-1, text}; }
 
-    int itemRole;
-    QString text;
+    int itemRole = -1;
+    QString text = {};
 };
 
 /**

@@ -37,7 +37,7 @@ void MainWindow::cleanMIDI()
     removeAllRows(*controllermodel);
 }
 
-void MainWindow::emptyTables()
+void MainWindow::rebuildTables()
 {
     cleanDMX();
     cleanVDJ();
@@ -60,6 +60,7 @@ void MainWindow::CheckChanged(int index, int /*to*/)
     const QModelIndex button = dmxmodel->index(index, 0);
     dmxmodel->setData(button, 2, Qt::CheckStateRole);
     showChanges();
+    // Not "1", though the tick is set: nothing reads the note, and only a change of the output makes it true.
     noteCheck(button.data(ButtonRole).toInt(), "0");
 }
 
@@ -90,7 +91,7 @@ void MainWindow::untickIfGone(int button, const QAbstractItemModel &table, int c
     for (int row = 0; row < dmxmodel->rowCount(); ++row) {
         if (dmxmodel->index(row, 0).data(ButtonRole).toInt() == button) {
             untick(row);
-            noteCheck(row, "0");
+            noteCheck(row, "0"); // by the row: after a load it is the button's number
         }
     }
     showChanges();
@@ -106,13 +107,13 @@ void MainWindow::untickAll()
 void MainWindow::dmxtoremove(int index)
 {
     untickIfGone(index, *vdjmodel, TickedPadColumns);
-    focusAnew(*ui->vdjlistview);
+    repaintAndFocus(*ui->vdjlistview);
 }
 
 void MainWindow::dmxtoremove2(int index)
 {
     untickIfGone(index, *controllermodel, Grid::Size);
-    focusAnew(*ui->tablecontroller);
+    repaintAndFocus(*ui->tablecontroller);
 }
 
 void MainWindow::dmxcheckchange(int index)
@@ -149,20 +150,20 @@ void MainWindow::ondeletevdjaction_triggered()
         untickIfGone(button, *vdjmodel, TickedPadColumns);
     }
     showChanges();
-    focusAnew(*ui->vdjlistview);
+    repaintAndFocus(*ui->vdjlistview);
 }
 
 void MainWindow::ondeleteaction_triggered()
 {
     for (const QModelIndex &key : ui->tablecontroller->selectionModel()->selectedIndexes())
         clearKey(key);
-    focusAnew(*ui->tablecontroller);
+    repaintAndFocus(*ui->tablecontroller);
 }
 
 void MainWindow::ondeletemidiaction_triggered(int row, int col)
 {
     clearKey(controllermodel->index(row, col));
-    focusAnew(*ui->tablecontroller);
+    repaintAndFocus(*ui->tablecontroller);
 }
 
 void MainWindow::clearKey(const QModelIndex &key)
@@ -191,7 +192,8 @@ void MainWindow::resetdmxlist()
     goToFirstLiveButton();
 }
 
-void MainWindow::focusAnew(QTableView &table)
+/** The other list has the focus in between, so that the table is painted even if it had the focus already. */
+void MainWindow::repaintAndFocus(QTableView &table)
 {
     ui->dmxlistview->setFocus(Qt::OtherFocusReason);
     table.setFocus(Qt::OtherFocusReason);

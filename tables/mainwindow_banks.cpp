@@ -72,7 +72,7 @@ void MainWindow::on_bankname_editingFinished()
 void MainWindow::on_padsname_editingFinished()
 {
     if (ui->padsname->text().isEmpty())
-        namePage();
+        resetPageName();
 }
 
 void MainWindow::on_radioButton_8pads_clicked(bool checked)

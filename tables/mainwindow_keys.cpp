@@ -40,7 +40,7 @@ void MainWindow::copyLiveButton(const QModelIndex &cell)
         if (button.data(ButtonRole).toString() != number)
             continue;
         copied = dmxmodel->mimeData({button});
-        copied->setText(button.data().toString()); // for fields
+        copied->setText(button.data().toString()); // what a field takes
         QGuiApplication::clipboard()->setMimeData(copied);
         return;
     }

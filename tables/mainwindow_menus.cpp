@@ -15,8 +15,6 @@
 
 namespace {
 
-const QList<int> NoKey = {-1, -1};
-
 QIcon swatch(const QString &color)
 {
     QPixmap pixmap(10, 10);
@@ -75,7 +73,8 @@ void MainWindow::customMenuRequested(QPoint pos)
     menu->addSeparator();
     QAction *toggle = menu->addAction("Set as Switch");
     toggle->setCheckable(true);
-    toggle->setChecked(switchkey != NoKey && switchkey == QList<int>{menuindex.row(), menuindex.column()});
+    toggle->setChecked(switchkey != Grid::NoCell
+                       && switchkey == Grid::Cell{menuindex.row(), menuindex.column()});
     connect(toggle, &QAction::triggered, this, &MainWindow::ontoggleaction_triggered);
     menu->popup(ui->tablecontroller->viewport()->mapToGlobal(pos));
 }
@@ -180,19 +179,16 @@ void MainWindow::onblinkaction_triggered()
 
 void MainWindow::ontoggleaction_triggered()
 {
-    const QList<int> clicked = {menuindex.row(), menuindex.column()};
-    const QList<int> old = switchkey;
-    if (old == clicked)
-        switchkey = NoKey;
-    else
-        switchkey = clicked;
+    const Grid::Cell clicked = {menuindex.row(), menuindex.column()};
+    const Grid::Cell old = switchkey;
+    switchkey = old == clicked ? Grid::NoCell : clicked;
 
-    if (old.value(0, -1) >= 0 && old != clicked)
-        ondeletemidiaction_triggered(old.value(0), old.value(1, -1));
-    ondeletemidiaction_triggered(clicked.at(0), clicked.at(1));
+    if (old.row >= 0 && old != clicked)
+        ondeletemidiaction_triggered(old.row, old.column);
+    ondeletemidiaction_triggered(clicked.row, clicked.column);
     if (old != clicked)
         markAsSwitch(menuindex);
-    focusAnew(*ui->tablecontroller);
+    repaintAndFocus(*ui->tablecontroller);
 }
 
 void MainWindow::markAsSwitch(const QModelIndex &key)

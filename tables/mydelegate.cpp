@@ -1,7 +1,7 @@
 #include "tables/mydelegate.h"
 
 #include "devices/grid.h"
-#include "tables/keytooltip.h"
+#include "devices/keytooltip.h"
 #include "tables/roles.h"
 
 #include <QAbstractItemView>

@@ -1,7 +1,6 @@
 #include "tables/mymodel.h"
 
-#include "tables/dragpayload.h"
-#include "tables/roles.h"
+#include "tables/cellfields.h"
 
 #include <QColor>
 #include <QMimeData>
@@ -23,31 +22,6 @@ int MyModel::columnCount(const QModelIndex & /*parent*/) const
     return 1;
 }
 
-QString MyModel::keyOf(int role)
-{
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return QStringLiteral("title");
-    case Qt::DecorationRole:
-        return QStringLiteral("color");
-    case Qt::ForegroundRole:
-        return QStringLiteral("textcolor");
-    case Qt::CheckStateRole:
-        return QStringLiteral("check");
-    case PageRole:
-        return QStringLiteral("pageid");
-    case DisplayNameRole:
-        return QStringLiteral("dspname");
-    case SourceRole:
-        return QStringLiteral("source");
-    case ButtonRole:
-        return QStringLiteral("buttonid");
-    default:
-        return {};
-    }
-}
-
 QVariant MyModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid() || index.row() >= rows.size() || index.column() != 0)
@@ -56,20 +30,7 @@ QVariant MyModel::data(const QModelIndex &index, int role) const
         return QStringLiteral("Drag a Live Button and Drop to a VirtualDJ  Pad");
     if (role == Qt::BackgroundRole)
         return QColor(Qt::white);
-
-    const QString key = keyOf(role);
-    if (key.isEmpty())
-        return {};
-    const QString text = rows.at(index.row()).value(key);
-    switch (role) {
-    case Qt::DecorationRole:
-    case Qt::ForegroundRole:
-        return QColor(text);
-    case Qt::CheckStateRole:
-        return text == QLatin1String("1") ? Qt::Checked : Qt::Unchecked;
-    default:
-        return text;
-    }
+    return CellFields::value(CellFields::ofLiveButtons(), rows.at(index.row()), role);
 }
 
 bool MyModel::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -78,15 +39,7 @@ bool MyModel::setData(const QModelIndex &index, const QVariant &value, int role)
         return false;
     if (role == Qt::BackgroundRole)
         return true;
-
-    const QString key = keyOf(role);
-    if (key.isEmpty())
-        return false;
-    if (role == Qt::CheckStateRole)
-        rows[index.row()][key] = value == QVariant(0) ? QStringLiteral("0") : QStringLiteral("1");
-    else
-        rows[index.row()][key] = value.toString();
-    return true;
+    return CellFields::store(CellFields::ofLiveButtons(), rows[index.row()], value, role);
 }
 
 QVariant MyModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -110,16 +63,14 @@ QStringList MyModel::mimeTypes() const
 
 QMimeData *MyModel::mimeData(const QModelIndexList &indexes) const
 {
-    // The LED colours and the blink mark have no role here and travel as null texts, so a key filled
-    // from the Live Buttons has an empty blink and not "0".
-    static const QVector<DragField> fields = {
-        DragField::role(Qt::EditRole),    DragField::role(PageRole),
-        DragField::role(DisplayNameRole), DragField::literal(QStringLiteral("1")),
-        DragField::role(ButtonRole),      DragField::literal(QStringLiteral("1")),
-        DragField::role(OffColorRole),    DragField::role(OnColorRole),
-        DragField::role(OnColorRole),
-    };
-    return createDragData(indexes, fields);
+    static const QVector<DragField> texts = [] {
+        auto record = CellFields::dragTexts(CellFields::ofLiveButtons(), QStringLiteral("1"));
+        // A key that takes it is there, and has nothing else: null texts, so that its blink is empty and not "0".
+        record.append(DragField::literal(QStringLiteral("1")));
+        record.resize(CellFields::longestRecord() - DragPayload::Text);
+        return record;
+    }();
+    return createDragData(indexes, texts);
 }
 
 bool MyModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*row*/, int /*column*/,
@@ -132,11 +83,10 @@ bool MyModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*r
         return false;
 
     const QModelIndex target = index(parent.row(), 0);
-    int position = DragPayload::Column;
-    for (const int role :
-         {int(Qt::EditRole), int(PageRole), int(DisplayNameRole), int(SourceRole), int(ButtonRole)})
-        setData(target, payload->text(position++), role);
-    setData(target, payload->color(), Qt::DecorationRole);
+    for (const CellField &field : CellFields::dragged(CellFields::ofLiveButtons())) {
+        const int place = field.place == DragPayload::Color ? field.place : field.place - 1;
+        setData(target, payload->text(place), field.role);
+    }
     return true;
 }
 
@@ -152,16 +102,7 @@ Qt::DropActions MyModel::supportedDragActions() const
 
 bool MyModel::insertRows(int position, int count, const QModelIndex & /*parent*/)
 {
-    static const Record blank = {
-        {QStringLiteral("title"), QStringLiteral("1")},
-        {QStringLiteral("dspname"), QStringLiteral("1")},
-        {QStringLiteral("color"), QStringLiteral("#FFFFFF")},
-        {QStringLiteral("pageid"), QStringLiteral("0")},
-        {QStringLiteral("buttonid"), QStringLiteral("0")},
-        {QStringLiteral("check"), QStringLiteral("0")},
-        {QStringLiteral("textcolor"), QStringLiteral("#ffffff")},
-        {QStringLiteral("source"), QStringLiteral("1")},
-    };
+    static const Record blank = CellFields::newCell(CellFields::ofLiveButtons());
 
     beginInsertRows({}, position, position + count - 1);
     rows.reserve(rows.size() + qMax(count, 0));

@@ -17,14 +17,11 @@ class MyModel final : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    /** An empty table. */
     explicit MyModel(QObject *parent = nullptr);
     /** A table of the given rows; a record's keys are those that insertRows() sets. */
     explicit MyModel(const QList<QMap<QString, QString>> &list, QObject *parent = nullptr);
 
-    /** Number of Live Buttons; the parent does not matter. */
     int rowCount(const QModelIndex &parent = {}) const override;
-    /** Always 1. */
     int columnCount(const QModelIndex &parent = {}) const override;
     /** Value of a row for a role; invalid for a bad index and for a role that the table lacks. */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
@@ -35,9 +32,7 @@ public:
      *         which is taken and forgotten
      */
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
-    /** "Color" and "Name" for the first two columns, of which only one exists. */
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    /** The two types of a DragPayload. */
     QStringList mimeTypes() const override;
     /** A DragPayload record of 11 texts for each index, marked as coming from the Live Buttons. */
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
@@ -50,7 +45,6 @@ public:
      */
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                       const QModelIndex &parent) override;
-    /** Copy and move. */
     Qt::DropActions supportedDropActions() const override;
     /** Copy alone: after a move the view would blank the dragged row. */
     Qt::DropActions supportedDragActions() const override;
@@ -69,8 +63,6 @@ signals:
     void ItemUnchecked(int index);
 
 private:
-    static QString keyOf(int role);
-
     QVector<QVariant> sparevalues; // always empty
     QList<QMap<QString, QString>> rows;
 };

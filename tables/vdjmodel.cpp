@@ -1,7 +1,6 @@
 #include "tables/vdjmodel.h"
 
 #include "tables/assignments.h"
-#include "tables/dragpayload.h"
 #include "tables/roles.h"
 
 #include <QColor>
@@ -10,9 +9,6 @@
 namespace {
 
 constexpr int Columns = 2;
-
-/** What trades places where a pad is dragged onto another. */
-const QVector<int> DraggedRoles = {Qt::EditRole, PageRole, DisplayNameRole, ButtonRole, Qt::DecorationRole};
 
 QString numberedThroughAllBanks(int row)
 {
@@ -38,25 +34,6 @@ int VDJModel::columnCount(const QModelIndex & /*parent*/) const
     return Columns;
 }
 
-QString VDJModel::keyOf(int role)
-{
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return QStringLiteral("name");
-    case Qt::DecorationRole:
-        return QStringLiteral("color");
-    case PageRole:
-        return QStringLiteral("pagenr");
-    case DisplayNameRole:
-        return QStringLiteral("dspname");
-    case ButtonRole:
-        return QStringLiteral("id");
-    default:
-        return {};
-    }
-}
-
 QVariant VDJModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid() || index.row() >= rows.size())
@@ -65,14 +42,7 @@ QVariant VDJModel::data(const QModelIndex &index, int role) const
         return toolTip(index);
     if (role == Qt::BackgroundRole)
         return QColor(Qt::white);
-
-    const QString key = keyOf(role);
-    if (key.isEmpty())
-        return {};
-    const QString text = rows.at(index.row()).value(index.column()).value(key);
-    if (role == Qt::DecorationRole)
-        return QColor(text);
-    return text;
+    return CellFields::value(CellFields::ofPads(), rows.at(index.row()).value(index.column()), role);
 }
 
 QVariant VDJModel::toolTip(const QModelIndex &index) const
@@ -91,15 +61,9 @@ bool VDJModel::setData(const QModelIndex &index, const QVariant &value, int role
         return false;
     if (role == Qt::BackgroundRole)
         return true;
-
-    const QString key = keyOf(role);
-    if (key.isEmpty())
-        return false;
-    QString text = value.toString();
-    if (text.isEmpty() && (role == Qt::DisplayRole || role == Qt::EditRole))
-        text = numberedThroughAllBanks(index.row());
-    rows[index.row()][index.column()][key] = text;
-    return true;
+    const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
+    const QVariant kept = isText && value.toString().isEmpty() ? numberedThroughAllBanks(index.row()) : value;
+    return CellFields::store(CellFields::ofPads(), rows[index.row()][index.column()], kept, role);
 }
 
 QVariant VDJModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -123,12 +87,8 @@ QStringList VDJModel::mimeTypes() const
 
 QMimeData *VDJModel::mimeData(const QModelIndexList &indexes) const
 {
-    static const QVector<DragField> fields = {
-        DragField::role(Qt::EditRole),    DragField::role(PageRole),
-        DragField::role(DisplayNameRole), DragField::literal(QStringLiteral("0")),
-        DragField::role(ButtonRole),
-    };
-    return createDragData(indexes, fields);
+    static const QVector<DragField> texts = CellFields::dragTexts(CellFields::ofPads(), QStringLiteral("0"));
+    return createDragData(indexes, texts);
 }
 
 bool VDJModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
@@ -147,35 +107,19 @@ bool VDJModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int /*
     if (!payload)
         return false;
 
-    const QModelIndex target = index(to.row(), to.column());
-    const QMap<int, QString> before = Assignments::textsOf(target, DraggedRoles);
-    const bool wasEmpty = before.value(ButtonRole) == QLatin1String("-1");
-    write(target, *payload);
-
+    const Assignments::Held held =
+        Assignments::drop(*this, CellFields::ofPads(), index(to.row(), to.column()), *payload,
+                          Assignments::padLabel(payload->sourceRow()));
     if (payload->isMove()) {
-        const QModelIndex source = index(payload->sourceRow(), payload->sourceColumn());
-        if (wasEmpty) {
-            Assignments::clearCell(*this, source, Assignments::padLabel(source.row()));
+        if (held.isEmpty)
             emit ItemMoved(to.row());
-        } else {
-            Assignments::setTexts(*this, source, before);
-        }
         return true;
     }
 
     emit ItemDroped(payload->sourceRow(), to.row());
-    if (payload->isLiveButton() && before.value(PageRole).toInt() >= 1)
-        emit ItemToUncheck(before.value(ButtonRole).toInt());
+    if (payload->isLiveButton() && held.page >= 1)
+        emit ItemToUncheck(held.button);
     return true;
-}
-
-void VDJModel::write(const QModelIndex &target, const DragPayload &payload)
-{
-    setData(target, payload.text(DragPayload::Text), Qt::EditRole);
-    setData(target, payload.text(DragPayload::Page), PageRole);
-    setData(target, payload.text(DragPayload::DisplayName), DisplayNameRole);
-    setData(target, payload.text(DragPayload::Button), ButtonRole);
-    setData(target, payload.color(), Qt::DecorationRole);
 }
 
 Qt::DropActions VDJModel::supportedDropActions() const
@@ -190,11 +134,7 @@ Qt::DropActions VDJModel::supportedDragActions() const
 
 bool VDJModel::insertRows(int position, int count, const QModelIndex & /*parent*/)
 {
-    static const Record blank = {
-        {QStringLiteral("name"), QStringLiteral("1")},   {QStringLiteral("dspname"), QStringLiteral("1")},
-        {QStringLiteral("id"), QStringLiteral("-1")},    {QStringLiteral("color"), QStringLiteral("#000000")},
-        {QStringLiteral("pagenr"), QStringLiteral("0")},
-    };
+    static const Record blank = CellFields::newCell(CellFields::ofPads());
 
     beginInsertRows({}, position, position + count - 1);
     for (int i = 0; i < count; ++i)

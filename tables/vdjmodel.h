@@ -19,14 +19,11 @@ class VDJModel final : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    /** An empty table. */
     explicit VDJModel(QObject *parent = nullptr);
     /** A table of the given rows of two cells; a cell's keys are those that insertRows() sets. */
     explicit VDJModel(const QList<QList<QMap<QString, QString>>> &list, QObject *parent = nullptr);
 
-    /** Number of rows; the parent does not matter. */
     int rowCount(const QModelIndex &parent = {}) const override;
-    /** Always 2. */
     int columnCount(const QModelIndex &parent = {}) const override;
     /** Value of a pad for a role; invalid for a bad index and for a role that the table lacks. */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
@@ -39,9 +36,7 @@ public:
      *         which is taken and forgotten
      */
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
-    /** "Color" and "Name" for the two columns. */
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    /** The two types of a DragPayload. */
     QStringList mimeTypes() const override;
     /** A DragPayload record of seven texts for each index, marked as coming from this table. */
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
@@ -59,7 +54,6 @@ public:
      */
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                       const QModelIndex &to) override;
-    /** Copy and move. */
     Qt::DropActions supportedDropActions() const override;
     /** Copy alone: after a move the view would blank the dragged pad. */
     Qt::DropActions supportedDragActions() const override;
@@ -82,9 +76,7 @@ signals:
     void ItemToUncheck(int to);
 
 private:
-    static QString keyOf(int role);
     QVariant toolTip(const QModelIndex &index) const;
-    void write(const QModelIndex &target, const DragPayload &payload);
 
     QVector<QVariant> sparevalues; // always empty
     QList<QList<QMap<QString, QString>>> rows;

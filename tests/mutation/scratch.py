@@ -1,4 +1,4 @@
-"""A copy of the tree whose two libraries are shared, so that a mutant takes one object and one link.
+"""A copy of the tree whose libraries are shared, so that a mutant takes one object and one link.
 
 Neither the checkout nor the copy is ever changed: the broken source, its object and the library made with it
 lie in a folder of their own, and the tests of the copy find that library first.
@@ -17,7 +17,8 @@ import time
 from dataclasses import dataclass
 from pathlib import Path
 
-LIBRARIES = ("zarvex_core", "zarvex_window")
+FOLDERS = ("files", "script", "tables", "show", "devices", "export", "project", "window")
+LIBRARIES = tuple(f"zarvex_{folder}" for folder in FOLDERS)
 # As ./check builds, but for the optimiser: without assertions. What stands inline in a header is each
 # library's own, so that a test's copy of it does not stand in for a broken one.
 FLAGS = "-O0 -DNDEBUG -fvisibility-inlines-hidden"
@@ -49,6 +50,7 @@ class Scratch:
     def prepare(self, tests):
         self._copy()
         self._run("cmake", "-G", "Ninja", "-S", self.tree, "-B", self.build, "-DCMAKE_BUILD_TYPE=Release",
+                  "-DBUILD_SHARED_LIBS=ON", f"-DCMAKE_LIBRARY_OUTPUT_DIRECTORY={self.build}",
                   f"-DCMAKE_CXX_FLAGS_RELEASE={FLAGS}", f"-DCMAKE_EXE_LINKER_FLAGS={LINK_FLAGS}",
                   f"-DCMAKE_SHARED_LINKER_FLAGS={LINK_FLAGS}")
         self._run("ninja", "-C", self.build, "-j", str(self.jobs), "zarvex", *sorted(tests))
@@ -61,8 +63,6 @@ class Scratch:
         for name in names:
             source, target = self.checkout / name, self.tree / name
             content = source.read_bytes()
-            if name == "CMakeLists.txt":
-                content = self._with_shared_libraries(content)
             if not target.exists() or target.read_bytes() != content:
                 target.parent.mkdir(parents=True, exist_ok=True)
                 target.write_bytes(content)
@@ -70,14 +70,6 @@ class Scratch:
         for file in list(self.tree.rglob("*")):
             if file.is_file() and str(file.relative_to(self.tree)) not in names:
                 file.unlink()
-
-    def _with_shared_libraries(self, content):
-        for library in LIBRARIES:
-            static = f"add_library({library} STATIC".encode()
-            if content.count(static) != 1:
-                raise Broken(f"CMakeLists.txt has no {static.decode()}")
-            content = content.replace(static, f"add_library({library} SHARED".encode())
-        return content
 
     def _read_build(self):
         compiles = json.loads((self.build / "compile_commands.json").read_text())

@@ -6,7 +6,6 @@
 #include "tables/vdjmodel.h"
 
 #include <QColor>
-#include <QDomDocument>
 #include <QRandomGenerator>
 #include <QStandardItemModel>
 #include <QTemporaryDir>
@@ -92,8 +91,56 @@ bool fillWithEmptyKeys(QAbstractItemModel &grid)
     return isFilled;
 }
 
-template<typename Project>
-QByteArray written(const Project &project, const char *codec = "UTF-8")
+/** What a project of each kind is written from. */
+struct PadsProject
+{
+    QString show;
+    QString showName;
+    QString exportName;
+    bool has16Pads;
+    QStringList banks;
+    const QAbstractItemModel &pads;
+};
+
+struct MidiProject
+{
+    QString device;
+    QString show;
+    QString showName;
+    Grid::Cell switchKey;
+    int offColor;
+    int onColor;
+    QString exportName;
+    const QAbstractItemModel &grid;
+};
+
+void writeProject(QTextStream &out, const PadsProject &project)
+{
+    ProjectSettings settings;
+    settings.show = project.show;
+    settings.showName = project.showName;
+    settings.exportName = project.exportName;
+    settings.has16Pads = project.has16Pads;
+    settings.banks = project.banks;
+    ::writeProject(out, settings, cellsOf(project.pads, CellFields::ofPads()));
+}
+
+void writeProject(QTextStream &out, const MidiProject &project)
+{
+    ProjectSettings settings;
+    settings.isMidi = true;
+    settings.device = project.device;
+    settings.show = project.show;
+    settings.showName = project.showName;
+    settings.switchKey = project.switchKey;
+    settings.offColor = project.offColor;
+    settings.onColor = project.onColor;
+    settings.exportName = project.exportName;
+    ::writeProject(out, settings, cellsOf(project.grid, CellFields::ofKeys()));
+}
+
+template<typename Kind>
+QByteArray written(const Kind &project, const char *codec = "UTF-8")
 {
     return streamed([&project](QTextStream &out) { writeProject(out, project); }, codec);
 }
@@ -103,10 +150,9 @@ QByteArray golden(const char *name)
     return bytesOf(QFINDTESTDATA(QString("../data/") + name));
 }
 
-QDomDocument parsed(const QByteArray &xml)
+Project parsed(const QByteArray &xml)
 {
-    QDomDocument document;
-    return document.setContent(xml) ? document : QDomDocument();
+    return parseProject(xml);
 }
 
 /** All that a table keeps, one text a cell. */
@@ -149,7 +195,7 @@ public:
     QStringList notes;
 };
 
-using Lay = void (*)(const QDomDocument &, QAbstractItemModel &, const std::function<void(int)> &);
+using Lay = void (*)(const Project &, QAbstractItemModel &, const std::function<void(int)> &);
 
 /** A key element with all attributes; "row" and "column" as given. */
 QByteArray keyAt(const QByteArray &row, const QByteArray &column, const QByteArray &name)
@@ -225,7 +271,7 @@ QByteArray rewritten(const QString &path, Lay lay, bool isMidi)
     const auto document = readProject(path);
     if (!document)
         return "not read";
-    const QList<ProjectSettings> all = projectSettings(*document);
+    const QList<ProjectSettings> all = document->settings;
     if (all.size() != 1 || all.first().isMidi != isMidi)
         return "other settings";
     const ProjectSettings &settings = all.first();
@@ -474,7 +520,10 @@ void TestProjectFile::writesSwitch()
     QFETCH(const QList<int>, switchKey);
     QFETCH(const QByteArray, inFile);
     const QStandardItemModel grid(1, 1);
-    QCOMPARE(written(MidiProject{"D", "s", "n", switchKey, 12, 0, "e", grid}).split('\n').value(1),
+    QCOMPARE(written(MidiProject{
+                         "D", "s", "n", {switchKey.value(0, -1), switchKey.value(1, -1)}, 12, 0, "e", grid})
+                 .split('\n')
+                 .value(1),
              R"(<project deviceid="D" type="midi" show="s" showname="n" switch=")" + inFile
                  + R"(" offcolor="12" oncolor="0" export="e" >)");
 }
@@ -642,9 +691,8 @@ void TestProjectFile::readsSettings()
 {
     QFETCH(const QByteArray, attributes);
     QFETCH(const QString, expected);
-    const QDomDocument document = parsed("<project " + attributes + "/>");
-    QVERIFY(!document.isNull());
-    const QList<ProjectSettings> all = projectSettings(document);
+    const Project document = parsed("<project " + attributes + "/>");
+    const QList<ProjectSettings> all = document.settings;
     QCOMPARE(all.size(), 1);
     const ProjectSettings &settings = all.first();
 
@@ -660,9 +708,8 @@ void TestProjectFile::readsSettings()
     add(settings.isMidi, "midi");
     add(settings.has16Pads, "16");
     add(!settings.banks.isEmpty(), "banks=" + settings.banks.join("|"));
-    QCOMPARE(settings.switchKey.size(), 2);
-    add(settings.switchKey != QList<int>({-1, -1}),
-        QString("switch=%1,%2").arg(settings.switchKey.at(0)).arg(settings.switchKey.at(1)));
+    add(settings.switchKey != Grid::NoCell,
+        QString("switch=%1,%2").arg(settings.switchKey.row).arg(settings.switchKey.column));
     add(settings.offColor.has_value(), "off=" + QString::number(settings.offColor.value_or(0)));
     add(settings.onColor.has_value(), "on=" + QString::number(settings.onColor.value_or(0)));
     QCOMPARE(read.join(" "), expected);
@@ -670,15 +717,16 @@ void TestProjectFile::readsSettings()
 
 void TestProjectFile::readsSettingsOfMidiInFull()
 {
-    const QList<ProjectSettings> all = projectSettings(
+    const QList<ProjectSettings> all =
         parsed(R"(<project deviceid="APCMINI" type="midi" show="/home/u/Show/Live/live.ini" showname="Show" )"
-               R"(switch="-1,-1" offcolor="0" oncolor="1" export="OS2L DMX" ></project>)"));
+               R"(switch="-1,-1" offcolor="0" oncolor="1" export="OS2L DMX" ></project>)")
+            .settings;
     QCOMPARE(all.size(), 1);
     QCOMPARE(all.first().device, QString("APCMINI"));
     QVERIFY(all.first().isMidi);
     QCOMPARE(all.first().show, QString("/home/u/Show/Live/live.ini"));
     QCOMPARE(all.first().showName, QString("Show"));
-    QCOMPARE(all.first().switchKey, QList<int>({-1, -1}));
+    QVERIFY(all.first().switchKey == Grid::NoCell);
     QVERIFY(all.first().offColor == 0);
     QVERIFY(all.first().onColor == 1);
     QCOMPARE(all.first().exportName, QString("OS2L DMX"));
@@ -687,9 +735,10 @@ void TestProjectFile::readsSettingsOfMidiInFull()
 
 void TestProjectFile::readsSettingsOfPadsInFull()
 {
-    const QList<ProjectSettings> all = projectSettings(
+    const QList<ProjectSettings> all =
         parsed(R"(<project type="pads" show="/home/u/Show/Live/live.ini" showname="Show" export="OS2L DMX" )"
-               R"(layout="0" banks="BANK 1,BANK 2,BANK 3,BANK 4,BANK 5,BANK 6,BANK 7,BANK 8" ></project>)"));
+               R"(layout="0" banks="BANK 1,BANK 2,BANK 3,BANK 4,BANK 5,BANK 6,BANK 7,BANK 8" ></project>)")
+            .settings;
     QCOMPARE(all.size(), 1);
     QVERIFY(!all.first().isMidi);
     QVERIFY(!all.first().has16Pads);
@@ -698,22 +747,23 @@ void TestProjectFile::readsSettingsOfPadsInFull()
     QCOMPARE(all.first().exportName, QString("OS2L DMX"));
     QCOMPARE(all.first().banks, defaultBanks());
     QCOMPARE(all.first().device, QString());
-    QCOMPARE(all.first().switchKey, QList<int>({-1, -1}));
+    QVERIFY(all.first().switchKey == Grid::NoCell);
     QVERIFY(!all.first().offColor.has_value());
     QVERIFY(!all.first().onColor.has_value());
 }
 
 void TestProjectFile::readsSettingsOfAllProjects()
 {
-    const QList<ProjectSettings> all = projectSettings(
+    const QList<ProjectSettings> all =
         parsed(R"(<all><project showname="A"><project showname="B"/></project><key><project showname="C"/>)"
-               R"(</key><Project showname="D"/></all>)"));
+               R"(</key><Project showname="D"/></all>)")
+            .settings;
     QStringList names;
     for (const ProjectSettings &settings : all)
         names += settings.showName;
     QCOMPARE(names, QStringList({"A", "B", "C"}));
-    QVERIFY(projectSettings(parsed("<show/>")).isEmpty());
-    QVERIFY(projectSettings({}).isEmpty());
+    QVERIFY(parsed("<show/>").settings.isEmpty());
+    QVERIFY(parsed({}).settings.isEmpty());
 }
 
 void TestProjectFile::laysInOrder_data()
@@ -732,7 +782,7 @@ void TestProjectFile::laysInOrder()
 {
     QFETCH(const Lay, lay);
     QFETCH(QStringList, expected);
-    const QDomDocument document = parsed(projectOf(
+    const Project document = parsed(projectOf(
         R"(<key color="#ff0000" blink="1" coloron="blue" coloroff="red" avail="1" id="8" pagenr="7" )"
         R"(dspname="d" name="n" column="4" row="3" other="x" textcolor="#123456" />)"));
     Notebook table;
@@ -827,7 +877,7 @@ void TestProjectFile::laysOnTheRightCell()
     QFETCH(const QByteArray, column);
     QFETCH(const QString, onPads);
     QFETCH(const QString, onGrid);
-    const QDomDocument document = parsed(projectOf(keyAt(row, column, "Strobe")));
+    const Project document = parsed(projectOf(keyAt(row, column, "Strobe")));
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
     Controller grid;
@@ -882,7 +932,7 @@ void TestProjectFile::ticks()
 {
     QFETCH(const QByteArray, id);
     QFETCH(const int, button);
-    const QDomDocument document = parsed(projectOf(R"(<key id="3"/><key )" + id + R"(/><key id="3"/>)"));
+    const Project document = parsed(projectOf(R"(<key id="3"/><key )" + id + R"(/><key id="3"/>)"));
     for (const Lay lay : {&layOnPads, &layOnGrid}) {
         Notebook table;
         QList<int> ticked;
@@ -893,7 +943,7 @@ void TestProjectFile::ticks()
 
 void TestProjectFile::laysAllKeysOfTheDocument()
 {
-    const QDomDocument document =
+    const Project document =
         parsed("<all>" + keyAt("0", "0", "before") + "<project>" + keyAt("1", "0", "inside") + "<project>"
                + keyAt("2", "0", "deep") + "</project></project><pad>" + keyAt("3", "0", "elsewhere")
                + "</pad><Key row=\"4\" column=\"0\" name=\"other\"/></all>");
@@ -908,7 +958,7 @@ void TestProjectFile::laysAllKeysOfTheDocument()
 
 void TestProjectFile::laysOnNoRows()
 {
-    const QDomDocument document = parsed(projectOf(keyAt("0", "0", "Strobe")));
+    const Project document = parsed(projectOf(keyAt("0", "0", "Strobe")));
     VDJModel pads;
     Controller grid;
     QList<int> ticked;
@@ -989,7 +1039,7 @@ void TestProjectFile::readsDocuments()
     QFETCH(const QString, name);
     const auto document = readProject(write(content));
     QVERIFY(document.has_value());
-    const QList<ProjectSettings> all = projectSettings(*document);
+    const QList<ProjectSettings> all = document->settings;
     QCOMPARE(all.size(), 1);
     QCOMPARE(all.first().showName, name);
 }
@@ -1021,7 +1071,7 @@ void TestProjectFile::readsWhatAnotherLocaleWrote()
     const DefaultCodec locale(codec);
     const auto document = readProject(path);
     QVERIFY(document.has_value());
-    QCOMPARE(projectSettings(*document).value(0).showName, name);
+    QCOMPARE(document->settings.value(0).showName, name);
 }
 
 void TestProjectFile::refusesDocuments_data()
@@ -1059,7 +1109,7 @@ void TestProjectFile::refusesDocuments()
     const QString path = write(content);
     const auto document = readProject(path);
     QVERIFY(document.has_value()); // could be opened
-    QVERIFY(projectSettings(*document).isEmpty());
+    QVERIFY(document->settings.isEmpty());
     Notebook table;
     QList<int> ticked;
     layOnPads(*document, table, [&ticked](int button) { ticked += button; });
@@ -1094,8 +1144,8 @@ void TestProjectFile::hostileDocumentsEndSoon()
     const ProcessorTime timer;
     const auto document = readProject(path);
     QVERIFY(document.has_value());
-    QVERIFY(projectSettings(*document).isEmpty());
-    QVERIFY(document->elementsByTagName("key").isEmpty());
+    QVERIFY(document->settings.isEmpty());
+    QVERIFY(document->cells.isEmpty());
     QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
 }
 
@@ -1153,7 +1203,7 @@ void TestProjectFile::readsThousandsOfKeys()
     const ProcessorTime timer;
     const auto document = readProject(path);
     QVERIFY(document.has_value());
-    QCOMPARE(projectSettings(*document).size(), 1);
+    QCOMPARE(document->settings.size(), 1);
     layOnPads(*document, pads, [&ticks](int) { ++ticks; });
     QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(ticks, Keys);
@@ -1178,7 +1228,7 @@ void TestProjectFile::thousandRoundTrips()
             Controller grid;
             QVERIFY(fillWithEmptyKeys(grid));
             fillAtRandom(grid, true, random);
-            const QList<int> key = {random.bounded(-1, 12), random.bounded(-1, 12)};
+            const Grid::Cell key = {random.bounded(-1, 12), random.bounded(-1, 12)};
             first =
                 written(MidiProject{anyText(random), anyText(random), anyText(random), key,
                                     random.bounded(-1, 16), random.bounded(-1, 16), anyText(random), grid});
@@ -1220,7 +1270,7 @@ void TestProjectFile::everyCharacterSurvives()
     const QStandardItemModel table(1, 1);
     const auto document = readProject(write(written(PadsProject{"s", name, "e", false, {}, table})));
     QVERIFY(document.has_value());
-    QCOMPARE(projectSettings(*document).value(0).showName, name);
+    QCOMPARE(document->settings.value(0).showName, name);
 }
 
 void TestProjectFile::unsafeNamesBreakTheFile_data()
@@ -1253,8 +1303,8 @@ void TestProjectFile::unsafeNamesBreakTheFile()
          files + QList<QByteArray>{written(PadsProject{"s", "n", "e", false, plain, pads})}) {
         const auto document = readProject(write(file));
         QVERIFY(document.has_value());
-        QVERIFY(projectSettings(*document).isEmpty());
-        QVERIFY(document->elementsByTagName("key").isEmpty());
+        QVERIFY(document->settings.isEmpty());
+        QVERIFY(document->cells.isEmpty());
     }
 }
 
@@ -1264,7 +1314,7 @@ void TestProjectFile::bankWithCommaBecomesTwo()
     const QStringList banks = {"Intro", "Verse, slow", "C", "D", "E", "F", "G", "H"};
     const auto document = readProject(write(written(PadsProject{"s", "n", "e", false, banks, table})));
     QVERIFY(document.has_value());
-    QCOMPARE(projectSettings(*document).value(0).banks,
+    QCOMPARE(document->settings.value(0).banks,
              QStringList({"Intro", "Verse", " slow", "C", "D", "E", "F", "G", "H"}));
 }
 

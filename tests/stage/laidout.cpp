@@ -124,8 +124,7 @@ QByteArray exported(const LaidOut &laid, const QString &base)
             continue;
         const QString mapper = base.isEmpty() ? entry.mappers.last().value("path") : base;
         ControllerMapping mapping = {entry.device, readKeyRecords(entry.device.value("path"), mapper), grid};
-        mapping.switchRow = laid.switchKey.first;
-        mapping.switchColumn = laid.switchKey.second;
+        mapping.switchKey = {laid.switchKey.first, laid.switchKey.second};
         mapping.defaultOn = defaultOn(laid);
         mapping.defaultOff = defaultOff(laid);
         mapping.isSimple = laid.isSimple;

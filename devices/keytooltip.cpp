@@ -1,5 +1,6 @@
-#include "tables/keytooltip.h"
+#include "devices/keytooltip.h"
 
+#include "devices/grid.h"
 #include "tables/roles.h"
 
 #include <QBuffer>
@@ -7,6 +8,20 @@
 #include <QImage>
 
 namespace {
+
+struct Labelled
+{
+    Grid::Cell cell;
+    const char *label;
+};
+
+/** Where a tool tip counts a band on beyond its keys; the grid itself leaves these four cells empty. */
+constexpr Labelled BesideBands[] = {
+    {{0, 1}, "TOP 0"},
+    {{0, 11}, "TOP 10"},
+    {{11, 1}, "BOTTOM 0"},
+    {{11, 11}, "BOTTOM 10"},
+};
 
 /** A small square of the colour as a base64 PNG. */
 QString swatch(const QString &color)
@@ -43,19 +58,9 @@ QString keyToolTip(const QModelIndex &key, const QString &name)
 
 QString keyLabel(int row, int col)
 {
-    const auto numbered = [](const char *band, qint64 number) {
-        return QString(band) + QString::number(number);
-    };
-
-    if (row == 0)
-        return col == 0 || col == 10 ? QStringLiteral("") : numbered("TOP ", qint64(col) - 1);
-    if (row == 11)
-        return col == 0 || col == 10 ? QStringLiteral("") : numbered("BOTTOM ", qint64(col) - 1);
-    if (row == 1 || row == 10 || col == 1 || col == 10)
-        return QStringLiteral("");
-    if (col == 0)
-        return numbered("LEFT ", qint64(row) - 1);
-    if (col == 11)
-        return numbered("RIGHT ", qint64(row) - 1);
-    return numbered("PAD ", qint64(row) * 8 + col - 17);
+    for (const auto &[cell, label] : BesideBands) {
+        if (cell == Grid::Cell{row, col})
+            return label;
+    }
+    return Grid::label(row, col);
 }

@@ -1,6 +1,6 @@
-#include "export/escape.h"
+#include "script/escape.h"
 
-#include "export/script.h"
+#include "script/script.h"
 
 #include <QStringView>
 

@@ -12,5 +12,5 @@
  */
 QString keyToolTip(const QModelIndex &key, const QString &name);
 
-/** Label of a key at rest. The window has its own, which leaves the corners of the bands empty. */
+/** Label of a cell in its tool tip: that of the grid, but for four cells beside the bands, which the grid leaves empty. */
 QString keyLabel(int row, int col);

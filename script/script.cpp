@@ -1,4 +1,4 @@
-#include "export/script.h"
+#include "script/script.h"
 
 QString Script::quoted(const QString &text)
 {

@@ -1,4 +1,4 @@
-#include "export/escape.h"
+#include "script/escape.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
