@@ -56,8 +56,8 @@ class TestLoadShow final : public QObject
 private slots:
     void showIsNamedAfterItsFolder_data();
     void showIsNamedAfterItsFolder();
-    void folderWithoutSettings_data();
-    void folderWithoutSettings();
+    void noShowChosen_data();
+    void noShowChosen();
     void settingsThatCannotBeOpenedLeaveTheNewName();
     void settingsThatCannotBeOpenedCountAsLoaded();
     void loadsByName();
@@ -91,24 +91,31 @@ void TestLoadShow::showIsNamedAfterItsFolder()
     QCOMPARE(space.dmx()->rowCount(), 3);
 }
 
-void TestLoadShow::folderWithoutSettings_data()
+void TestLoadShow::noShowChosen_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::newRow("empty folder") << "";
-    QTest::newRow("settings beside the Live folder") << "/live.ini";
-    QTest::newRow("other file in the Live folder") << "/Live/live.ini.bak";
+    QTest::addColumn<QString>("show"); // below the home folder; empty cancels
+    QTest::addColumn<QString>("file"); // that is there
+    QTest::newRow("cancelled") << ""
+                               << "/Show/Live/live.ini";
+    QTest::newRow("empty folder") << "/Show"
+                                  << "";
+    QTest::newRow("settings beside the Live folder") << "/Show"
+                                                     << "/Show/live.ini";
+    QTest::newRow("other file in the Live folder") << "/Show"
+                                                   << "/Show/Live/live.ini.bak";
 }
 
-void TestLoadShow::folderWithoutSettings()
+void TestLoadShow::noShowChosen()
 {
+    QFETCH(const QString, show);
     QFETCH(const QString, file);
     Workspace space;
     const QStringList before = space.snapshot();
-    const QString show = space.home() + "/No Show";
-    QVERIFY(QDir().mkpath(show + "/Live"));
-    QVERIFY(file.isEmpty() || writeFile(show + file, Workspace::iniWith({2})));
-    space.dialogs.expect(Boxes::showDialog(space, show));
-    space.dialogs.expect(Boxes::NoShowThere);
+    QVERIFY(QDir().mkpath(space.home() + "/Show/Live"));
+    QVERIFY(file.isEmpty() || writeFile(space.home() + file, Workspace::iniWith({2})));
+    space.dialogs.expect(Boxes::showDialog(space, show.isEmpty() ? show : space.home() + show));
+    if (!show.isEmpty())
+        space.dialogs.expect(Boxes::NoShowThere);
     QVERIFY(!space.ask<bool>("loadshow"));
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(space.snapshot(), before);

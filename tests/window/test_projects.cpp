@@ -228,7 +228,7 @@ bool useEverything(Workspace &space, const QString &device)
         return space.click("pushButton_2");
     };
     bool isDone = space.click("radio_outputmidi") && space.putOnKey(4, 9, 9)
-                  && exports(Boxes::mappingCreated("Strange", device));
+                  && space.pickOnKey(2, 2, {"Remove"}) && exports(Boxes::mappingCreated("Strange", device));
     for (const char *entry : {"Blink", "Set as Switch"})
         isDone = isDone && space.pickOnKey(9, 9, {entry}) && space.pickOnKey(4, 4, {"Set as Switch"});
     space.gridView()->setCurrentIndex(space.grid()->index(9, 9));
