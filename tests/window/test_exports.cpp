@@ -34,6 +34,12 @@ const QByteArray Ini = "\xEF\xBB\xBF[page]\nnumber=1\n[page1]\nname=One\nnb_butt
                        "[page1_button5]\ntitle=Fast ? Red\ncolor=16711680\n"
                        "[page1_button6]\ntitle=It's hot\ncolor=16711680\n";
 
+/** Of the mapping, as it is offered, and of its file. */
+QString nameOf(const QString &device, const QString &page = Texts::PageName)
+{
+    return device + " - " + page + " mapping";
+}
+
 /** A workspace whose output is a Pads Page, or a simple mapping of the first device. */
 class Output final
 {
@@ -52,7 +58,7 @@ public:
     QString folder() const { return m_isMidi ? space.mappersFolder() : space.padsFolder(); }
     QString fileName(const QString &page = Texts::PageName) const
     {
-        return (m_isMidi ? Names.first() + " - " + page + " mapping" : page) + ".xml";
+        return (m_isMidi ? nameOf(Names.first(), page) : page) + ".xml";
     }
     QString path(const QString &page = Texts::PageName) const { return folder() + "/" + fileName(page); }
     QStringList files() const { return QDir(folder()).entryList(QDir::Files | QDir::Hidden); }
@@ -119,7 +125,7 @@ bool startMapping(Workspace &space, int device, const Scripts &scripts, int mapp
 /** Exports by the button over whatever is there. */
 bool exportMapping(Workspace &space, const QString &device)
 {
-    const QString file = device + " - OS2L DMX mapping";
+    const QString file = nameOf(device);
     if (QFile::exists(space.mappersFolder() + "/" + file + ".xml"))
         space.dialogs.expect(Boxes::overwrite(file, QMessageBox::Yes));
     space.dialogs.expect(Boxes::mappingCreated(Texts::PageName, device));
@@ -130,7 +136,7 @@ bool exportMapping(Workspace &space, const QString &device)
 QStringList exported(const Workspace &space, const QString &device)
 {
     QStringList lines =
-        QString::fromUtf8(textOf(bytesOf(space.mappersFolder() + "/" + device + " - OS2L DMX mapping.xml")))
+        QString::fromUtf8(textOf(bytesOf(space.mappersFolder() + "/" + nameOf(device) + ".xml")))
             .replace("&apos;", "'")
             .split('\n')
             .filter("\t<map ");
@@ -420,7 +426,7 @@ void TestExports::noDeviceOrMapper()
     QVERIFY(space.putOnKey(Strobe, 2, 2));
     space.find<QComboBox>(combo)->setCurrentIndex(-1);
     QVERIFY2(exportMapping(space, device), qPrintable(space.dialogs.faults()));
-    const QByteArray file = textOf(bytesOf(space.mappersFolder() + "/" + device + " - OS2L DMX mapping.xml"));
+    const QByteArray file = textOf(bytesOf(space.mappersFolder() + "/" + nameOf(device) + ".xml"));
     QVERIFY(file.contains(device.isEmpty() ? "<mapper device=\"\" " : "<mapper device=\"APCMINI\" "));
     QCOMPARE(file.count('\n'), 3); // head and end alone
 }
@@ -550,8 +556,7 @@ void TestExports::exportsOfExports()
         space.restart(); // mappers are looked for at the start
         QVERIFY2(startMapping(space, device, scripts), qPrintable(space.dialogs.faults()));
         if (generation > 0) {
-            const int position =
-                space.find<QComboBox>("mididevices")->findText(Names.at(device) + " - OS2L DMX mapping");
+            const int position = space.find<QComboBox>("mididevices")->findText(nameOf(Names.at(device)));
             QVERIFY(position >= Users && space.choose("mididevices", position));
         }
         QVERIFY(device == Akai ? space.putOnKey(button, 11, 7) : space.putOnKey(button, 2, 2));

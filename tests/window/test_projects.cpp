@@ -72,8 +72,9 @@ QString filled(const QAbstractItemModel *table, bool isGrid)
                 texts += cell.data(role).toString();
             texts += cell.data(Qt::DecorationRole).value<QColor>().name();
             const QString label = isGrid ? Texts::keyLabel(row, col) : Texts::padLabel(row, col);
-            const QString rest = label + "|" + label + "|0|-1|"
-                                 + (isGrid ? cell.data(AvailableRole).toString() + "|||0|" : "") + "#000000";
+            const QString rest = QStringList{label, label, Texts::NoPage, Texts::NoButton}.join("|") + "|"
+                                 + (isGrid ? cell.data(AvailableRole).toString() + "|||0|" : "")
+                                 + Texts::NoColor;
             if (texts.join("|") != rest)
                 cells += QString("%1,%2 ").arg(row).arg(col) + texts.join("|");
         }
@@ -142,7 +143,7 @@ bool work(Workspace &space)
 
 const Facts Worked = {
     {"output", "midi"},
-    {"title", "Zarvex - Show"},
+    {"title", Texts::title("Show")},
     {"show", "Show/Live/live.ini"},
     {"show's name", "Show"},
     {"Live Buttons", "16"},
@@ -159,13 +160,14 @@ const Facts Worked = {
     {"switch", "5,6"},
     {"ticked", "9"},
     {"pads", "20,1 1-4|1-4|1|3|#000bb8"},
-    {"keys", "2,2 2-2|2-2|2|9|1||||#002328; 5,6 SWITCH|SWITCH|0|-1|0|||0|#000000"},
+    {"keys",
+     "2,2 2-2|2-2|2|9|1||||#002328; 5,6 " + Texts::Switch + "|" + Texts::Switch + "|0|-1|0|||0|#000000"},
 };
 
 /** After a project over this work that names its show and nothing else. */
 const Facts Loaded = {
     {"output", "pads"},
-    {"title", "Zarvex - Show"},
+    {"title", Texts::title("Show")},
     {"show", "Show/Live/live.ini"},
     {"show's name", "Show"},
     {"Live Buttons", "16"},
@@ -232,7 +234,7 @@ bool useEverything(Workspace &space, const QString &device)
     for (const char *entry : {"Blink", "Set as Switch"})
         isDone = isDone && space.pickOnKey(9, 9, {entry}) && space.pickOnKey(4, 4, {"Set as Switch"});
     space.gridView()->setCurrentIndex(space.grid()->index(9, 9));
-    space.dialogs.tolerate("Choose a Color");
+    space.dialogs.tolerate(Boxes::colorDialog({}, {}).title);
     for (int choice = 0; choice < 5; ++choice)
         isDone = isDone && space.call("colorpadchange", choice) && space.call("coloronpadchange", choice);
     isDone = isDone && space.call("rgbpadchange") && space.call("rgbonpadchange")
@@ -481,10 +483,11 @@ void TestProjects::loads_data()
     filledBy("no number is the first Live Button", false, R"(<key row="1" column="1" name="x" id="Fog"/>)",
              {"pads: 1,1 x|||Fog|#000000", "ticked: 0"});
 
-    QTest::newRow("another name for the show") << QByteArray(R"(<project show="SHOW" showname="Club"/>)")
-                                               << told(Loaded, {"title: Zarvex - Club", "show's name: Club"});
-    QTest::newRow("no name for the show")
-        << QByteArray(R"(<project show="SHOW"/>)") << told(Loaded, {"title: Zarvex - ", "show's name: "});
+    QTest::newRow("another name for the show")
+        << QByteArray(R"(<project show="SHOW" showname="Club"/>)")
+        << told(Loaded, {"title: " + Texts::title("Club"), "show's name: Club"});
+    QTest::newRow("no name for the show") << QByteArray(R"(<project show="SHOW"/>)")
+                                          << told(Loaded, {"title: " + Texts::title(""), "show's name: "});
     QTest::newRow("show that cannot be opened") // its name stays off the title
         << QByteArray(R"(<project show="HOSTILE" showname="Bad" type="midi" export="Keys">)")
                + gridKey(2, 2, "3") + "</project>"
@@ -503,12 +506,12 @@ void TestProjects::loads_data()
                          "colors: 0 3", "switch: 3,4", "ticked: 3 4", onGrid});
     QTest::newRow("two projects, keys first") // the column of the key lies outside of the pads
         << "<all>" + midi + pads + "</all>"
-        << told(Loaded, {"title: Zarvex - Other", "show: Other/Live/live.ini", "show's name: Other",
+        << told(Loaded, {"title: " + Texts::title("Other"), "show: Other/Live/live.ini", "show's name: Other",
                          "Live Buttons: 5", "page: Page", "banks: A", "bank's name: A", "layout: 1",
                          "hidden: ", "device: 6", "mapper: 0", "colors: 0 3", "ticked: 3 4", "pads: " + pad});
     QTest::newRow("second show cannot be opened") // the first one's pages stay, its Live Buttons go
         << "<all>" + pads + R"(<project show="HOSTILE" showname="Bad"/></all>)"
-        << told(Loaded, {"title: Zarvex - Other", "show: Other/Live/live.ini", "show's name: Bad",
+        << told(Loaded, {"title: " + Texts::title("Other"), "show: Other/Live/live.ini", "show's name: Bad",
                          "Live Buttons: 0", "pads: " + pad});
 
     const QStringList passedOver = {"output: pads", "bank: 0", "bank's name: BANK 1", "layout: 0",
@@ -551,7 +554,7 @@ void TestProjects::failsToLoad_data()
     QTest::newRow("no show") << R"(<project show="" )" + rest << false << unchanged;
     QTest::newRow("second show is missing") // the panels stay, the first project's settings do too
         << "<all>" + first + R"(<project show="/nowhere" )" + rest + "</all>" << false
-        << told(Worked, {"title: Zarvex - Other", "show: Other/Live/live.ini", "show's name: Other",
+        << told(Worked, {"title: " + Texts::title("Other"), "show: Other/Live/live.ini", "show's name: Other",
                          "Live Buttons: 5", "filter: 0", "page: Page", "bank: 0", "bank's name: BANK 1",
                          "banks: A", "switch: -1,-1", "ticked: ", "pads: ", "keys: "});
 }

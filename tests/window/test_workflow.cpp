@@ -138,12 +138,12 @@ void TestWorkflow::padsPage()
     QVERIFY(space.window().close());
     QCOMPARE(space.dialogs.faults(), QString());
 
-    QCOMPARE(difference(textOf(bytesOf(space.padsFolder() + "/OS2L DMX.xml")),
+    QCOMPARE(difference(textOf(bytesOf(space.padsFolder() + "/" + Texts::PageName + ".xml")),
                         bytesOf(QFINDTESTDATA("../data/padspage-one-bank.xml"))),
              QString());
     // Nothing else is kept for the next time.
     QCOMPARE(filesBelow(space.home()),
-             QStringList({"Documents/VirtualDJ/Pads/OS2L DMX.xml", "Show/Live/live.ini"}));
+             QStringList({"Documents/VirtualDJ/Pads/" + Texts::PageName + ".xml", "Show/Live/live.ini"}));
     QStringList settings = QDir(qEnvironmentVariable("XDG_CONFIG_HOME", space.home() + "/.config"))
                                .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     settings.removeAll("QtProject.conf"); // of the library's file dialogs
