@@ -1000,6 +1000,7 @@ void TestMapping::writesDevices_data()
     QTest::addColumn<QString>("defaultOff");
     QTest::addColumn<Cells>("bands");
     QTest::addColumn<Cell>("switchKey");
+    QTest::addColumn<QList<bool>>("outputs");
 
     const QString free = "-1";
     QTest::newRow("AKAI APC Mini") << "mapping-apcmini"
@@ -1009,54 +1010,45 @@ void TestMapping::writesDevices_data()
                                    << Cells{{11, 2, "Bottom first", "#FF00FF", "red", "green", "1"},
                                             {2, 11, "Right first", "#FFFF00", "", ""},
                                             {9, 11, "Right last", "#008080", "", ""}}
-                                   << Cell{3, 11, "RIGHT 2", "#000000", "", "", "0", free};
-    QTest::newRow("Novation Launchpad") << "mapping-launchpad"
-                                        << "Novation Launchpad"
-                                        << "#FF0000"
-                                        << "#000000"
-                                        << Cells{{0, 2, "Top first", "#FF00FF", "", "", "1"},
-                                                 {2, 11, "Right first", "#FFFF00", "#AA5500", "#005500"}}
-                                        << Cell{0, 9, "TOP 8", "#000000", "", "", "0", free};
-    QTest::newRow("Novation Launchpad S") << "mapping-launchpads"
-                                          << "Novation Launchpad S"
-                                          << "#FF0000"
-                                          << "#000000"
-                                          << Cells{{0, 9, "Top last", "#FF00FF", "", "#550000", "1"},
-                                                   {9, 11, "Right last", "#FFFF00", "#AA5500", ""}}
-                                          << Cell{5, 5, "PAD 28", "#000000", "#AAFF00", "", "0", free};
-    QTest::newRow("Novation Launchpad Mini")
-        << "mapping-launchpadmini"
-        << "Novation Launchpad Mini"
+                                   << Cell{3, 11, "RIGHT 2", "#000000", "", "", "0", free}
+                                   << QList<bool>{Simple, Wrapped};
+    QTest::newRow("Novation Launchpad")
+        << "mapping-launchpad"
+        << "Novation Launchpad"
         << "#FF0000"
         << "#000000"
-        << Cells{{0, 4, "Top third", "#FF00FF", "", ""}, {5, 11, "Right fourth", "#FFFF00", "", "", "1"}}
-        << Cell{2, 11, "RIGHT 1", "#000000", "#FFFF00", "#555500", "", free};
-    QTest::newRow("Novation Launchpad MKII") << "mapping-launchpad2"
-                                             << "Novation Launchpad MKII"
-                                             << ""
-                                             << ""
-                                             << Cells{{0, 2, "Top first", "#FF00FF", "red", "green", "1"},
-                                                      {9, 11, "Right last", "#FFFF00", "", ""}}
-                                             << Cell{0, 9, "TOP 8", "#000000", "red", "blue", "0", free};
-    QTest::newRow("Novation Launchpad Mini MK3") << "mapping-nlminimk3"
-                                                 << "Novation Launchpad Mini MK3"
-                                                 << ""
-                                                 << ""
-                                                 << Cells{{0, 5, "Top last", "#FF00FF", "", "", "1"},
-                                                          {2, 11, "Right first", "#FFFF00", "red", "green"}}
-                                                 << Cell{3, 4, "PAD 11", "#000000", "red", "blue", "1", free};
-    QTest::newRow("Novation Launchpad PRO") << "mapping-launchpadpro"
-                                            << "Novation Launchpad PRO"
-                                            << ""
-                                            << ""
-                                            << Cells{{0, 2, "Top first", "#FF00FF", "", "", "1"},
-                                                     {11, 9, "Bottom last", "#FFFF00", "red", ""},
-                                                     {9, 0, "Left last", "#008080", "", "green"},
-                                                     {4, 11, "Right third", "#808080", "", "", "1"}}
-                                            << Cell{2, 0, "LEFT 1", "#804020", "", "", "0", free};
+        << Cells{{0, 2, "Top first", "#FF00FF", "", "", "1"},
+                 {2, 11, "Right first", "#FFFF00", "#AA5500", "#005500"}}
+        << Cell{0, 9, "TOP 8", "#000000", "", "", "0", free} << QList<bool>{Wrapped};
+    QTest::newRow("Novation Launchpad MKII")
+        << "mapping-launchpad2"
+        << "Novation Launchpad MKII"
+        << ""
+        << ""
+        << Cells{{0, 2, "Top first", "#FF00FF", "red", "green", "1"},
+                 {9, 11, "Right last", "#FFFF00", "", ""}}
+        << Cell{0, 9, "TOP 8", "#000000", "red", "blue", "0", free} << QList<bool>{Wrapped};
+    QTest::newRow("Novation Launchpad Mini MK3")
+        << "mapping-nlminimk3"
+        << "Novation Launchpad Mini MK3"
+        << ""
+        << ""
+        << Cells{{0, 5, "Top last", "#FF00FF", "", "", "1"},
+                 {2, 11, "Right first", "#FFFF00", "red", "green"}}
+        << Cell{3, 4, "PAD 11", "#000000", "red", "blue", "1", free} << QList<bool>{Wrapped};
+    QTest::newRow("Novation Launchpad PRO")
+        << "mapping-launchpadpro"
+        << "Novation Launchpad PRO"
+        << ""
+        << ""
+        << Cells{{0, 2, "Top first", "#FF00FF", "", "", "1"},
+                 {11, 9, "Bottom last", "#FFFF00", "red", ""},
+                 {9, 0, "Left last", "#008080", "", "green"},
+                 {4, 11, "Right third", "#808080", "", "", "1"}}
+        << Cell{2, 0, "LEFT 1", "#804020", "", "", "0", free} << QList<bool>{Wrapped};
 }
 
-/** The controllers of the catalogue with the same Live Buttons on their pads and some on their bands. */
+/** Controllers of each kind with the same Live Buttons on their pads and some on their bands. */
 void TestMapping::writesDevices()
 {
     QFETCH(const QString, golden);
@@ -1065,6 +1057,7 @@ void TestMapping::writesDevices()
     QFETCH(const QString, defaultOff);
     QFETCH(const Cells, bands);
     QFETCH(const Cell, switchKey);
+    QFETCH(const QList<bool>, outputs);
 
     const Cells pads = {
         {2, 2, "Strobe", "#FF0000", "", ""},
@@ -1082,7 +1075,7 @@ void TestMapping::writesDevices()
                      [&device](const CatalogueEntry &each) { return each.device.value("name") == device; });
     QVERIFY(entry != catalogue.end());
     const Keys keys = readKeyRecords(entry->device.value("path"), entry->mappers.last().value("path"));
-    for (const bool isSimple : {Simple, Wrapped}) {
+    for (const bool isSimple : outputs) {
         const QString name = golden + (isSimple ? "-simple.xml" : "-wrapped.xml");
         const ControllerMapping mapping = {entry->device, keys,      grid,     switchKey.row, switchKey.col,
                                            defaultOff,    defaultOn, isSimple, Date};

@@ -6,6 +6,7 @@
 namespace Texts {
 
 inline const QString Program = "Zarvex";
+inline const QString About = "Zarvex - About"; ///< title of the dialog
 inline const QString AllPages = "All Pages";   ///< first entry of the page filter
 inline const QString PageName = "OS2L DMX";    ///< name of a page or mapping that nobody has named
 inline const QString FirstOutput = "Pad Page"; ///< beside the page's name until an output is chosen

@@ -1,5 +1,6 @@
 #include "support/workspace.h"
 
+#include "support/boxes.h"
 #include "support/files.h"
 #include "support/home.h"
 #include "support/models.h"
@@ -109,7 +110,7 @@ QByteArray Workspace::iniWith(const QList<int> &buttonsOnPages)
 bool Workspace::load(const QString &folder)
 {
     window();
-    dialogs.expect(ExpectedDialogs::File{"Select a Show", {}, folder});
+    dialogs.expect(Boxes::showDialog(*this, folder));
     return click("loadini") && dialogs.faults().isEmpty();
 }
 

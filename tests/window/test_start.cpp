@@ -1,25 +1,14 @@
+#include "support/texts.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QProcess>
 #include <QRadioButton>
 #include <QSizeGrip>
 #include <QStatusBar>
-
-namespace {
-
-/** The program's own data folder, and the one for projects in it. */
-QStringList ownFolders(const Workspace &space)
-{
-    return {space.documents() + "/Zarvex", space.documents() + "/Zarvex/projects"};
-}
-
-} // namespace
 
 Q_DECLARE_METATYPE(QAbstractItemView::SelectionMode)
 
@@ -30,373 +19,137 @@ class TestStart final : public QObject
 
 private slots:
     void windowStandsNarrow();
-    void titleIsNeverTheForms();
-    void rectangle_data();
-    void rectangle();
-    void visibility_data();
-    void visibility();
-    void radio_data();
-    void radio();
-    void text_data();
-    void text();
-    void comboItems_data();
-    void comboItems();
-    void banksHaveDefaultNames();
-    void nothingReachesBeyond631();
-    void noSizeGrip();
-    void noShowIsLoaded();
-
-    void headersAreHidden_data();
-    void headersAreHidden();
-    void viewProperties_data();
-    void viewProperties();
-    void lastColumnStretches_data();
-    void lastColumnStretches();
-    void firstColumnOfPadsIs150();
-    void gridSectionsCanBeNarrow();
-    void delegateClass_data();
-    void delegateClass();
-    void contextMenuPolicy_data();
-    void contextMenuPolicy();
-    void rowsAndColumns_data();
-    void rowsAndColumns();
-    void onlyFirstBankIsShown();
-    void onlyFirstPadColumnIsShown();
-    void gridShowsFirstDevice();
+    void widgets_data();
+    void widgets();
+    void fields();
+    void tables_data();
+    void tables();
+    void columnsAndRows();
     void windowOwnsModelsAndDelegate();
 
-    void foldersAreMade_data();
-    void foldersAreMade();
-    void missingDocumentsFolderIsPassedOver();
-    void vdjFoldersAreNotMade();
+    void folders_data();
+    void folders();
     void startIsSilent();
     void closingEndsTheLoop();
 #ifndef Q_OS_WIN
     void argumentsAreIgnored_data();
     void argumentsAreIgnored();
 #endif
-
-    void modeKeepsHeight_data();
-    void modeKeepsHeight();
-    void oneModeIsAlwaysChosen();
-    void showWithoutPagesIsLoaded();
 };
 
 void TestStart::windowStandsNarrow()
 {
     Workspace space;
     const MainWindow &window = space.window();
-    QCOMPARE(window.windowTitle(), QString("Zarvex"));
+    QCOMPARE(window.windowTitle(), Texts::Program); // never the form's
+    QCOMPARE(window.objectName(), QString("MainWindow"));
     QCOMPARE(window.size(), QSize(650, 606));
     QCOMPARE(window.minimumSize(), QSize(650, 606));
     QCOMPARE(window.maximumSize(), QSize(650, 606));
     QVERIFY(window.windowIcon().isNull());
-    QVERIFY(!window.parent());
+    QVERIFY(!space.find<QStatusBar>("statusBar")->isSizeGripEnabled());
+    for (const QSizeGrip *grip : window.findChildren<QSizeGrip *>())
+        QVERIFY(!grip->isVisible());
+    const auto *central = space.find<QWidget>("centralWidget");
+    for (const QWidget *widget : central->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        QVERIFY2(!widget->isVisible() || widget->geometry().right() < 631, qPrintable(widget->objectName()));
 }
 
-void TestStart::titleIsNeverTheForms()
-{
-    const Workspace space;
-    MainWindow window(nullptr);
-    QCOMPARE(window.windowTitle(), QString("Zarvex"));
-    QCOMPARE(window.objectName(), QString("MainWindow"));
-    QVERIFY(window.isHidden());
-}
-
-void TestStart::rectangle_data()
-{
-    QTest::addColumn<QRect>("rect");
-    QTest::newRow("groupBox") << QRect(290, 30, 341, 51);
-    QTest::newRow("groupBox_2") << QRect(10, 30, 271, 441);
-    QTest::newRow("groupBox_3") << QRect(290, 175, 341, 296);
-    QTest::newRow("groupBox_pads") << QRect(290, 80, 341, 98);
-    QTest::newRow("groupBox_midis") << QRect(290, 76, 1071, 41);
-    QTest::newRow("groupBox_controller") << QRect(290, 110, 1071, 361);
-    QTest::newRow("vdjlistview") << QRect(10, 5, 301, 240);
-    QTest::newRow("dmxlistview") << QRect(10, 150, 241, 240);
-    QTest::newRow("padsname") << QRect(410, 490, 191, 31);
-    QTest::newRow("pushButton_2") << QRect(120, 490, 131, 31);
-}
-
-void TestStart::rectangle()
-{
-    QFETCH(const QRect, rect);
-    Workspace space;
-    QCOMPARE(space.find<QWidget>(QTest::currentDataTag())->geometry(), rect);
-}
-
-void TestStart::visibility_data()
+void TestStart::widgets_data()
 {
     QTest::addColumn<bool>("isVisible");
-    QTest::newRow("groupBox") << true;
-    QTest::newRow("radio_outputpage") << true;
-    QTest::newRow("radio_outputmidi") << true;
-    QTest::newRow("groupBox_pads") << true;
-    QTest::newRow("groupBox_midis") << false;
-    QTest::newRow("groupBox_controller") << false;
-    QTest::newRow("groupBox_2") << true;
-    QTest::newRow("groupBox_3") << true;
-    QTest::newRow("dmxlistview") << true;
-    QTest::newRow("vdjlistview") << true;
-    QTest::newRow("tablecontroller") << false;
-    QTest::newRow("padsname") << true;
-    QTest::newRow("label_padname") << true;
-    QTest::newRow("pushButton_2") << true;
-    QTest::newRow("menuBar") << true;
-    QTest::newRow("mainToolBar") << false;
-    QTest::newRow("statusBar") << false;
+    QTest::addColumn<QRect>("rect");
+    QTest::newRow("groupBox") << true << QRect(290, 30, 341, 51);
+    QTest::newRow("groupBox_2") << true << QRect(10, 30, 271, 441);
+    QTest::newRow("groupBox_3") << true << QRect(290, 175, 341, 296);
+    QTest::newRow("groupBox_pads") << true << QRect(290, 80, 341, 98);
+    QTest::newRow("groupBox_midis") << false << QRect(290, 76, 1071, 41);
+    QTest::newRow("groupBox_controller") << false << QRect(290, 110, 1071, 361);
+    QTest::newRow("vdjlistview") << true << QRect(10, 5, 301, 240);
+    QTest::newRow("dmxlistview") << true << QRect(10, 150, 241, 240);
+    QTest::newRow("padsname") << true << QRect(410, 490, 191, 31);
+    QTest::newRow("pushButton_2") << true << QRect(120, 490, 131, 31);
+    // Laid out by the window itself.
+    QTest::newRow("menuBar") << true << QRect();
+    QTest::newRow("mainToolBar") << false << QRect();
+    QTest::newRow("statusBar") << false << QRect();
 }
 
-void TestStart::visibility()
+void TestStart::widgets()
 {
     QFETCH(const bool, isVisible);
+    QFETCH(const QRect, rect);
     Workspace space;
-    QCOMPARE(space.find<QWidget>(QTest::currentDataTag())->isVisible(), isVisible);
+    const auto *widget = space.find<QWidget>(QTest::currentDataTag());
+    QCOMPARE(widget->isVisible(), isVisible);
+    QVERIFY(rect.isNull() || widget->geometry() == rect);
 }
 
-void TestStart::radio_data()
-{
-    QTest::addColumn<bool>("isChecked");
-    QTest::newRow("radio_outputpage") << true;
-    QTest::newRow("radio_outputmidi") << false;
-    QTest::newRow("radioButton_8pads") << true;
-    QTest::newRow("radioButton_16pads") << false;
-}
-
-void TestStart::radio()
-{
-    QFETCH(const bool, isChecked);
-    Workspace space;
-    QCOMPARE(space.find<QRadioButton>(QTest::currentDataTag())->isChecked(), isChecked);
-}
-
-void TestStart::text_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("bankname") << "BANK 1";
-    QTest::newRow("padsname") << "OS2L DMX";
-    QTest::newRow("label_padname") << "Pad Page";
-    QTest::newRow("radioButton_8pads") << "8 Pads ";
-}
-
-void TestStart::text()
-{
-    QFETCH(const QString, text);
-    Workspace space;
-    QCOMPARE(space.find<QWidget>(QTest::currentDataTag())->property("text").toString(), text);
-}
-
-void TestStart::comboItems_data()
-{
-    QTest::addColumn<QStringList>("items");
-    QTest::addColumn<int>("current");
-    QTest::newRow("combobox") << QStringList() << -1;
-    QTest::newRow("bankcombo") << QStringList{"1", "2", "3", "4", "5", "6", "7", "8"} << 0;
-}
-
-void TestStart::comboItems()
-{
-    QFETCH(const QStringList, items);
-    QFETCH(const int, current);
-    Workspace space;
-    const auto *combo = space.find<QComboBox>(QTest::currentDataTag());
-    QStringList found;
-    for (int i = 0; i < combo->count(); ++i)
-        found += combo->itemText(i);
-    QCOMPARE(found, items);
-    QCOMPARE(combo->currentIndex(), current);
-}
-
-void TestStart::banksHaveDefaultNames()
+void TestStart::fields()
 {
     Workspace space;
+    QVERIFY(space.find<QRadioButton>("radio_outputpage")->isChecked());
+    QVERIFY(space.find<QRadioButton>("radioButton_8pads")->isChecked());
+    QCOMPARE(space.find<QLabel>("label_padname")->text(), Texts::FirstOutput);
+    QCOMPARE(space.find<QLineEdit>("padsname")->text(), Texts::PageName);
+    QCOMPARE(space.find<QLineEdit>("bankname")->text(), QString("BANK 1"));
     QCOMPARE(space.bankNames(),
              (QStringList{"BANK 1", "BANK 2", "BANK 3", "BANK 4", "BANK 5", "BANK 6", "BANK 7", "BANK 8"}));
+    QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("bankcombo")),
+             (QStringList{"1", "2", "3", "4", "5", "6", "7", "8"}));
+    QCOMPARE(space.find<QComboBox>("bankcombo")->currentIndex(), 0);
+    QCOMPARE(space.find<QComboBox>("combobox")->count(), 0);
+    QCOMPARE(space.find<QComboBox>("devicescombo")->currentIndex(), 0);
+    QCOMPARE(space.find<QComboBox>("mididevices")->currentText(), Texts::SimpleMapper);
 }
 
-void TestStart::nothingReachesBeyond631()
+void TestStart::tables_data()
 {
-    Workspace space;
-    const auto *central = space.find<QWidget>("centralWidget");
-    for (const QWidget *widget : central->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (widget->isVisible())
-            QVERIFY2(widget->x() + widget->width() <= 631, qPrintable(widget->objectName()));
-    }
-}
-
-void TestStart::noSizeGrip()
-{
-    Workspace space;
-    QVERIFY(!space.find<QStatusBar>("statusBar")->isSizeGripEnabled());
-    for (const QSizeGrip *grip : space.window().findChildren<QSizeGrip *>())
-        QVERIFY(!grip->isVisible());
-}
-
-void TestStart::noShowIsLoaded()
-{
-    Workspace space;
-    space.window();
-    space.dialogs.expect(ExpectedDialogs::Box{"Nothing to Export. Load a Show", {}});
-    QVERIFY(space.click("pushButton_2"));
-    QCOMPARE(space.dialogs.faults(), QString());
-}
-
-void TestStart::headersAreHidden_data()
-{
-    QTest::addColumn<int>("sections");
-    QTest::newRow("vdjlistview") << 2;
-    QTest::newRow("dmxlistview") << 1;
-    QTest::newRow("tablecontroller") << 12;
-}
-
-void TestStart::headersAreHidden()
-{
-    QFETCH(const int, sections);
-    Workspace space;
-    const auto *view = space.find<QTableView>(QTest::currentDataTag());
-    QCOMPARE(view->horizontalHeader()->count(), sections);
-    QVERIFY(view->horizontalHeader()->isHidden());
-    QVERIFY(view->verticalHeader()->isHidden());
-}
-
-void TestStart::viewProperties_data()
-{
+    QTest::addColumn<QSize>("size"); // columns and rows
     QTest::addColumn<bool>("takesDrops");
-    QTest::addColumn<bool>("tracksMouse");
     QTest::addColumn<QAbstractItemView::SelectionMode>("selection");
-    QTest::newRow("vdjlistview") << true << true << QAbstractItemView::SingleSelection;
-    QTest::newRow("tablecontroller") << true << true << QAbstractItemView::ExtendedSelection;
-    QTest::newRow("dmxlistview") << false << false << QAbstractItemView::SingleSelection;
+    QTest::addColumn<bool>("stretches");
+    QTest::addColumn<bool>("hasMenu");
+    QTest::addColumn<QString>("delegate");
+    QTest::newRow("vdjlistview") << QSize(2, 64) << true << QAbstractItemView::SingleSelection << true << true
+                                 << "QStyledItemDelegate";
+    QTest::newRow("dmxlistview") << QSize(1, 0) << false << QAbstractItemView::SingleSelection << true
+                                 << false << "QStyledItemDelegate";
+    QTest::newRow("tablecontroller") << QSize(12, 12) << true << QAbstractItemView::ExtendedSelection << false
+                                     << true << "Mydelegate";
 }
 
-void TestStart::viewProperties()
+void TestStart::tables()
 {
+    QFETCH(const QSize, size);
     QFETCH(const bool, takesDrops);
-    QFETCH(const bool, tracksMouse);
     QFETCH(const QAbstractItemView::SelectionMode, selection);
+    QFETCH(const bool, stretches);
+    QFETCH(const bool, hasMenu);
+    QFETCH(const QString, delegate);
     Workspace space;
     const auto *view = space.find<QTableView>(QTest::currentDataTag());
-
-    QVERIFY(view->dragEnabled());
+    QCOMPARE(QSize(view->model()->columnCount(), view->model()->rowCount()), size);
+    QVERIFY(view->horizontalHeader()->isHidden() && view->verticalHeader()->isHidden());
+    QCOMPARE(view->horizontalHeader()->stretchLastSection(), stretches);
+    QVERIFY(view->dragEnabled() && view->showDropIndicator());
     QCOMPARE(view->acceptDrops(), takesDrops);
     QCOMPARE(view->viewport()->acceptDrops(), takesDrops);
-    QVERIFY(view->showDropIndicator());
     QCOMPARE(view->defaultDropAction(), Qt::CopyAction);
+    QCOMPARE(view->hasMouseTracking(), takesDrops);
     QCOMPARE(view->selectionMode(), selection);
-    QCOMPARE(view->hasMouseTracking(), tracksMouse);
+    QCOMPARE(view->contextMenuPolicy() == Qt::CustomContextMenu, hasMenu);
+    QCOMPARE(QString(view->itemDelegate()->metaObject()->className()), delegate);
 }
 
-void TestStart::lastColumnStretches_data()
-{
-    QTest::addColumn<bool>("stretches");
-    QTest::newRow("vdjlistview") << true;
-    QTest::newRow("dmxlistview") << true;
-    QTest::newRow("tablecontroller") << false;
-}
-
-void TestStart::lastColumnStretches()
-{
-    QFETCH(const bool, stretches);
-    Workspace space;
-    const auto *view = space.find<QTableView>(QTest::currentDataTag());
-    QCOMPARE(view->horizontalHeader()->stretchLastSection(), stretches);
-}
-
-void TestStart::firstColumnOfPadsIs150()
+void TestStart::columnsAndRows()
 {
     Workspace space;
     QVERIFY(space.padsView()->columnWidth(0) > 150); // alone it is the last, which stretches
     QVERIFY(space.click("radioButton_16pads"));
     QCOMPARE(space.padsView()->columnWidth(0), 150);
-}
-
-void TestStart::gridSectionsCanBeNarrow()
-{
-    Workspace space;
     QCOMPARE(space.gridView()->verticalHeader()->minimumSectionSize(), 5);
     QCOMPARE(space.gridView()->rowHeight(1), 5);
-}
-
-void TestStart::delegateClass_data()
-{
-    QTest::addColumn<QString>("className");
-    QTest::newRow("vdjlistview") << "QStyledItemDelegate";
-    QTest::newRow("dmxlistview") << "QStyledItemDelegate";
-    QTest::newRow("tablecontroller") << "Mydelegate";
-}
-
-void TestStart::delegateClass()
-{
-    QFETCH(const QString, className);
-    Workspace space;
-    const auto *view = space.find<QTableView>(QTest::currentDataTag());
-    QCOMPARE(QString(view->itemDelegate()->metaObject()->className()), className);
-}
-
-void TestStart::contextMenuPolicy_data()
-{
-    QTest::addColumn<bool>("isCustom");
-    QTest::newRow("vdjlistview") << true;
-    QTest::newRow("tablecontroller") << true;
-    QTest::newRow("dmxlistview") << false;
-}
-
-void TestStart::contextMenuPolicy()
-{
-    QFETCH(const bool, isCustom);
-    Workspace space;
-    const auto *view = space.find<QTableView>(QTest::currentDataTag());
-    QCOMPARE(view->contextMenuPolicy() == Qt::CustomContextMenu, isCustom);
-}
-
-void TestStart::rowsAndColumns_data()
-{
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("columns");
-    QTest::newRow("vdjlistview") << 64 << 2;
-    QTest::newRow("dmxlistview") << 0 << 1;
-    QTest::newRow("tablecontroller") << 12 << 12;
-}
-
-void TestStart::rowsAndColumns()
-{
-    QFETCH(const int, rows);
-    QFETCH(const int, columns);
-    Workspace space;
-    const QAbstractItemModel *model = space.find<QTableView>(QTest::currentDataTag())->model();
-    QCOMPARE(model->rowCount(), rows);
-    QCOMPARE(model->columnCount(), columns);
-}
-
-void TestStart::onlyFirstBankIsShown()
-{
-    Workspace space;
-    for (int row = 0; row < 64; ++row)
-        QCOMPARE(space.padsView()->isRowHidden(row), row >= 8);
-}
-
-void TestStart::onlyFirstPadColumnIsShown()
-{
-    Workspace space;
-    QVERIFY(!space.padsView()->isColumnHidden(0));
-    QVERIFY(space.padsView()->isColumnHidden(1));
-}
-
-void TestStart::gridShowsFirstDevice()
-{
-    Workspace space;
-    const auto *devices = space.find<QComboBox>("devicescombo");
-    QCOMPARE(devices->count(), 7);
-    QCOMPARE(devices->currentIndex(), 0);
-    const auto *mappers = space.find<QComboBox>("mididevices");
-    QVERIFY(mappers->count() > 0);
-    QCOMPARE(mappers->itemText(0), QString("Simple OS2L mapping"));
-    for (int row = 0; row < 12; ++row) {
-        for (int col = 0; col < 12; ++col) {
-            QCOMPARE(space.grid()->index(row, col).data(AvailableRole).toString(),
-                     space.ask<QString>("getpadavail", row, col));
-        }
-    }
 }
 
 void TestStart::windowOwnsModelsAndDelegate()
@@ -411,42 +164,34 @@ void TestStart::windowOwnsModelsAndDelegate()
     QCOMPARE(owned, (QStringList{"Mydelegate", "VDJModel", "Controller", "MyModel"}));
 }
 
-void TestStart::foldersAreMade_data()
+void TestStart::folders_data()
 {
-    QTest::addColumn<int>("existing");
-    QTest::newRow("at the first start") << 0;
-    QTest::newRow("projects missing") << 1;
-    QTest::newRow("both there") << 2;
+    QTest::addColumn<QStringList>("before"); // below the documents; "." where there are none
+    QTest::addColumn<QStringList>("after");
+    const QStringList made = {"Zarvex", "projects"};
+    QTest::newRow("first start") << QStringList{"VirtualDJ"}
+                                 << QStringList{"VirtualDJ", "Zarvex", "projects"};
+    QTest::newRow("VirtualDJ's are not made") << QStringList{} << made;
+    QTest::newRow("projects missing") << QStringList{"Zarvex"} << made;
+    QTest::newRow("all there") << QStringList{"Zarvex", "Zarvex/projects"} << made;
+    QTest::newRow("no documents") << QStringList{"."} << QStringList{};
 }
 
-void TestStart::foldersAreMade()
+void TestStart::folders()
 {
-    QFETCH(const int, existing);
+    QFETCH(const QStringList, before);
+    QFETCH(const QStringList, after);
     Workspace space;
-    for (const QString &folder : ownFolders(space).mid(0, existing))
-        QVERIFY(QDir().mkdir(folder));
-    space.window();
-    for (const QString &folder : ownFolders(space))
-        QVERIFY2(QFileInfo(folder).isDir(), qPrintable(folder));
-    QCOMPARE(space.dialogs.faults(), QString());
-}
-
-void TestStart::missingDocumentsFolderIsPassedOver()
-{
-    Workspace space;
+    const QDir documents(space.documents());
     QVERIFY(QDir(space.documents()).removeRecursively());
+    QVERIFY(before == QStringList(".") || QDir().mkpath(space.documents()));
+    for (const QString &folder : before)
+        QVERIFY(folder == "." || documents.mkpath(folder));
     QVERIFY(space.window().isVisible());
-    QVERIFY(!QFileInfo::exists(space.documents()));
-    QCOMPARE(space.dialogs.faults(), QString());
-}
-
-void TestStart::vdjFoldersAreNotMade()
-{
-    Workspace space;
-    const QString folder = space.documents() + "/VirtualDJ";
-    QVERIFY(QDir(folder).removeRecursively());
-    space.window();
-    QVERIFY(!QFileInfo::exists(folder));
+    QCOMPARE(documents.entryList(QDir::Dirs | QDir::NoDotAndDotDot)
+                 + QDir(space.documents() + "/Zarvex").entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+             after);
+    QCOMPARE(documents.exists(), before != QStringList("."));
     QCOMPARE(space.dialogs.faults(), QString());
 }
 
@@ -476,8 +221,7 @@ void TestStart::argumentsAreIgnored_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::newRow("none") << QStringList();
-    QTest::newRow("a project that is not there") << QStringList{"Night.zarvex"};
-    QTest::newRow("an option") << QStringList{"--help"};
+    QTest::newRow("an option and a project that is not there") << QStringList{"--help", "Night.zarvex"};
     QTest::newRow("a folder and more") << QStringList{"/", "-x", "", "--"};
 }
 
@@ -488,60 +232,13 @@ void TestStart::argumentsAreIgnored()
     QProcess program;
     program.start(ZARVEX_PROGRAM, arguments);
     QVERIFY(program.waitForStarted());
-    QTRY_VERIFY(QFileInfo(ownFolders(space).last()).isDir());
+    QTRY_VERIFY(QFileInfo(space.documents() + "/Zarvex/projects").isDir());
     QCOMPARE(program.state(), QProcess::Running);
     program.kill();
     QVERIFY(program.waitForFinished());
     QCOMPARE(program.readAllStandardOutput(), QByteArray());
 }
 #endif
-
-void TestStart::modeKeepsHeight_data()
-{
-    QTest::addColumn<bool>("isMidi");
-    QTest::addColumn<QByteArray>("slot");
-    QTest::newRow("to MIDI Mapping") << true << QByteArray("on_radio_outputmidi_clicked");
-    QTest::newRow("to Pads Page") << false << QByteArray("on_radio_outputpage_clicked");
-    QTest::newRow("to MIDI Mapping, other slot") << true << QByteArray("on_radio_outputpage_clicked");
-    QTest::newRow("to Pads Page, other slot") << false << QByteArray("on_radio_outputmidi_clicked");
-}
-
-void TestStart::modeKeepsHeight()
-{
-    QFETCH(const bool, isMidi);
-    QFETCH(const QByteArray, slot);
-    Workspace space;
-    space.find<QRadioButton>(isMidi ? "radio_outputmidi" : "radio_outputpage")->setChecked(true);
-    QVERIFY(space.call(slot));
-    QCoreApplication::processEvents();
-    QCOMPARE(space.window().height(), 606);
-    QCOMPARE(space.window().minimumHeight(), 606);
-    QCOMPARE(space.window().maximumHeight(), 606);
-}
-
-void TestStart::oneModeIsAlwaysChosen()
-{
-    Workspace space;
-    const auto *page = space.find<QRadioButton>("radio_outputpage");
-    const auto *midi = space.find<QRadioButton>("radio_outputmidi");
-    for (const char *radio :
-         {"radio_outputpage", "radio_outputmidi", "radio_outputmidi", "radio_outputpage"}) {
-        QVERIFY(space.click(radio));
-        QCOMPARE(page->isChecked(), qstrcmp(radio, "radio_outputpage") == 0);
-        QCOMPARE(midi->isChecked(), !page->isChecked());
-    }
-}
-
-void TestStart::showWithoutPagesIsLoaded()
-{
-    Workspace space;
-    QVERIFY2(space.load(space.writeShow("Bare", "[page]\nnumber = 0\n")), qPrintable(space.dialogs.faults()));
-    QCOMPARE(space.window().windowTitle(), QString("Zarvex - Bare"));
-    QCOMPARE(space.dmx()->rowCount(), 0);
-    space.dialogs.expect(ExpectedDialogs::Box{"Nothing to Export. Pads are empty", {}});
-    QVERIFY(space.click("pushButton_2"));
-    QCOMPARE(space.dialogs.faults(), QString());
-}
 
 QTEST_MAIN(TestStart)
 #include "test_start.moc"
