@@ -1,4 +1,5 @@
-#include "support/workspace.h"
+#include "support/boxes.h"
+#include "support/devices.h"
 
 #include <QComboBox>
 #include <QHelpEvent>
@@ -11,6 +12,8 @@
 namespace {
 
 // The theme, written down a second time: one text for each kind of widget, slips and blanks included.
+
+const char None[] = "";
 
 const char Base[] = "QWidget {color: #cccccc; background-color: #202020;}";
 
@@ -96,44 +99,21 @@ const char MessageBoxes[] =
     " #404040;border: 1px solid #606060;}";
 
 /** Which named objects carry which text. */
-struct Dressed
-{
-    const char *sheet;
-    QVector<const char *> objects;
+const QVector<QPair<const char *, QString>> Dressed = {
+    {Combo, "bankcombo combobox mididevices devicescombo combo_offcolor combo_oncolor"},
+    {Radio, "radio_outputmidi radio_outputpage radioButton_16pads radioButton_8pads"},
+    {Menu, "menuPage menuHelp"},
+    {Bar, "menuBar"},
+    {Button, "pushButton_2 cleanmidi_button cleanpads_button loadini"},
+    {Base, "centralWidget"},
+    {Edit, "padsname bankname"},
+    {Label,
+     "label_padname label_3 label label_2 label_5 label_6 label_7 bank_label bank_label_3 label_9 label_10"},
+    {Panel, "groupBox groupBox_2 groupBox_3 groupBox_4 groupBox_midis groupBox_pads groupBox_controller"},
+    {ListTable, "vdjlistview dmxlistview"},
+    {GridTable, "tablecontroller"},
+    {None, "groupBox_colors label_4 mainToolBar statusBar"},
 };
-
-const QVector<Dressed> &dressed()
-{
-    static const QVector<Dressed> list{
-        {Combo, {"bankcombo", "combobox", "mididevices", "devicescombo", "combo_offcolor", "combo_oncolor"}},
-        {Radio, {"radio_outputmidi", "radio_outputpage", "radioButton_16pads", "radioButton_8pads"}},
-        {Menu, {"menuPage", "menuHelp"}},
-        {Bar, {"menuBar"}},
-        {Button, {"pushButton_2", "cleanmidi_button", "cleanpads_button", "loadini"}},
-        {Base, {"centralWidget"}},
-        {Edit, {"padsname", "bankname"}},
-        {Label,
-         {"label_padname", "label_3", "label", "label_2", "label_5", "label_6", "label_7", "bank_label",
-          "bank_label_3", "label_9", "label_10"}},
-        {Panel,
-         {"groupBox", "groupBox_2", "groupBox_3", "groupBox_4", "groupBox_midis", "groupBox_pads",
-          "groupBox_controller"}},
-        {ListTable, {"vdjlistview", "dmxlistview"}},
-        {GridTable, {"tablecontroller"}},
-    };
-    return list;
-}
-
-bool isDressed(const QString &name)
-{
-    for (const Dressed &group : dressed()) {
-        for (const char *object : group.objects) {
-            if (name == object)
-                return true;
-        }
-    }
-    return false;
-}
 
 /** The sheets and tool tips of all widgets of the window, sorted: the tables restack what they consist of. */
 QStringList wardrobe(const QWidget &window)
@@ -202,21 +182,12 @@ class TestStyles final : public QObject
 private slots:
     void sheet_data();
     void sheet();
-    void scrollBar_data();
-    void scrollBar();
-    void withoutSheet_data();
-    void withoutSheet();
     void nothingElseHasASheet();
-    void slip_data();
-    void slip();
-    void toolTip_data();
-    void toolTip();
+    void toolTips();
     void setAgain();
-    void setAgainRestores();
     void messageBoxes();
 
-    void fontIsArial_data();
-    void fontIsArial();
+    void fontsStay();
     void textFits_data();
     void textFits();
     void pixel_data();
@@ -230,9 +201,9 @@ private slots:
 void TestStyles::sheet_data()
 {
     QTest::addColumn<QString>("expected");
-    for (const Dressed &group : dressed()) {
-        for (const char *object : group.objects)
-            QTest::newRow(object) << group.sheet;
+    for (const auto &[sheet, objects] : Dressed) {
+        for (const QString &object : objects.split(' '))
+            QTest::newRow(qPrintable(object)) << sheet;
     }
 }
 
@@ -243,108 +214,33 @@ void TestStyles::sheet()
     QCOMPARE(space.find<QWidget>(QTest::currentDataTag())->styleSheet(), expected);
 }
 
-void TestStyles::scrollBar_data()
-{
-    QTest::addColumn<QString>("vertical");
-    QTest::addColumn<QString>("horizontal");
-    for (const char *view : {"dmxlistview", "vdjlistview", "tablecontroller"})
-        QTest::newRow(view) << TableScrollBar << QString();
-}
-
-void TestStyles::scrollBar()
-{
-    QFETCH(const QString, vertical);
-    QFETCH(const QString, horizontal);
-    Workspace space;
-    const auto *view = space.find<QTableView>(QTest::currentDataTag());
-    QCOMPARE(view->verticalScrollBar()->styleSheet(), vertical);
-    QCOMPARE(view->horizontalScrollBar()->styleSheet(), horizontal);
-}
-
-void TestStyles::withoutSheet_data()
-{
-    QTest::addColumn<QString>("parent");
-    QTest::newRow("groupBox_colors") << "groupBox_midis";
-    QTest::newRow("label_4") << "centralWidget";
-    QTest::newRow("mainToolBar") << "MainWindow";
-    QTest::newRow("statusBar") << "MainWindow";
-}
-
-void TestStyles::withoutSheet()
-{
-    QFETCH(const QString, parent);
-    Workspace space;
-    const auto *widget = space.find<QWidget>(QTest::currentDataTag());
-    QCOMPARE(widget->styleSheet(), QString());
-    QCOMPARE(widget->parentWidget()->objectName(), parent);
-}
-
 void TestStyles::nothingElseHasASheet()
 {
     Workspace space;
     QVERIFY(space.window().styleSheet().isEmpty());
     QVERIFY(qApp->styleSheet().isEmpty());
-    int scrollBars = 0;
+    QStringList known;
+    for (const auto &[sheet, objects] : Dressed)
+        known += objects.split(' ');
+    for (const QTableView *view : {space.dmxView(), space.padsView(), space.gridView()})
+        QCOMPARE(view->verticalScrollBar()->styleSheet(), QString(TableScrollBar));
+    int others = 0;
+    for (const QWidget *widget : space.window().findChildren<QWidget *>())
+        others += !widget->styleSheet().isEmpty() && !known.contains(widget->objectName());
+    QCOMPARE(others, 3); // the scroll bars
+}
+
+void TestStyles::toolTips()
+{
+    Workspace space;
+    QStringList tips;
     for (const QWidget *widget : space.window().findChildren<QWidget *>()) {
-        if (widget->styleSheet().isEmpty() || isDressed(widget->objectName()))
-            continue;
-        QCOMPARE(widget->styleSheet(), QString(TableScrollBar));
-        ++scrollBars;
+        if (!widget->toolTip().isEmpty())
+            tips += widget->objectName() + ": " + widget->toolTip();
     }
-    QCOMPARE(scrollBars, 3);
-}
-
-void TestStyles::slip_data()
-{
-    QTest::addColumn<QByteArray>("object");
-    QTest::addColumn<QString>("slip");
-    QTest::addColumn<int>("count");
-
-    QTest::newRow("stray semicolon behind the page name's last block") << QByteArray("padsname") << "};" << 1;
-    QTest::newRow("stray semicolon behind the bank name's last block") << QByteArray("bankname") << "};" << 1;
-    for (const char *view : {"vdjlistview", "dmxlistview"}) {
-        const QByteArray name(view);
-        QTest::newRow(name + ": single colon, selected") << name << "QTableView:item:selected{" << 1;
-        QTest::newRow(name + ": single colon, focus") << name << "QTableView:item:focus{" << 1;
-        QTest::newRow(name + ": single colon, focus and selected")
-            << name << "QTableView:item:focus:selected{" << 1;
-        QTest::newRow(name + ": single colon, hover") << name << "QTableView:item:hover{" << 1;
-        QTest::newRow(name + ": single colon, hover and selected")
-            << name << "QTableView:item:hover:selected{" << 1;
-        QTest::newRow(name + ": double colon, plain item") << name << "QTableView::item{" << 1;
-    }
-    for (const char *combo :
-         {"bankcombo", "combobox", "mididevices", "devicescombo", "combo_offcolor", "combo_oncolor"}) {
-        const QByteArray name(combo);
-        QTest::newRow(name + ": up-down") << name << "QScrollBar::up-down:vertical" << 1;
-        QTest::newRow(name + ": no down-arrow") << name << "down-arrow" << 0;
-        QTest::newRow(name + ": two blanks") << name << "}  QScrollBar::add-page" << 1;
-    }
-}
-
-void TestStyles::slip()
-{
-    QFETCH(const QByteArray, object);
-    QFETCH(const QString, slip);
-    QFETCH(const int, count);
-    Workspace space;
-    QCOMPARE(space.find<QWidget>(object)->styleSheet().count(slip), count);
-}
-
-void TestStyles::toolTip_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("cleanmidi_button") << "Clean content from All Buttons";
-    QTest::newRow("cleanpads_button") << "Clean content from All Pads";
-    QTest::newRow("pushButton_2") << QString();
-    QTest::newRow("loadini") << QString();
-}
-
-void TestStyles::toolTip()
-{
-    QFETCH(const QString, text);
-    Workspace space;
-    QCOMPARE(space.find<QWidget>(QTest::currentDataTag())->toolTip(), text);
+    tips.sort();
+    QCOMPARE(tips, (QStringList{"cleanmidi_button: Clean content from All Buttons",
+                                "cleanpads_button: Clean content from All Pads"}));
 }
 
 void TestStyles::setAgain()
@@ -352,24 +248,13 @@ void TestStyles::setAgain()
     Workspace space;
     QVERIFY(space.loadSomeShow());
     const QStringList before = wardrobe(space.window()) + space.snapshot();
+    for (const auto &[sheet, objects] : Dressed) {
+        for (const QString &object : objects.split(' '))
+            space.find<QWidget>(qPrintable(object))->setStyleSheet(QString());
+    }
     QVERIFY(space.call("setstyles"));
     QVERIFY(space.call("setstyles"));
     QCOMPARE(wardrobe(space.window()) + space.snapshot(), before);
-    QCOMPARE(space.dialogs.faults(), QString());
-}
-
-void TestStyles::setAgainRestores()
-{
-    Workspace space;
-    const QStringList before = wardrobe(space.window());
-    for (const Dressed &group : dressed()) {
-        for (const char *object : group.objects) {
-            space.find<QWidget>(object)->setStyleSheet(QString());
-            space.find<QWidget>(object)->setToolTip(QString());
-        }
-    }
-    QVERIFY(space.call("setstyles"));
-    QCOMPARE(wardrobe(space.window()), before);
 }
 
 void TestStyles::messageBoxes()
@@ -377,47 +262,45 @@ void TestStyles::messageBoxes()
     const BoxSheets boxes;
     Workspace space;
     space.window();
-    space.dialogs.expect(ExpectedDialogs::Box{"Nothing to Save. Load a Show", {}});
+    space.dialogs.expect(Boxes::SaveWithoutShow);
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(boxes.sheets, QStringList{MessageBoxes});
 }
 
-void TestStyles::fontIsArial_data()
+/** A widget with a sheet of its own keeps the window's font only while the central widget is styled before it. */
+void TestStyles::fontsStay()
 {
-    QTest::addColumn<int>("points"); // 0 where the size is the window's
-    for (const char *name : {"radio_outputpage", "radio_outputmidi"})
-        QTest::newRow(name) << 9; // their frame's
-    for (const char *name :
-         {"label_6", "label_5", "label_padname", "cleanpads_button", "cleanmidi_button", "bankcombo"})
-        QTest::newRow(name) << 9;
-    for (const char *name : {"combobox", "loadini", "pushButton_2"})
-        QTest::newRow(name) << 10;
-    for (const char *name : {"label_4", "padsname", "label_7", "mididevices", "bank_label_3", "devicescombo",
-                             "label_10", "label", "combo_offcolor", "label_2", "combo_oncolor", "bank_label",
-                             "label_3", "bankname", "radioButton_8pads", "radioButton_16pads", "label_9"})
-        QTest::newRow(name) << 0;
-}
-
-void TestStyles::fontIsArial()
-{
-    QFETCH(const int, points);
     Workspace space;
-    const auto *widget = space.find<QWidget>(QTest::currentDataTag());
-    const int expected = points > 0 ? points : space.window().font().pointSize();
-    const auto check = [widget, expected] {
-        return widget->font().family() == "Arial" && widget->font().pointSize() == expected;
+    const auto strange = [&space](int points, const char *names) {
+        QStringList found;
+        for (const QString &name : QString(names).split(' ')) {
+            const QFont font = space.find<QWidget>(qPrintable(name))->font();
+            if (font.family() != "Arial" || font.pointSize() != points)
+                found += name;
+        }
+        return found.join(' ');
     };
-    QVERIFY2(check(), "at the start");
-
+    const auto all = [&] {
+        return strange(
+                   9,
+                   "label_6 label_5 label_padname cleanpads_button cleanmidi_button bankcombo radio_outputpage "
+                   "radio_outputmidi")
+               + strange(10, "combobox loadini pushButton_2")
+               + strange(
+                   space.window().font().pointSize(),
+                   "label_4 padsname label_7 mididevices bank_label_3 devicescombo label_10 label combo_offcolor "
+                   "label_2 combo_oncolor bank_label label_3 bankname radioButton_8pads radioButton_16pads "
+                   "label_9");
+    };
+    QCOMPARE(all(), QString());
     QVERIFY(space.click("radio_outputmidi"));
-    QVERIFY2(check(), "in the other mode");
-    auto *devices = space.find<QComboBox>("devicescombo");
-    devices->setCurrentIndex(devices->findText("Novation Launchpad PRO"));
-    devices->setCurrentIndex(0);
-    QVERIFY2(check(), "after a device without a palette");
+    QCOMPARE(all(), QString());
+    space.find<QComboBox>("devicescombo")->setCurrentIndex(Devices::Pro); // without a palette
+    space.find<QComboBox>("devicescombo")->setCurrentIndex(Devices::Akai);
+    QCOMPARE(all(), QString());
     QVERIFY(space.call("setstyles"));
-    QVERIFY2(check(), "styled again");
+    QCOMPARE(all(), QString());
 }
 
 void TestStyles::textFits_data()
@@ -442,7 +325,7 @@ void TestStyles::textFits()
     QStringList cut = cutTexts(space);
     QVERIFY(space.click("radio_outputmidi"));
     cut += cutTexts(space);
-    space.find<QComboBox>("devicescombo")->setCurrentIndex(3); // one without a palette
+    space.find<QComboBox>("devicescombo")->setCurrentIndex(Devices::Mk2); // one without a palette
     cut += cutTexts(space);
     QVERIFY(space.click("radio_outputpage"));
     cut += cutTexts(space);
@@ -455,16 +338,19 @@ void TestStyles::pixel_data()
     QTest::addColumn<QByteArray>("object");
     QTest::addColumn<QPoint>("point");
     QTest::addColumn<QColor>("color");
-    QTest::newRow("central widget") << QByteArray("centralWidget") << QPoint(3, 3) << QColor("#202020");
-    QTest::newRow("panel") << QByteArray("groupBox_2") << QPoint(3, 430) << QColor("#303030");
-    QTest::newRow("table without rows") << QByteArray("dmxlistview") << QPoint(120, 120) << QColor(Qt::black);
-    QTest::newRow("border of a pad") << QByteArray("vdjlistview") << QPoint(100, 0) << QColor("#404040");
-    QTest::newRow("button") << QByteArray("pushButton_2") << QPoint(4, 4) << QColor("#303030");
-    QTest::newRow("border of a button") << QByteArray("pushButton_2") << QPoint(60, 0) << QColor("#505050");
-    QTest::newRow("line edit") << QByteArray("padsname") << QPoint(185, 5) << QColor(Qt::black);
-    QTest::newRow("border of a line edit") << QByteArray("padsname") << QPoint(90, 0) << QColor("#606060");
-    QTest::newRow("border of a combo box") << QByteArray("bankcombo") << QPoint(10, 0) << QColor("#707070");
-    QTest::newRow("menu bar") << QByteArray("menuBar") << QPoint(600, 10) << QColor(Qt::black);
+    const auto row = [](const char *name, const char *object, const QPoint &point, const char *color) {
+        QTest::newRow(name) << QByteArray(object) << point << QColor(color);
+    };
+    row("central widget", "centralWidget", {3, 3}, "#202020");
+    row("panel", "groupBox_2", {3, 430}, "#303030");
+    row("table without rows", "dmxlistview", {120, 120}, "black");
+    row("border of a pad", "vdjlistview", {100, 0}, "#404040");
+    row("button", "pushButton_2", {4, 4}, "#303030");
+    row("border of a button", "pushButton_2", {60, 0}, "#505050");
+    row("line edit", "padsname", {185, 5}, "black");
+    row("border of a line edit", "padsname", {90, 0}, "#606060");
+    row("border of a combo box", "bankcombo", {10, 0}, "#707070");
+    row("menu bar", "menuBar", {600, 10}, "black");
 }
 
 void TestStyles::pixel()
@@ -508,27 +394,22 @@ void TestStyles::endOfColorsLabelIsSeen()
 
 void TestStyles::cellToolTipIsDark_data()
 {
-    QTest::addColumn<bool>("isMidi");
-    QTest::newRow("dmxlistview") << false;
-    QTest::newRow("vdjlistview") << false;
-    QTest::newRow("tablecontroller") << true;
+    QTest::addColumn<int>("place"); // row and column of a cell with a tip
+    QTest::newRow("dmxlistview") << 0;
+    QTest::newRow("vdjlistview") << 0;
+    QTest::newRow("tablecontroller") << 2;
 }
 
 void TestStyles::cellToolTipIsDark()
 {
-    QFETCH(const bool, isMidi);
+    QFETCH(const int, place);
     Workspace space;
-    QVERIFY2(space.loadSomeShow(), qPrintable(space.dialogs.faults()));
-    QVERIFY(space.putOnPad(0, 0));
-    if (isMidi) {
-        QVERIFY(space.click("radio_outputmidi"));
-        QVERIFY(space.putOnKey(0, 2, 2));
-    }
+    QVERIFY2(space.loadSomeShow() && space.putOnPad(0, 0), qPrintable(space.dialogs.faults()));
     auto *view = space.find<QTableView>(QTest::currentDataTag());
-    const QModelIndex cell = view->model()->index(isMidi ? 2 : 0, isMidi ? 2 : 0);
-    QVERIFY(!cell.data(Qt::ToolTipRole).toString().isEmpty());
+    if (view == space.gridView())
+        QVERIFY(space.click("radio_outputmidi") && space.putOnKey(0, place, place));
 
-    const QPoint point = view->visualRect(cell).center();
+    const QPoint point = view->visualRect(view->model()->index(place, place)).center();
     QHelpEvent help(QEvent::ToolTip, point, view->viewport()->mapToGlobal(point));
     QCoreApplication::sendEvent(view->viewport(), &help);
     QTRY_VERIFY(toolTipLabel());
