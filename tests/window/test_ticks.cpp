@@ -19,44 +19,13 @@ bool start(Workspace &space, bool isMidiMode)
                || (space.click("radio_outputmidi") && space.choose("devicescombo", Devices::Pro)));
 }
 
-/** Drags Live Buttons onto pads, or onto keys in MIDI Mapping mode; each as "button@row,column". */
-bool put(Workspace &space, const QString &text)
-{
-    const bool onKeys = space.find<QRadioButton>("radio_outputmidi")->isChecked();
-    for (const QString &part : text.split(' ')) {
-        const int button = part.section('@', 0, 0).toInt();
-        const int row = part.section('@', 1).section(',', 0, 0).toInt();
-        const int col = part.section(',', 1).toInt();
-        if (onKeys ? !space.putOnKey(button, row, col) : !space.putOnPad(button, row, col))
-            return false;
-    }
-    return true;
-}
-
 /** The Live Buttons of some cells, "row,column row,column". */
-QString buttonsAt(const QAbstractItemModel *table, const QString &cells)
+QString buttonsAt(const QTableView *view, const QString &cells)
 {
     QStringList buttons;
     for (const QString &cell : cells.split(' '))
-        buttons += table->index(cell.section(',', 0, 0).toInt(), cell.section(',', 1).toInt())
-                       .data(ButtonRole)
-                       .toString();
+        buttons += Workspace::cellAt(view, cell).data(ButtonRole).toString();
     return buttons.join(' ');
-}
-
-/** Calls a slot with as many numbers as it takes. */
-bool call(Workspace &space, const QByteArray &slot, const QList<int> &with)
-{
-    switch (with.size()) {
-    case 0:
-        return space.call(slot);
-    case 1:
-        return space.call(slot, with.at(0));
-    case 2:
-        return space.call(slot, with.at(0), with.at(1));
-    default:
-        return space.call(slot, with.at(0), with.at(1), with.at(2));
-    }
 }
 
 /** Puts the focus where none of the tables has it. */
@@ -107,7 +76,7 @@ private slots:
 void TestTicks::userCannotToggle()
 {
     Workspace space;
-    QVERIFY2(start(space, false) && put(space, "3@0,0"), qPrintable(space.dialogs.faults()));
+    QVERIFY2(start(space, false) && space.put("3@0,0"), qPrintable(space.dialogs.faults()));
     for (const int row : {0, 3}) {
         const QRect rect = space.dmxView()->visualRect(space.dmx()->index(row, 0));
         for (int x = rect.left() + 2; x < rect.left() + 40; x += 4)
@@ -153,9 +122,9 @@ void TestTicks::dropsAndRemovals()
     QFETCH(QList<int>, ticked);
 
     Workspace space;
-    QVERIFY2(start(space, onKeys) && put(space, before), qPrintable(space.dialogs.faults()));
+    QVERIFY2(start(space, onKeys) && space.put(before), qPrintable(space.dialogs.faults()));
     if (act.contains('@')) {
-        QVERIFY(put(space, act));
+        QVERIFY(space.put(act));
     } else {
         Workspace::select(onKeys ? space.gridView() : space.padsView(), act);
         QVERIFY(space.call(onKeys ? "ondeleteaction_triggered" : "ondeletevdjaction_triggered"));
@@ -167,7 +136,7 @@ void TestTicks::dropsAndRemovals()
 void TestTicks::removingOutsideColumn0OfAFullTable()
 {
     Workspace space;
-    QVERIFY2(start(space, false) && put(space, "3@0,0"), qPrintable(space.dialogs.faults()));
+    QVERIFY2(start(space, false) && space.put("3@0,0"), qPrintable(space.dialogs.faults()));
     for (int row = 1; row < 64; ++row)
         QVERIFY(space.pads()->setData(space.pads()->index(row, 0), "5", ButtonRole));
     Workspace::select(space.padsView(), "0,1");
@@ -180,34 +149,34 @@ void TestTicks::emptiedCellsRest_data()
     QTest::addColumn<QByteArray>("slot");
     QTest::addColumn<QList<int>>("with");
     QTest::addColumn<bool>("onKeys");
-    QTest::addColumn<QPoint>("cell"); // row, column
+    QTest::addColumn<QString>("place");
     QTest::addColumn<QString>("label");
     QTest::addColumn<QString>("color");
     QTest::addColumn<QString>("available"); // of a key that was "0", where such a key can be emptied
     QTest::addColumn<QString>("textColor"); // of a key that was "#123456"
-    const auto pad = [](const char *name, const char *slot, const QList<int> &with, const QPoint &cell,
+    const auto pad = [](const char *name, const char *slot, const QList<int> &with, const char *place,
                         const char *label, const QString &color) {
-        QTest::newRow(name) << QByteArray(slot) << with << false << cell << label << color << ""
+        QTest::newRow(name) << QByteArray(slot) << with << false << place << label << color << ""
                             << "";
     };
-    const auto key = [](const char *name, const char *slot, const QList<int> &with, const QPoint &cell,
+    const auto key = [](const char *name, const char *slot, const QList<int> &with, const char *place,
                         const char *label, const char *available, const char *textColor) {
-        QTest::newRow(name) << QByteArray(slot) << with << true << cell << label << Texts::NoColor
+        QTest::newRow(name) << QByteArray(slot) << with << true << place << label << Texts::NoColor
                             << available << textColor;
     };
     const char *const removePads = "ondeletevdjaction_triggered";
     const char *const removeKeys = "ondeleteaction_triggered";
     const char *const removeKey = "ondeletemidiaction_triggered";
-    pad("pad 8 of bank 2", removePads, {}, {15, 0}, "PAD 8", Texts::NoColor);
-    pad("pad 9 comes back as 1", removePads, {}, {0, 1}, "PAD 1", Texts::NoColor);
-    pad("pad 16 of bank 8 comes back as 8", removePads, {}, {63, 1}, "PAD 8", Texts::NoColor);
-    pad("unchecked: pad 2 of bank 3", "dmxcheckchange", {5}, {17, 0}, "PAD 2", "#ffffff");
-    key("selected key", removeKeys, {}, {2, 2}, "PAD 1", "1", "#ffffff");
-    key("selected key of a band", removeKeys, {}, {9, 11}, "RIGHT 8", "1", "#ffffff");
-    key("one key", removeKey, {9, 9}, {9, 9}, "PAD 64", "1", "#ffffff");
-    key("one key of a band", removeKey, {2, 0}, {2, 0}, "LEFT 1", "1", "#ffffff");
-    key("unchecked: key", "dmxcheckchange", {5}, {2, 2}, "PAD 1", "0", "#123456");
-    key("unchecked: key of a band", "dmxcheckchange", {5}, {3, 11}, "RIGHT 2", "0", "#123456");
+    pad("pad 8 of bank 2", removePads, {}, "15,0", "PAD 8", Texts::NoColor);
+    pad("pad 9 comes back as 1", removePads, {}, "0,1", "PAD 1", Texts::NoColor);
+    pad("pad 16 of bank 8 comes back as 8", removePads, {}, "63,1", "PAD 8", Texts::NoColor);
+    pad("unchecked: pad 2 of bank 3", "dmxcheckchange", {5}, "17,0", "PAD 2", "#ffffff");
+    key("selected key", removeKeys, {}, "2,2", "PAD 1", "1", "#ffffff");
+    key("selected key of a band", removeKeys, {}, "9,11", "RIGHT 8", "1", "#ffffff");
+    key("one key", removeKey, {9, 9}, "9,9", "PAD 64", "1", "#ffffff");
+    key("one key of a band", removeKey, {2, 0}, "2,0", "LEFT 1", "1", "#ffffff");
+    key("unchecked: key", "dmxcheckchange", {5}, "2,2", "PAD 1", "0", "#123456");
+    key("unchecked: key of a band", "dmxcheckchange", {5}, "3,11", "RIGHT 2", "0", "#123456");
 }
 
 void TestTicks::emptiedCellsRest()
@@ -215,17 +184,16 @@ void TestTicks::emptiedCellsRest()
     QFETCH(QByteArray, slot);
     QFETCH(QList<int>, with);
     QFETCH(bool, onKeys);
-    QFETCH(QPoint, cell);
+    QFETCH(QString, place);
     QFETCH(QString, label);
     QFETCH(QString, color);
     QFETCH(QString, available);
     QFETCH(QString, textColor);
 
     Workspace space;
-    const QString place = QString("%1,%2").arg(cell.x()).arg(cell.y());
-    QVERIFY2(start(space, onKeys) && put(space, "5@" + place), qPrintable(space.dialogs.faults()));
+    QVERIFY2(start(space, onKeys) && space.put("5@" + place), qPrintable(space.dialogs.faults()));
     QTableView *view = onKeys ? space.gridView() : space.padsView();
-    const QModelIndex index = view->model()->index(cell.x(), cell.y());
+    const QModelIndex index = Workspace::cellAt(view, place);
     QList<QPair<int, QString>> values = {{Qt::EditRole, "typed"}};
     if (onKeys) {
         const bool isSelected = with.isEmpty(); // not if the device lacks the key
@@ -238,7 +206,7 @@ void TestTicks::emptiedCellsRest()
     for (const auto &[role, value] : qAsConst(values))
         QVERIFY(view->model()->setData(index, value, role));
     Workspace::select(view, place);
-    QVERIFY(call(space, slot, with));
+    QVERIFY(space.callWith(slot, with));
 
     QCOMPARE(index.data(Qt::EditRole), QVariant(label));
     QCOMPARE(index.data(DisplayNameRole), QVariant(label));
@@ -257,7 +225,7 @@ void TestTicks::emptiedCellsRest()
 void TestTicks::secondColumnIsExportedWithoutATick()
 {
     Workspace space;
-    QVERIFY2(start(space, false) && put(space, "3@0,0 3@0,1"), qPrintable(space.dialogs.faults()));
+    QVERIFY2(start(space, false) && space.put("3@0,0 3@0,1"), qPrintable(space.dialogs.faults()));
     Workspace::select(space.padsView(), "0,0");
     QVERIFY(space.call("ondeletevdjaction_triggered"));
     QCOMPARE(space.ticked(), QList<int>());
@@ -274,7 +242,7 @@ void TestTicks::secondColumnIsExportedWithoutATick()
 void TestTicks::padDroppedOnALine()
 {
     Workspace space;
-    QVERIFY2(start(space, false) && put(space, "4@1,1"), qPrintable(space.dialogs.faults()));
+    QVERIFY2(start(space, false) && space.put("4@1,1"), qPrintable(space.dialogs.faults()));
     const QModelIndex pad = space.pads()->index(1, 1);
     const std::unique_ptr<QMimeData> data(space.pads()->mimeData({pad}));
     const QRect other = space.padsView()->visualRect(space.pads()->index(5, 0));
@@ -294,7 +262,7 @@ void TestTicks::padDroppedOnALine()
 void TestTicks::modeSwitchLooksForTheSameText()
 {
     Workspace space;
-    QVERIFY2(start(space, false) && put(space, "3@0,0 5@1,0"), qPrintable(space.dialogs.faults()));
+    QVERIFY2(start(space, false) && space.put("3@0,0 5@1,0"), qPrintable(space.dialogs.faults()));
     QVERIFY(space.pads()->setData(space.pads()->index(0, 0), "03", ButtonRole));
     QVERIFY(space.call("dmxtoremove", 3));
     QCOMPARE(space.ticked(), QList<int>({3, 5}));
@@ -409,8 +377,8 @@ void TestTicks::slotsTick()
     for (const QList<int> &target : {QList<int>{to}, QList<int>{to, 3}}) {
         Workspace space;
         QVERIFY2(start(space, true), qPrintable(space.dialogs.faults()));
-        QVERIFY(
-            call(space, target.size() == 1 ? "CheckChanged" : "CheckChangedCon", QList<int>{index} + target));
+        QVERIFY(space.callWith(target.size() == 1 ? "CheckChanged" : "CheckChangedCon",
+                               QList<int>{index} + target));
         QCOMPARE(space.ticked(), ticked);
         QCOMPARE(space.leftOnPads(), QString());
         QCOMPARE(space.leftOnGrid(), QString());
@@ -434,7 +402,7 @@ void TestTicks::uncheckingGoesThroughAllRows()
 
     for (const bool onKeys : {false, true}) {
         Workspace space;
-        QVERIFY2(start(space, onKeys) && put(space, "5@2,0"), qPrintable(space.dialogs.faults()));
+        QVERIFY2(start(space, onKeys) && space.put("5@2,0"), qPrintable(space.dialogs.faults()));
         QVERIFY(space.dmx()->setData(space.dmx()->index(7, 0), "03", ButtonRole)); // numbers count, not texts
         QVERIFY(space.call("CheckChanged", 3, 0) && space.call("CheckChanged", 7, 0));
         QVERIFY(space.call(onKeys ? "dmxtoremove2" : "dmxtoremove", number));
@@ -445,17 +413,16 @@ void TestTicks::uncheckingGoesThroughAllRows()
 void TestTicks::uncheckedButtonLeavesItsCells()
 {
     Workspace space;
-    QVERIFY2(start(space, false) && put(space, "3@0,0 4@1,0 3@2,1 3@9,0"),
-             qPrintable(space.dialogs.faults()));
-    QVERIFY(space.click("radio_outputmidi") && put(space, "3@2,2 3@2,11 3@5,5 4@9,9"));
+    QVERIFY2(start(space, false) && space.put("3@0,0 4@1,0 3@2,1 3@9,0"), qPrintable(space.dialogs.faults()));
+    QVERIFY(space.click("radio_outputmidi") && space.put("3@2,2 3@2,11 3@5,5 4@9,9"));
     QVERIFY(space.pads()->setData(space.pads()->index(4, 0), "03", ButtonRole)); // numbers count, not texts
     QVERIFY(space.grid()->setData(space.grid()->index(4, 4), "03", ButtonRole));
     QVERIFY(focusElsewhere(space));
     QVERIFY(space.call("dmxcheckchange", 3));
 
-    QCOMPARE(buttonsAt(space.pads(), "0,0 4,0 9,0 1,0 2,1"),
+    QCOMPARE(buttonsAt(space.padsView(), "0,0 4,0 9,0 1,0 2,1"),
              QString("-1 -1 -1 4 3")); // not in the second column
-    QCOMPARE(buttonsAt(space.grid(), "2,2 2,11 4,4 5,5 9,9"), QString("-1 -1 -1 -1 4"));
+    QCOMPARE(buttonsAt(space.gridView(), "2,2 2,11 4,4 5,5 9,9"), QString("-1 -1 -1 -1 4"));
     QCOMPARE(space.padsView()->currentIndex(), space.pads()->index(9, 0));
     QCOMPARE(space.gridView()->currentIndex(), space.grid()->index(5, 5));
     QCOMPARE(space.dmxView()->currentIndex(), space.dmx()->index(3, 0));
@@ -475,7 +442,7 @@ void TestTicks::focusAfterDrops()
 
     QVERIFY(space.click("radio_outputmidi"));
     space.gridView()->setCurrentIndex(space.grid()->index(9, 9));
-    QVERIFY(focusElsewhere(space) && put(space, "5@4,6"));
+    QVERIFY(focusElsewhere(space) && space.put("5@4,6"));
     QCOMPARE(Workspace::focused(), QString("tablecontroller"));
     QCOMPARE(space.gridView()->currentIndex(), space.grid()->index(4, 6));
     QCOMPARE(space.gridView()->selectionModel()->selectedIndexes(),
@@ -519,12 +486,12 @@ void TestTicks::wayOfTheFocus()
     QFETCH(int, current);
 
     Workspace space;
-    QVERIFY2(start(space, onKeys) && put(space, "3@2,0"), qPrintable(space.dialogs.faults()));
+    QVERIFY2(start(space, onKeys) && space.put("3@2,0"), qPrintable(space.dialogs.faults()));
     Workspace::select(onKeys ? space.gridView() : space.padsView(), "2,0");
     space.dmxView()->setCurrentIndex(space.dmx()->index(7, 0));
     QVERIFY(focusElsewhere(space));
     const FocusLog log;
-    QVERIFY(call(space, slot, with));
+    QVERIFY(space.callWith(slot, with));
     QCOMPARE(log.names().join(' '), focus);
     for (const auto &widget : log.taken)
         QCOMPARE(widget.second, Qt::OtherFocusReason);
