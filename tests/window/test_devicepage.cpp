@@ -354,6 +354,12 @@ void TestDevicePage::noDeviceExportsAllTheSame()
     space.dialogs.expect(Boxes::mappingCreated(Texts::PageName, {}));
     space.trigger("actionExport");
     QCOMPARE(space.dialogs.faults(), QString());
+    for (const int device : {NoDevice, Names.size(), 999}) {
+        QCOMPARE(space.ask<QString>("getdeviceoffcolor", device), QString());
+        QCOMPARE(space.ask<QString>("getdeviceoncolor", device), QString());
+    }
+    QCOMPARE(space.ask<QString>("getdeviceoffcolor", Classic), ClassicPalette.at(OffColors.at(Classic)));
+    QCOMPARE(space.ask<QString>("getdeviceoncolor", Classic), ClassicPalette.at(OnColors.at(Classic)));
 }
 
 void TestDevicePage::noDeviceHasNoBands_data()
