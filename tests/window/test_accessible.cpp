@@ -82,9 +82,9 @@ QString round(QWidget *from)
             names += widget->objectName();
         return names.join(' ');
     };
+    const QString forth = named(walk(from, Qt::Key_Tab));
     QWidgetList back = walk(from, Qt::Key_Backtab);
     std::reverse(back.begin() + 1, back.end());
-    const QString forth = named(walk(from, Qt::Key_Tab));
     return forth == named(back) ? forth : forth + " / " + named(back);
 }
 
