@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QRadioButton>
 
 namespace {
@@ -37,6 +38,28 @@ bool focusElsewhere(Workspace &space)
     return QApplication::focusWidget() == elsewhere;
 }
 
+/** Notes whether tables are painted, each as a whole. */
+class PaintLog final : public QObject
+{
+public:
+    explicit PaintLog(const QList<QTableView *> &views)
+    {
+        for (QTableView *view : views)
+            view->viewport()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint
+            && static_cast<QPaintEvent *>(event)->region().contains(
+                static_cast<QWidget *>(watched)->rect().center()))
+            painted.insert(watched->parent()->objectName());
+        return false;
+    }
+
+    QSet<QString> painted;
+};
+
 } // namespace
 
 /** Which Live Buttons are ticked, what an emptied cell holds, and where the focus goes: what no random player meets. */
@@ -49,18 +72,14 @@ private slots:
     void dropsAndRemovals_data();
     void dropsAndRemovals();
     void removingOutsideColumn0OfAFullTable();
-    void emptiedCellsRest_data();
-    void emptiedCellsRest();
+    void padOfTheSecondColumnComesBackAsOneOfTheFirst();
     void secondColumnIsExportedWithoutATick();
     void padDroppedOnALine();
 
     void modeSwitchLooksForTheSameText();
     void modeSwitchGoesToTheFirstRow();
     void cleaningRebuildsFromTheTop();
-    void emptiesTables_data();
     void emptiesTables();
-    void buttonsAloneAreWork_data();
-    void buttonsAloneAreWork();
 
     void slotsTick_data();
     void slotsTick();
@@ -69,8 +88,8 @@ private slots:
     void uncheckedButtonLeavesItsCells();
 
     void focusAfterDrops();
-    void wayOfTheFocus_data();
-    void wayOfTheFocus();
+    void whatSlotsPaintAndFocus_data();
+    void whatSlotsPaintAndFocus();
 };
 
 void TestTicks::userCannotToggle()
@@ -97,21 +116,14 @@ void TestTicks::dropsAndRemovals_data()
         QTest::newRow(name) << onKeys << before << act << ticked;
     };
     row("replaced: stands on the second column alone", false, "3@0,0 3@1,1", "5@0,0", {5});
-    row("replaced on the second column: stands on the first", false, "3@0,1 3@7,0", "5@0,1", {3, 5});
-    row("replaced by itself", false, "3@0,0", "3@0,0", {3});
     row("replaced by itself on the second column", false, "3@0,1", "3@0,1", {});
-    row("replaced: the first button, number 0", false, "0@0,0", "5@0,0", {5});
-    row("key replaced by itself", true, "3@5,11", "3@5,11", {3});
-    row("key replaced: stands on a band", true, "3@2,2 3@5,0", "5@2,2", {3, 5});
     row("removed: both pads", false, "3@0,0 3@1,0", "0,0 1,0", {});
-    row("removed: the other one in bank 8", false, "3@63,0 3@0,0", "0,0", {3});
     row("removed: the other one on the second column", false, "3@0,0 3@1,1", "0,0", {});
     row("removed from the second column: the other one there", false, "3@0,1 3@1,1", "1,1", {});
     row("removed: two buttons, an empty pad among them", false, "3@0,0 5@1,0 7@2,0", "0,0 2,0 4,0", {5});
     row("removed: button number 0", false, "0@0,0 1@1,0", "0,0", {1});
     row("removed: nothing selected", false, "3@0,0", "", {3});
     row("removed: both keys", true, "3@2,2 3@9,9 5@3,3", "2,2 9,9", {5});
-    row("removed: no key selected", true, "3@2,2", "", {3});
 }
 
 void TestTicks::dropsAndRemovals()
@@ -144,82 +156,13 @@ void TestTicks::removingOutsideColumn0OfAFullTable()
     QCOMPARE(space.ticked(), QList<int>({3}));
 }
 
-void TestTicks::emptiedCellsRest_data()
+void TestTicks::padOfTheSecondColumnComesBackAsOneOfTheFirst()
 {
-    QTest::addColumn<QByteArray>("slot");
-    QTest::addColumn<QList<int>>("with");
-    QTest::addColumn<bool>("onKeys");
-    QTest::addColumn<QString>("place");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("color");
-    QTest::addColumn<QString>("available"); // of a key that was "0", where such a key can be emptied
-    QTest::addColumn<QString>("textColor"); // of a key that was "#123456"
-    const auto pad = [](const char *name, const char *slot, const QList<int> &with, const char *place,
-                        const char *label, const QString &color) {
-        QTest::newRow(name) << QByteArray(slot) << with << false << place << label << color << ""
-                            << "";
-    };
-    const auto key = [](const char *name, const char *slot, const QList<int> &with, const char *place,
-                        const char *label, const char *available, const char *textColor) {
-        QTest::newRow(name) << QByteArray(slot) << with << true << place << label << Texts::NoColor
-                            << available << textColor;
-    };
-    const char *const removePads = "ondeletevdjaction_triggered";
-    const char *const removeKeys = "ondeleteaction_triggered";
-    const char *const removeKey = "ondeletemidiaction_triggered";
-    pad("pad 8 of bank 2", removePads, {}, "15,0", "PAD 8", Texts::NoColor);
-    pad("pad 9 comes back as 1", removePads, {}, "0,1", "PAD 1", Texts::NoColor);
-    pad("pad 16 of bank 8 comes back as 8", removePads, {}, "63,1", "PAD 8", Texts::NoColor);
-    pad("unchecked: pad 2 of bank 3", "dmxcheckchange", {5}, "17,0", "PAD 2", "#ffffff");
-    key("selected key", removeKeys, {}, "2,2", "PAD 1", "1", "#ffffff");
-    key("selected key of a band", removeKeys, {}, "9,11", "RIGHT 8", "1", "#ffffff");
-    key("one key", removeKey, {9, 9}, "9,9", "PAD 64", "1", "#ffffff");
-    key("one key of a band", removeKey, {2, 0}, "2,0", "LEFT 1", "1", "#ffffff");
-    key("unchecked: key", "dmxcheckchange", {5}, "2,2", "PAD 1", "0", "#123456");
-    key("unchecked: key of a band", "dmxcheckchange", {5}, "3,11", "RIGHT 2", "0", "#123456");
-}
-
-void TestTicks::emptiedCellsRest()
-{
-    QFETCH(QByteArray, slot);
-    QFETCH(QList<int>, with);
-    QFETCH(bool, onKeys);
-    QFETCH(QString, place);
-    QFETCH(QString, label);
-    QFETCH(QString, color);
-    QFETCH(QString, available);
-    QFETCH(QString, textColor);
-
     Workspace space;
-    QVERIFY2(start(space, onKeys) && space.put("5@" + place), qPrintable(space.dialogs.faults()));
-    QTableView *view = onKeys ? space.gridView() : space.padsView();
-    const QModelIndex index = Workspace::cellAt(view, place);
-    QList<QPair<int, QString>> values = {{Qt::EditRole, "typed"}};
-    if (onKeys) {
-        const bool isSelected = with.isEmpty(); // not if the device lacks the key
-        values += {{AvailableRole, isSelected ? "1" : "0"},
-                   {Qt::ForegroundRole, "#123456"},
-                   {OffColorRole, "#ff0000"},
-                   {OnColorRole, "#00ff00"},
-                   {BlinkRole, "1"}};
-    }
-    for (const auto &[role, value] : qAsConst(values))
-        QVERIFY(view->model()->setData(index, value, role));
-    Workspace::select(view, place);
-    QVERIFY(space.callWith(slot, with));
-
-    QCOMPARE(index.data(Qt::EditRole), QVariant(label));
-    QCOMPARE(index.data(DisplayNameRole), QVariant(label));
-    QCOMPARE(index.data(PageRole), QVariant(Texts::NoPage));
-    QCOMPARE(index.data(ButtonRole), QVariant(Texts::NoButton));
-    QCOMPARE(index.data(Qt::DecorationRole).value<QColor>().name(), color);
-    if (onKeys) {
-        QCOMPARE(index.data(AvailableRole), QVariant(available));
-        QCOMPARE(index.data(Qt::ForegroundRole).value<QColor>().name(), textColor);
-        QCOMPARE(index.data(OffColorRole), QVariant("#ff0000"));
-        QCOMPARE(index.data(OnColorRole), QVariant("#00ff00"));
-        QCOMPARE(index.data(BlinkRole), QVariant("1"));
-    }
+    QVERIFY2(start(space, false) && space.put("5@63,1"), qPrintable(space.dialogs.faults()));
+    Workspace::select(space.padsView(), "63,1");
+    QVERIFY(space.call("ondeletevdjaction_triggered"));
+    QCOMPARE(space.pads()->index(63, 1).data().toString(), Texts::padLabel(63, 0));
 }
 
 void TestTicks::secondColumnIsExportedWithoutATick()
@@ -297,62 +240,19 @@ void TestTicks::cleaningRebuildsFromTheTop()
     QCOMPARE(pads.size(), 64);
 }
 
-void TestTicks::emptiesTables_data()
-{
-    QTest::addColumn<QList<int>>("rows"); // Live Buttons, pads and keys
-    QTest::newRow("cleanDMX") << QList<int>{0, 64, 12};
-    QTest::newRow("cleanVDJ") << QList<int>{16, 0, 12};
-    QTest::newRow("cleanMIDI") << QList<int>{16, 64, 0};
-}
-
 void TestTicks::emptiesTables()
 {
-    QFETCH(QList<int>, rows);
     Workspace space;
     QVERIFY2(start(space, true), qPrintable(space.dialogs.faults()));
     int changes = 0;
-    for (const QAbstractItemModel *table : {space.dmx(), space.pads(), space.grid()})
-        connect(table, &QAbstractItemModel::rowsRemoved, this, [&changes] { ++changes; });
-
-    // The second call finds no rows and asks for nothing.
-    for (int turn = 0; turn < 2; ++turn) {
-        QVERIFY(space.call(QTest::currentDataTag()));
-        QCOMPARE((QList<int>{space.dmx()->rowCount(), space.pads()->rowCount(), space.grid()->rowCount()}),
-                 rows);
-        QCOMPARE(changes, 1);
-    }
-}
-
-void TestTicks::buttonsAloneAreWork_data()
-{
-    QTest::addColumn<QPoint>("cell"); // row, column
-    QTest::addColumn<int>("role");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<bool>("isWork");
-    const auto row = [](const char *name, const QPoint &cell, int role, const char *value, bool isWork) {
-        QTest::newRow(name) << cell << role << value << isWork;
-    };
-    row("a typed name", {0, 0}, Qt::EditRole, "Intro", false);
-    row("a colour", {0, 0}, Qt::DecorationRole, "#ff0000", false);
-    row("a page without a button", {0, 0}, PageRole, "2", false);
-    row("first button on the first cell", {0, 0}, ButtonRole, "0", true);
-    row("second column", {3, 1}, ButtonRole, "3", true);
-    row("last row of keys", {11, 1}, ButtonRole, "15", true);
-}
-
-void TestTicks::buttonsAloneAreWork()
-{
-    QFETCH(QPoint, cell);
-    QFETCH(int, role);
-    QFETCH(QString, value);
-    QFETCH(bool, isWork);
-
-    Workspace space;
-    for (QAbstractItemModel *table : {space.pads(), space.grid()}) {
-        QVERIFY(table->setData(table->index(cell.x(), cell.y()), value, role));
-        QCOMPARE(space.ask<bool>("isVDJempty"), !isWork || table == space.grid());
-        QCOMPARE(space.ask<bool>("isMIDIempty"), !isWork || table == space.pads());
-        QVERIFY(space.call("cleanVDJ"));
+    for (const char *slot : {"cleanDMX", "cleanVDJ", "cleanMIDI"}) {
+        const QAbstractItemModel *table = ++changes == 1 ? space.dmx()
+                                          : changes == 2 ? space.pads()
+                                                         : space.grid();
+        QSignalSpy removed(table, &QAbstractItemModel::rowsRemoved);
+        QVERIFY(space.call(slot) && space.call(slot)); // with no rows, nothing is asked for
+        QCOMPARE(removed.count(), 1);
+        QCOMPARE(table->rowCount(), 0);
     }
 }
 
@@ -418,12 +318,23 @@ void TestTicks::uncheckedButtonLeavesItsCells()
     QVERIFY(space.pads()->setData(space.pads()->index(4, 0), "03", ButtonRole)); // numbers count, not texts
     QVERIFY(space.grid()->setData(space.grid()->index(4, 4), "03", ButtonRole));
     QVERIFY(focusElsewhere(space));
+    QVERIFY(space.grid()->setData(space.grid()->index(2, 2), "0", AvailableRole));
+    QVERIFY(space.grid()->setData(space.grid()->index(2, 2), "#123456", Qt::ForegroundRole));
     QVERIFY(space.call("dmxcheckchange", 3));
 
     QCOMPARE(buttonsAt(space.padsView(), "0,0 4,0 9,0 1,0 2,1"),
              QString("-1 -1 -1 4 3")); // not in the second column
     QCOMPARE(buttonsAt(space.gridView(), "2,2 2,11 4,4 5,5 9,9"), QString("-1 -1 -1 -1 4"));
-    QCOMPARE(space.padsView()->currentIndex(), space.pads()->index(9, 0));
+    const QModelIndex pad = space.pads()->index(9, 0);
+    QCOMPARE(pad.data().toString(), Texts::padLabel(9, 0));
+    QCOMPARE(pad.data(Qt::DecorationRole).value<QColor>(), QColor(Qt::white));
+    const QModelIndex key = space.grid()->index(2, 2);
+    QCOMPARE(key.data().toString(), Texts::keyLabel(2, 2));
+    QCOMPARE(key.data(Qt::DecorationRole).value<QColor>(), QColor(Qt::black));
+    QCOMPARE(key.data(AvailableRole).toString(), QString("0")); // of a key that is removed, it becomes "1"
+    QCOMPARE(key.data(Qt::ForegroundRole).value<QColor>(), QColor("#123456"));
+
+    QCOMPARE(space.padsView()->currentIndex(), pad);
     QCOMPARE(space.gridView()->currentIndex(), space.grid()->index(5, 5));
     QCOMPARE(space.dmxView()->currentIndex(), space.dmx()->index(3, 0));
     QCOMPARE(Workspace::focused(), QString("dmxlistview"));
@@ -449,53 +360,72 @@ void TestTicks::focusAfterDrops()
              QModelIndexList({space.grid()->index(4, 6)}));
 }
 
-void TestTicks::wayOfTheFocus_data()
+void TestTicks::whatSlotsPaintAndFocus_data()
 {
     QTest::addColumn<bool>("onKeys");
-    QTest::addColumn<QByteArray>("slot");
     QTest::addColumn<QList<int>>("with");
-    QTest::addColumn<QString>("focus");
-    QTest::addColumn<int>("current"); // row of the Live Button that is current
-    const auto row = [](const char *name, bool onKeys, const char *slot, const QList<int> &with,
-                        const char *focus, int current) {
-        QTest::newRow(name) << onKeys << QByteArray(slot) << with << focus << current;
+    QTest::addColumn<QString>("painted");
+    QTest::addColumn<QString>("focused"); // where the focus goes from elsewhere
+    QTest::addColumn<int>("current");     // row of the Live Button that is current
+    const auto row = [](bool onKeys, const char *slot, const QList<int> &with, const char *painted,
+                        const QString &focused, int current = 7) {
+        QTest::newRow(slot) << onKeys << with << painted << focused << current;
     };
-    const char *const onPads = "dmxlistview vdjlistview";
-    const char *const onGrid = "dmxlistview tablecontroller";
-    row("replaced on a pad", false, "dmxtoremove", {3}, onPads, 7);
-    row("remove from pads", false, "ondeletevdjaction_triggered", {}, onPads, 7);
-    row("unchecked, pads", false, "dmxcheckchange", {3}, "vdjlistview dmxlistview", 3);
-    row("clean pads", false, "on_cleanpads_button_clicked", {}, "dmxlistview", 0);
-    row("new project", false, "on_actionNew_2_triggered", {}, "dmxlistview", 0);
-    row("replaced on a key", true, "dmxtoremove2", {3}, onGrid, 7);
-    row("remove from keys", true, "ondeleteaction_triggered", {}, onGrid, 7);
-    row("remove one key", true, "ondeletemidiaction_triggered", {2, 0}, onGrid, 7);
-    row("Switch", true, "ontoggleaction_triggered", {},
-        "dmxlistview tablecontroller dmxlistview tablecontroller", 7);
-    row("unchecked, keys", true, "dmxcheckchange", {3}, "tablecontroller dmxlistview", 3);
-    row("clean keys", true, "on_cleanmidi_button_clicked", {}, "dmxlistview", 0);
-    row("dropped on a key", true, "CheckChangedCon", {3, 2, 0}, "tablecontroller", 7);
+    const char *const list = "dmxlistview";
+    const char *const grid = "tablecontroller";
+    const char *const both = "dmxlistview vdjlistview";
+    const char *const bothKeys = "dmxlistview tablecontroller";
+    const QString twice = "dmxlistview tablecontroller dmxlistview tablecontroller";
+    row(false, "CheckChanged", {5, 0}, list, "");
+    row(true, "CheckChangedCon", {5, 2, 2}, bothKeys, grid);
+    row(false, "dmxtoremove", {3}, both, both);
+    row(true, "dmxtoremove2", {3}, bothKeys, bothKeys);
+    row(true, "dmxcheckchange", {3}, grid, "tablecontroller dmxlistview", 3);
+    row(false, "resetdmxlist", {}, list, "", 0);
+    row(false, "ondeletevdjaction_triggered", {}, both, both);
+    row(true, "ondeleteaction_triggered", {}, bothKeys, bothKeys);
+    row(true, "ondeletemidiaction_triggered", {2, 0}, bothKeys, bothKeys);
+    row(false, "on_cleanpads_button_clicked", {}, both, list, 0);
+    row(true, "on_cleanmidi_button_clicked", {}, bothKeys, list, 0);
+    row(false, "on_actionNew_2_triggered", {}, both, list, 0);
+    row(true, "colorpadchange", {1}, grid, "");
+    row(true, "coloronpadchange", {1}, grid, "");
+    row(true, "onblinkaction_triggered", {}, grid, "");
+    row(true, "ontoggleaction_triggered", {}, grid, twice);
+    row(true, "updatelayout", {}, grid, grid);
 }
 
-void TestTicks::wayOfTheFocus()
+void TestTicks::whatSlotsPaintAndFocus()
 {
     QFETCH(bool, onKeys);
-    QFETCH(QByteArray, slot);
     QFETCH(QList<int>, with);
-    QFETCH(QString, focus);
+    QFETCH(QString, painted);
+    QFETCH(QString, focused);
     QFETCH(int, current);
 
-    Workspace space;
-    QVERIFY2(start(space, onKeys) && space.put("3@2,0"), qPrintable(space.dialogs.faults()));
-    Workspace::select(onKeys ? space.gridView() : space.padsView(), "2,0");
-    space.dmxView()->setCurrentIndex(space.dmx()->index(7, 0));
-    QVERIFY(focusElsewhere(space));
-    const FocusLog log;
-    QVERIFY(space.callWith(slot, with));
-    QCOMPARE(log.names().join(' '), focus);
-    for (const auto &widget : log.taken)
-        QCOMPARE(widget.second, Qt::OtherFocusReason);
-    QCOMPARE(space.dmxView()->currentIndex().row(), current);
+    for (const bool startsElsewhere : {true, false}) { // what takes the focus is painted anyway
+        Workspace space;
+        QVERIFY2(start(space, onKeys) && space.put("3@2,0"), qPrintable(space.dialogs.faults()));
+        QTableView *view = onKeys ? space.gridView() : space.padsView();
+        Workspace::select(view, "2,0");
+        space.dmxView()->setCurrentIndex(space.dmx()->index(7, 0));
+        view->setFocus();
+        QVERIFY(!startsElsewhere || focusElsewhere(space));
+        QApplication::processEvents();
+        space.window().repaint(); // and nothing is left to be painted
+        const FocusLog focus;
+        const PaintLog paint({space.dmxView(), space.padsView(), space.gridView()});
+        QVERIFY(space.callWith(QTest::currentDataTag(), with));
+        if (startsElsewhere) {
+            QCOMPARE(focus.names().join(' '), focused);
+            for (const auto &widget : focus.taken)
+                QCOMPARE(widget.second, Qt::OtherFocusReason);
+            QCOMPARE(space.dmxView()->currentIndex().row(), current);
+        } else {
+            for (const QString &table : painted.split(' '))
+                QTRY_VERIFY2(paint.painted.contains(table), qPrintable(table));
+        }
+    }
 }
 
 QTEST_MAIN(TestTicks)
