@@ -51,11 +51,9 @@ class TestBanks final : public QObject
     Q_OBJECT
 
 private slots:
-    void comboCountsBanks();
     void refillingTheComboShowsTheFirstBank();
     void bankShowsItsRows_data();
     void bankShowsItsRows();
-    void noBankIsHarmless_data();
     void noBankIsHarmless();
 
     void namesAreTakenOver_data();
@@ -64,24 +62,12 @@ private slots:
     void namesGoAsTheyAre();
     void renamesTheBankThatWasLeft();
     void unfinishedNameIsForgotten();
-    void resetsShowTheFirstBank_data();
     void resetsShowTheFirstBank();
 
     void layoutSlots_data();
     void layoutSlots();
     void checkingByProgramHidesNothing();
 };
-
-void TestBanks::comboCountsBanks()
-{
-    Workspace space;
-    const auto *combo = space.find<QComboBox>("bankcombo");
-    QCOMPARE(Workspace::itemsOf(combo), QStringList({"1", "2", "3", "4", "5", "6", "7", "8"}));
-    for (int i = 0; i < 8; ++i) {
-        QVERIFY(combo->itemIcon(i).isNull() && !combo->itemData(i).isValid());
-        QCOMPARE(combo->itemData(i, Qt::SizeHintRole).toSize(), QSize(25, 25));
-    }
-}
 
 void TestBanks::refillingTheComboShowsTheFirstBank()
 {
@@ -114,25 +100,18 @@ void TestBanks::bankShowsItsRows()
     QCOMPARE(space.pads()->rowCount(), 64);
 }
 
-void TestBanks::noBankIsHarmless_data()
-{
-    QTest::addColumn<int>("bank");
-    QTest::newRow("below zero") << -1;
-    QTest::newRow("ninth") << 8;
-    QTest::newRow("far off") << 1000000;
-}
-
 void TestBanks::noBankIsHarmless()
 {
-    QFETCH(int, bank);
-    Workspace space;
-    QVERIFY(space.call("showbank", bank));
-    QCOMPARE(textOf(space, "bankname"), QString());
-    space.find<QComboBox>("bankcombo")->setCurrentIndex(-1);
-    QVERIFY(space.call("on_bankname_editingFinished"));
-    QVERIFY(space.choose("bankcombo", 0));
-    QCOMPARE(firstRowShown(space), 0);
-    QCOMPARE(space.bankNames(), DefaultNames);
+    for (const int bank : {-1, 8, 1000000}) {
+        Workspace space;
+        QVERIFY(space.call("showbank", bank));
+        QCOMPARE(textOf(space, "bankname"), QString());
+        space.find<QComboBox>("bankcombo")->setCurrentIndex(-1);
+        QVERIFY(space.call("on_bankname_editingFinished"));
+        QVERIFY(space.choose("bankcombo", 0));
+        QCOMPARE(firstRowShown(space), 0);
+        QCOMPARE(space.bankNames(), DefaultNames);
+    }
 }
 
 void TestBanks::namesAreTakenOver_data()
@@ -198,28 +177,22 @@ void TestBanks::unfinishedNameIsForgotten()
     QCOMPARE(textOf(space, "bankname"), DefaultNames.first());
 }
 
-void TestBanks::resetsShowTheFirstBank_data()
-{
-    QTest::addColumn<QByteArray>("slot");
-    QTest::addColumn<int>("bank"); // that is on show before
-    QTest::newRow("new project, from bank 1") << QByteArray("on_actionNew_2_triggered") << 0;
-    QTest::newRow("new project, from bank 6") << QByteArray("on_actionNew_2_triggered") << 5;
-    QTest::newRow("clean, from bank 1") << QByteArray("on_cleanpads_button_clicked") << 0;
-    QTest::newRow("clean, from bank 6") << QByteArray("on_cleanpads_button_clicked") << 5;
-}
-
+/** Its name, too, where it was on show already. */
 void TestBanks::resetsShowTheFirstBank()
 {
-    QFETCH(QByteArray, slot);
-    QFETCH(int, bank);
     Workspace space;
-    QVERIFY(typeAndLeave(space, "bankname", "First", "Tab") && space.choose("bankcombo", bank));
-    space.find<QLineEdit>("bankname")->setText("not what the bank is called");
-    QVERIFY(space.call(slot));
-    QCOMPARE(space.find<QComboBox>("bankcombo")->currentIndex(), 0);
-    QCOMPARE(textOf(space, "bankname"), QString("First"));
-    QCOMPARE(firstRowShown(space), 0);
-    QCOMPARE(space.bankNames(), QStringList{"First"} + DefaultNames.mid(1));
+    QVERIFY(typeAndLeave(space, "bankname", "First", "Tab"));
+    for (const char *slot : {"on_actionNew_2_triggered", "on_cleanpads_button_clicked"}) {
+        for (const int bank : {0, 5}) {
+            QVERIFY(space.choose("bankcombo", bank));
+            space.find<QLineEdit>("bankname")->setText("not what the bank is called");
+            QVERIFY(space.call(slot));
+            QCOMPARE(space.find<QComboBox>("bankcombo")->currentIndex(), 0);
+            QCOMPARE(firstRowShown(space), 0);
+            QCOMPARE(space.bankNames(), QStringList{"First"} + DefaultNames.mid(1));
+            QCOMPARE(textOf(space, "bankname"), QString("First"));
+        }
+    }
 }
 
 void TestBanks::layoutSlots_data()

@@ -172,15 +172,13 @@ class TestMenus final : public QObject
     Q_OBJECT
 
 private slots:
-    void padMenu();
     void padsMenuBesideTheCells();
     void keyMenuShowsTheKey_data();
     void keyMenuShowsTheKey();
     void keyMenuActsOnTheSelection_data();
     void keyMenuActsOnTheSelection();
-    void menuOfALeftoverIsForNoOtherKey_data();
-    void menuOfALeftoverIsForNoOtherKey();
 
+    void menuOfALeftoverIsForNoOtherKey();
     void colorByNumber_data();
     void colorByNumber();
     void asksForColor_data();
@@ -202,19 +200,6 @@ private slots:
     void menusAreFreed();
 };
 
-void TestMenus::padMenu()
-{
-    Workspace space;
-    const QModelIndex pad = layOne(space, false);
-    QVERIFY2(pad.isValid(), qPrintable(space.dialogs.faults()));
-    const QMenu *menu = space.rightClick(space.padsView(), pad);
-    QVERIFY(menu);
-    QCOMPARE(entriesInSight(menu), QStringList({"Remove"}));
-    QCOMPARE(iconsOf(menu), QStringList({"none"}));
-    QCOMPARE(menu->styleSheet(), space.find<QMenu>("menuPage")->styleSheet());
-    QCOMPARE(menu->parent(), &space.window());
-}
-
 /** The pads fill their view, so that no click finds the place. */
 void TestMenus::padsMenuBesideTheCells()
 {
@@ -224,7 +209,10 @@ void TestMenus::padsMenuBesideTheCells()
         Workspace::select(space.padsView(), selected);
         QVERIFY(space.call("customMenuRequestedvdj", QPoint(-5, -5)));
         QCOMPARE(space.ticked(), QList<int>({3}));
-        QVERIFY(Workspace::pick(qobject_cast<QMenu *>(QApplication::activePopupWidget()), {"Remove"}));
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QCOMPARE(menu->styleSheet(), space.find<QMenu>("menuPage")->styleSheet());
+        QVERIFY(Workspace::pick(menu, {"Remove"}));
     }
     QCOMPARE(space.ticked(), QList<int>());
 }
@@ -363,25 +351,17 @@ void TestMenus::keyMenuActsOnTheSelection()
     QCOMPARE(space.dialogs.faults(), QString());
 }
 
-void TestMenus::menuOfALeftoverIsForNoOtherKey_data()
-{
-    QTest::addColumn<QStringList>("path");
-    QTest::newRow("Remove") << QStringList{"Remove"};
-    QTest::newRow("a color") << QStringList{"Off Color", " red"};
-    QTest::newRow("Blink") << QStringList{"Blink"};
-}
-
 void TestMenus::menuOfALeftoverIsForNoOtherKey()
 {
-    QFETCH(QStringList, path);
-
     Workspace space;
     QVERIFY(layOne(space, true, MiniMk3).isValid() && space.putOnKey(4, 0, 2));
     QVERIFY(space.choose("devicescombo", Akai)); // has no key there
     const QStringList before = space.snapshot();
-    Workspace::select(space.gridView(), "2,2");
-    QVERIFY(space.pickOnKey(0, 2, path));
-    QCOMPARE(space.snapshot(), before);
+    for (const QStringList &path : {QStringList{"Remove"}, {"Off Color", " red"}, {"Blink"}}) {
+        Workspace::select(space.gridView(), "2,2");
+        QVERIFY(space.pickOnKey(0, 2, path));
+        QCOMPARE(space.snapshot(), before);
+    }
 }
 
 void TestMenus::colorByNumber_data()

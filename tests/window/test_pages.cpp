@@ -1,4 +1,3 @@
-#include "support/texts.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
@@ -45,14 +44,10 @@ class TestPages final : public QObject
 
 private slots:
     void nothingBeforeAShow();
-    void rowsTakeTheRecords_data();
-    void rowsTakeTheRecords();
     void rowsComeInOneInsert();
-    void comboListsThePages();
     void pageShowsItsRows_data();
     void pageShowsItsRows();
     void noPageLeavesTheRows();
-    void filterNeverChangesTheModel();
     void refillingTheComboShowsAllPages();
     void countsButtonsOfAPage_data();
     void countsButtonsOfAPage();
@@ -68,44 +63,6 @@ void TestPages::nothingBeforeAShow()
     QCOMPARE(space.ask<int>("buttonsperpage", 0), 0);
     QCOMPARE(space.ask<int>("buttonsperpage", 1), 0);
     QCOMPARE(space.dmx()->rowCount(), 0);
-}
-
-void TestPages::rowsTakeTheRecords_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<QString>("color");
-    const auto row = [](const char *name, int number, const char *title, const char *page,
-                        const char *color) { QTest::newRow(name) << number << title << page << color; };
-    row("first button", 0, "A", "1", "#ff0000");
-    row("no colour", 1, "B", "1", "#ffffff");
-    row("no title", 2, "", "1", "#000000");
-    row("a page of its own", 3, "D", "2", "#ffffff");
-    row("a page that is not there", 4, "E", "9", "#ffffff");
-    row("last button but one, with quotes", 5, "It's \"F\"", "2", "#0000ff");
-}
-
-void TestPages::rowsTakeTheRecords()
-{
-    QFETCH(int, row);
-    QFETCH(QString, title);
-    QFETCH(QString, page);
-    QFETCH(QString, color);
-
-    Workspace space;
-    QVERIFY2(loadPages(space), qPrintable(space.dialogs.faults()));
-    const QModelIndex index = space.dmx()->index(row, 0);
-    QCOMPARE(index.data(Qt::EditRole), QVariant(title));
-    QCOMPARE(index.data(Qt::DisplayRole), QVariant(title));
-    QCOMPARE(index.data(PageRole), QVariant(page));
-    QCOMPARE(index.data(DisplayNameRole), QVariant(title));
-    QCOMPARE(index.data(SourceRole), QVariant("1"));
-    QCOMPARE(index.data(ButtonRole), QVariant(QString::number(row)));
-    QCOMPARE(index.data(Qt::BackgroundRole).value<QColor>(), QColor(Qt::white));
-    QCOMPARE(index.data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::white));
-    QCOMPARE(index.data(Qt::DecorationRole).value<QColor>(), QColor(color));
-    QCOMPARE(index.data(Qt::CheckStateRole), QVariant(0));
 }
 
 void TestPages::rowsComeInOneInsert()
@@ -127,19 +84,6 @@ void TestPages::rowsComeInOneInsert()
     // Without a button it is an insert of no rows.
     QVERIFY(loadPages(space, "[page]\nnumber=1\n[page1]\nname=One\n"));
     QCOMPARE(inserted, QList<QVariantList>({{QModelIndex(), 0, -1}}));
-}
-
-void TestPages::comboListsThePages()
-{
-    Workspace space;
-    QVERIFY2(loadPages(space), qPrintable(space.dialogs.faults()));
-    const auto *combo = space.find<QComboBox>("combobox");
-    QCOMPARE(Workspace::itemsOf(combo), QStringList({Texts::AllPages, "Movers", "Wash & Strobe", "Empty"}));
-    for (int i = 0; i < combo->count(); ++i) {
-        QVERIFY(combo->itemIcon(i).isNull() && !combo->itemData(i).isValid());
-        QCOMPARE(combo->itemData(i, Qt::SizeHintRole).toSize(), QSize(25, 25));
-    }
-    QCOMPARE(combo->currentIndex(), 0);
 }
 
 void TestPages::pageShowsItsRows_data()
@@ -178,20 +122,6 @@ void TestPages::noPageLeavesTheRows()
     QCOMPARE(shown(space), QList<int>({0, 1, 2}));
     space.find<QComboBox>("combobox")->clear();
     QCOMPARE(shown(space), QList<int>({0, 1, 2}));
-}
-
-void TestPages::filterNeverChangesTheModel()
-{
-    Workspace space;
-    QVERIFY2(loadPages(space) && space.putOnPad(0, 0), qPrintable(space.dialogs.faults()));
-    QSignalSpy inserted(space.dmx(), &QAbstractItemModel::rowsInserted);
-    QSignalSpy removed(space.dmx(), &QAbstractItemModel::rowsRemoved);
-    const QStringList before = space.snapshot();
-    QVERIFY(space.choose("combobox", 2));
-    QVERIFY(space.snapshot() != before);
-    QVERIFY(space.choose("combobox", 0));
-    QCOMPARE(space.snapshot(), before);
-    QCOMPARE(inserted.count() + removed.count(), 0);
 }
 
 void TestPages::refillingTheComboShowsAllPages()
