@@ -80,6 +80,14 @@ void Workspace::activate()
     QApplication::setActiveWindow(&window());
 }
 
+bool Workspace::callWith(const char *slot, const QList<int> &numbers)
+{
+    const auto at = [&numbers](int i) {
+        return i < numbers.size() ? QGenericArgument("int", &numbers.at(i)) : QGenericArgument();
+    };
+    return QMetaObject::invokeMethod(&window(), slot, Qt::DirectConnection, at(0), at(1), at(2));
+}
+
 QString Workspace::writeShow(const QString &name, const QByteArray &ini)
 {
     QString folder = home() + "/" + name;
@@ -188,6 +196,23 @@ bool Workspace::putOnKey(int button, int row, int col)
     return gridView()->isVisible() && drag(dmx()->index(button, 0), gridView(), grid()->index(row, col));
 }
 
+bool Workspace::put(const QString &buttons)
+{
+    const bool onKeys = find<QAbstractButton>("radio_outputmidi")->isChecked();
+    const QStringList parts = buttons.split(' ', Qt::SkipEmptyParts);
+    return std::all_of(parts.cbegin(), parts.cend(), [this, onKeys](const QString &part) {
+        const int button = part.section('@', 0, 0).toInt();
+        const QModelIndex cell = cellAt(onKeys ? gridView() : padsView(), part.section('@', 1));
+        return onKeys ? putOnKey(button, cell.row(), cell.column())
+                      : putOnPad(button, cell.row(), cell.column());
+    });
+}
+
+QModelIndex Workspace::cellAt(const QTableView *view, const QString &place)
+{
+    return view->model()->index(place.section(',', 0, 0).toInt(), place.section(',', 1).toInt());
+}
+
 QMenu *Workspace::rightClick(QTableView *view, const QPoint &point)
 {
     activate();
@@ -233,11 +258,8 @@ void Workspace::select(QTableView *view, const QString &cells)
 {
     view->selectionModel()->clear();
     const QStringList parts = cells.split(' ', Qt::SkipEmptyParts);
-    for (const QString &cell : parts) {
-        view->selectionModel()->select(
-            view->model()->index(cell.section(',', 0, 0).toInt(), cell.section(',', 1).toInt()),
-            QItemSelectionModel::Select);
-    }
+    for (const QString &cell : parts)
+        view->selectionModel()->select(cellAt(view, cell), QItemSelectionModel::Select);
 }
 
 QStringList Workspace::itemsOf(const QComboBox *combo)

@@ -63,6 +63,9 @@ public:
         return QMetaObject::invokeMethod(&window(), slot, Qt::DirectConnection, argument(args)...);
     }
 
+    /** The same for a slot that takes up to three numbers. */
+    bool callWith(const char *slot, const QList<int> &numbers);
+
     /** Calls a slot with a result by name, in any access; aborts the test where there is no such slot. */
     template<typename Result, typename... Args>
     Result ask(const char *slot, Args... args)
@@ -135,6 +138,12 @@ public:
 
     /** Drags a Live Button, by its row, onto a key; whether the view took the drop. Needs MIDI Mapping mode. */
     bool putOnKey(int button, int row, int col);
+
+    /** Drags Live Buttons onto pads, or onto keys in MIDI Mapping mode; each as "button@row,column". */
+    bool put(const QString &buttons);
+
+    /** A cell by its place, "row,column"; none for a place outside of the table. */
+    static QModelIndex cellAt(const QTableView *view, const QString &place);
 
     /**
      * Presses the right mouse button on a table and asks for the context menu there, through events of its

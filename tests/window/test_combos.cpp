@@ -8,12 +8,16 @@
 #include <QTextDocument>
 #include <QToolTip>
 
+#include <array>
+
 /** The combo boxes and their lists, which look and behave the same under every style. */
 class TestCombos final : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void items_data();
+    void items();
     void list_data();
     void list();
     void longNameShowsItsEnd_data();
@@ -24,6 +28,8 @@ private slots:
 
 namespace {
 
+constexpr std::array<const char *, 6> Combos = {"combobox",    "bankcombo",      "devicescombo",
+                                                "mididevices", "combo_offcolor", "combo_oncolor"};
 constexpr int RowHeight = 25;
 constexpr int MostRows = 10;
 const QColor Dark("#202020");
@@ -52,14 +58,35 @@ QImage boxWith(Workspace &space, const QString &text)
 
 } // namespace
 
+void TestCombos::items_data()
+{
+    QTest::addColumn<bool>("hasPictures");
+    for (const char *name : Combos)
+        QTest::newRow(name) << QByteArray(name).endsWith("color");
+}
+
+/** Texts in tall rows, and nothing kept beside them; colours alone have pictures. */
+void TestCombos::items()
+{
+    QFETCH(const bool, hasPictures);
+    Workspace space;
+    QVERIFY(space.loadSomeShow());
+    const auto *combo = space.find<QComboBox>(QTest::currentDataTag());
+    QVERIFY(combo->count() > 1);
+    for (int i = 0; i < combo->count(); ++i) {
+        QCOMPARE(combo->itemData(i, Qt::SizeHintRole).toSize(), QSize(RowHeight, RowHeight));
+        QCOMPARE(combo->itemIcon(i).isNull(), !hasPictures);
+        QVERIFY(!combo->itemData(i).isValid());
+    }
+}
+
 void TestCombos::list_data()
 {
     QTest::addColumn<QString>("style");
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<int>("entries");
     for (const QString &style : QStyleFactory::keys()) {
-        for (const char *name :
-             {"combobox", "bankcombo", "devicescombo", "mididevices", "combo_offcolor", "combo_oncolor"}) {
+        for (const char *name : Combos) {
             for (const int entries : {1, MostRows, 40})
                 QTest::newRow(qPrintable(QString("%1, %2 of %3").arg(name).arg(entries).arg(style)))
                     << style << QByteArray(name) << entries;

@@ -1,4 +1,5 @@
-#include "support/workspace.h"
+#include "support/boxes.h"
+#include "support/devices.h"
 
 #include <QComboBox>
 #include <QHelpEvent>
@@ -95,54 +96,54 @@ const char MessageBoxes[] =
     "QMessageBox QPushButton:hover {width: 70; height:20; color: #ffffff; background-color:"
     " #404040;border: 1px solid #606060;}";
 
-/** Which named objects carry which text. */
-struct Dressed
-{
-    const char *sheet;
-    QVector<const char *> objects;
+/** All objects with a sheet of their own; a scroll bar goes by the name of its table. */
+const QVector<QPair<QString, QString>> Dressed = {
+    {Combo, "bankcombo combobox mididevices devicescombo combo_offcolor combo_oncolor"},
+    {Radio, "radio_outputmidi radio_outputpage radioButton_16pads radioButton_8pads"},
+    {Menu, "menuPage menuHelp"},
+    {Bar, "menuBar"},
+    {Button, "pushButton_2 cleanmidi_button cleanpads_button loadini"},
+    {Base, "centralWidget"},
+    {Edit, "padsname bankname"},
+    {Label,
+     "label_padname label_3 label label_2 label_5 label_6 label_7 bank_label bank_label_3 label_9 label_10"},
+    {Panel, "groupBox groupBox_2 groupBox_3 groupBox_4 groupBox_midis groupBox_pads groupBox_controller"},
+    {ListTable, "vdjlistview dmxlistview"},
+    {GridTable, "tablecontroller"},
+    {TableScrollBar, "vertical/vdjlistview vertical/dmxlistview vertical/tablecontroller"},
 };
 
-const QVector<Dressed> &dressed()
+QString nameOf(const QWidget *widget)
 {
-    static const QVector<Dressed> list{
-        {Combo, {"bankcombo", "combobox", "mididevices", "devicescombo", "combo_offcolor", "combo_oncolor"}},
-        {Radio, {"radio_outputmidi", "radio_outputpage", "radioButton_16pads", "radioButton_8pads"}},
-        {Menu, {"menuPage", "menuHelp"}},
-        {Bar, {"menuBar"}},
-        {Button, {"pushButton_2", "cleanmidi_button", "cleanpads_button", "loadini"}},
-        {Base, {"centralWidget"}},
-        {Edit, {"padsname", "bankname"}},
-        {Label,
-         {"label_padname", "label_3", "label", "label_2", "label_5", "label_6", "label_7", "bank_label",
-          "bank_label_3", "label_9", "label_10"}},
-        {Panel,
-         {"groupBox", "groupBox_2", "groupBox_3", "groupBox_4", "groupBox_midis", "groupBox_pads",
-          "groupBox_controller"}},
-        {ListTable, {"vdjlistview", "dmxlistview"}},
-        {GridTable, {"tablecontroller"}},
-    };
-    return list;
+    const auto *bar = qobject_cast<const QScrollBar *>(widget);
+    if (!bar)
+        return widget->objectName();
+    const QString direction = bar->orientation() == Qt::Vertical ? "vertical/" : "horizontal/";
+    return direction + bar->parentWidget()->parentWidget()->objectName();
 }
 
-bool isDressed(const QString &name)
+/** The sheets of all widgets that have one. */
+QMap<QString, QString> sheetsOf(const QWidget &window)
 {
-    for (const Dressed &group : dressed()) {
-        for (const char *object : group.objects) {
-            if (name == object)
-                return true;
-        }
+    QMap<QString, QString> sheets;
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        if (!widget->styleSheet().isEmpty())
+            sheets.insert(nameOf(widget), widget->styleSheet());
     }
-    return false;
+    return sheets;
 }
 
-/** The sheets and tool tips of all widgets of the window, sorted: the tables restack what they consist of. */
-QStringList wardrobe(const QWidget &window)
+/** The widgets of some classes whose font is of another family. */
+QString otherFonts(const QWidget &window, const QString &family)
 {
-    QStringList all{window.styleSheet()};
-    for (const QWidget *widget : window.findChildren<QWidget *>())
-        all += widget->objectName() + ": " + widget->styleSheet() + " | " + widget->toolTip();
-    all.sort();
-    return all;
+    QStringList names;
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        const bool hasText = widget->inherits("QLabel") || widget->inherits("QAbstractButton")
+                             || widget->inherits("QLineEdit") || widget->inherits("QComboBox");
+        if (hasText && !widget->objectName().isEmpty() && widget->font().family() != family)
+            names += widget->objectName();
+    }
+    return names.join(' ');
 }
 
 /** Notes the style sheet of every message box that shows. */
@@ -200,176 +201,63 @@ class TestStyles final : public QObject
     Q_OBJECT
 
 private slots:
-    void sheet_data();
-    void sheet();
-    void scrollBar_data();
-    void scrollBar();
-    void withoutSheet_data();
-    void withoutSheet();
-    void nothingElseHasASheet();
-    void slip_data();
-    void slip();
-    void toolTip_data();
-    void toolTip();
+    void sheets();
+    void toolTips();
     void setAgain();
-    void setAgainRestores();
     void messageBoxes();
 
-    void fontIsArial_data();
-    void fontIsArial();
+    void fontsStay();
     void textFits_data();
     void textFits();
     void pixel_data();
     void pixel();
-    void padsPanelLiesOnTop();
     void endOfColorsLabelIsSeen();
     void cellToolTipIsDark_data();
     void cellToolTipIsDark();
 };
 
-void TestStyles::sheet_data()
+void TestStyles::sheets()
 {
-    QTest::addColumn<QString>("expected");
-    for (const Dressed &group : dressed()) {
-        for (const char *object : group.objects)
-            QTest::newRow(object) << group.sheet;
+    QMap<QString, QString> expected;
+    for (const auto &[sheet, names] : Dressed) {
+        for (const QString &name : names.split(' '))
+            expected.insert(name, sheet);
     }
-}
-
-void TestStyles::sheet()
-{
-    QFETCH(const QString, expected);
     Workspace space;
-    QCOMPARE(space.find<QWidget>(QTest::currentDataTag())->styleSheet(), expected);
-}
-
-void TestStyles::scrollBar_data()
-{
-    QTest::addColumn<QString>("vertical");
-    QTest::addColumn<QString>("horizontal");
-    for (const char *view : {"dmxlistview", "vdjlistview", "tablecontroller"})
-        QTest::newRow(view) << TableScrollBar << QString();
-}
-
-void TestStyles::scrollBar()
-{
-    QFETCH(const QString, vertical);
-    QFETCH(const QString, horizontal);
-    Workspace space;
-    const auto *view = space.find<QTableView>(QTest::currentDataTag());
-    QCOMPARE(view->verticalScrollBar()->styleSheet(), vertical);
-    QCOMPARE(view->horizontalScrollBar()->styleSheet(), horizontal);
-}
-
-void TestStyles::withoutSheet_data()
-{
-    QTest::addColumn<QString>("parent");
-    QTest::newRow("groupBox_colors") << "groupBox_midis";
-    QTest::newRow("label_4") << "centralWidget";
-    QTest::newRow("mainToolBar") << "MainWindow";
-    QTest::newRow("statusBar") << "MainWindow";
-}
-
-void TestStyles::withoutSheet()
-{
-    QFETCH(const QString, parent);
-    Workspace space;
-    const auto *widget = space.find<QWidget>(QTest::currentDataTag());
-    QCOMPARE(widget->styleSheet(), QString());
-    QCOMPARE(widget->parentWidget()->objectName(), parent);
-}
-
-void TestStyles::nothingElseHasASheet()
-{
-    Workspace space;
+    const QMap<QString, QString> found = sheetsOf(space.window());
+    for (auto sheet = expected.cbegin(); sheet != expected.cend(); ++sheet)
+        QVERIFY2(found.value(sheet.key()) == sheet.value(),
+                 qPrintable(sheet.key() + ": " + found.value(sheet.key())));
+    QCOMPARE(found.keys(), expected.keys());
     QVERIFY(space.window().styleSheet().isEmpty());
     QVERIFY(qApp->styleSheet().isEmpty());
-    int scrollBars = 0;
+}
+
+void TestStyles::toolTips()
+{
+    Workspace space;
+    QStringList tips;
     for (const QWidget *widget : space.window().findChildren<QWidget *>()) {
-        if (widget->styleSheet().isEmpty() || isDressed(widget->objectName()))
-            continue;
-        QCOMPARE(widget->styleSheet(), QString(TableScrollBar));
-        ++scrollBars;
+        if (!widget->toolTip().isEmpty())
+            tips += widget->objectName() + ": " + widget->toolTip();
     }
-    QCOMPARE(scrollBars, 3);
-}
-
-void TestStyles::slip_data()
-{
-    QTest::addColumn<QByteArray>("object");
-    QTest::addColumn<QString>("slip");
-    QTest::addColumn<int>("count");
-
-    QTest::newRow("stray semicolon behind the page name's last block") << QByteArray("padsname") << "};" << 1;
-    QTest::newRow("stray semicolon behind the bank name's last block") << QByteArray("bankname") << "};" << 1;
-    for (const char *view : {"vdjlistview", "dmxlistview"}) {
-        const QByteArray name(view);
-        QTest::newRow(name + ": single colon, selected") << name << "QTableView:item:selected{" << 1;
-        QTest::newRow(name + ": single colon, focus") << name << "QTableView:item:focus{" << 1;
-        QTest::newRow(name + ": single colon, focus and selected")
-            << name << "QTableView:item:focus:selected{" << 1;
-        QTest::newRow(name + ": single colon, hover") << name << "QTableView:item:hover{" << 1;
-        QTest::newRow(name + ": single colon, hover and selected")
-            << name << "QTableView:item:hover:selected{" << 1;
-        QTest::newRow(name + ": double colon, plain item") << name << "QTableView::item{" << 1;
-    }
-    for (const char *combo :
-         {"bankcombo", "combobox", "mididevices", "devicescombo", "combo_offcolor", "combo_oncolor"}) {
-        const QByteArray name(combo);
-        QTest::newRow(name + ": up-down") << name << "QScrollBar::up-down:vertical" << 1;
-        QTest::newRow(name + ": no down-arrow") << name << "down-arrow" << 0;
-        QTest::newRow(name + ": two blanks") << name << "}  QScrollBar::add-page" << 1;
-    }
-}
-
-void TestStyles::slip()
-{
-    QFETCH(const QByteArray, object);
-    QFETCH(const QString, slip);
-    QFETCH(const int, count);
-    Workspace space;
-    QCOMPARE(space.find<QWidget>(object)->styleSheet().count(slip), count);
-}
-
-void TestStyles::toolTip_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("cleanmidi_button") << "Clean content from All Buttons";
-    QTest::newRow("cleanpads_button") << "Clean content from All Pads";
-    QTest::newRow("pushButton_2") << QString();
-    QTest::newRow("loadini") << QString();
-}
-
-void TestStyles::toolTip()
-{
-    QFETCH(const QString, text);
-    Workspace space;
-    QCOMPARE(space.find<QWidget>(QTest::currentDataTag())->toolTip(), text);
+    tips.sort();
+    QCOMPARE(tips, (QStringList{"cleanmidi_button: Clean content from All Buttons",
+                                "cleanpads_button: Clean content from All Pads"}));
 }
 
 void TestStyles::setAgain()
 {
     Workspace space;
     QVERIFY(space.loadSomeShow());
-    const QStringList before = wardrobe(space.window()) + space.snapshot();
+    const QStringList before = space.snapshot();
+    const QMap<QString, QString> sheets = sheetsOf(space.window());
+    for (QWidget *widget : space.window().findChildren<QWidget *>())
+        widget->setStyleSheet(QString());
     QVERIFY(space.call("setstyles"));
     QVERIFY(space.call("setstyles"));
-    QCOMPARE(wardrobe(space.window()) + space.snapshot(), before);
-    QCOMPARE(space.dialogs.faults(), QString());
-}
-
-void TestStyles::setAgainRestores()
-{
-    Workspace space;
-    const QStringList before = wardrobe(space.window());
-    for (const Dressed &group : dressed()) {
-        for (const char *object : group.objects) {
-            space.find<QWidget>(object)->setStyleSheet(QString());
-            space.find<QWidget>(object)->setToolTip(QString());
-        }
-    }
-    QVERIFY(space.call("setstyles"));
-    QCOMPARE(wardrobe(space.window()), before);
+    QCOMPARE(sheetsOf(space.window()), sheets);
+    QCOMPARE(space.snapshot(), before);
 }
 
 void TestStyles::messageBoxes()
@@ -377,47 +265,25 @@ void TestStyles::messageBoxes()
     const BoxSheets boxes;
     Workspace space;
     space.window();
-    space.dialogs.expect(ExpectedDialogs::Box{"Nothing to Save. Load a Show", {}});
+    space.dialogs.expect(Boxes::SaveWithoutShow);
     space.trigger("actionSave_2");
     QCOMPARE(space.dialogs.faults(), QString());
     QCOMPARE(boxes.sheets, QStringList{MessageBoxes});
 }
 
-void TestStyles::fontIsArial_data()
+/** A widget with a sheet of its own keeps the window's font only while the central widget is styled before it. */
+void TestStyles::fontsStay()
 {
-    QTest::addColumn<int>("points"); // 0 where the size is the window's
-    for (const char *name : {"radio_outputpage", "radio_outputmidi"})
-        QTest::newRow(name) << 9; // their frame's
-    for (const char *name :
-         {"label_6", "label_5", "label_padname", "cleanpads_button", "cleanmidi_button", "bankcombo"})
-        QTest::newRow(name) << 9;
-    for (const char *name : {"combobox", "loadini", "pushButton_2"})
-        QTest::newRow(name) << 10;
-    for (const char *name : {"label_4", "padsname", "label_7", "mididevices", "bank_label_3", "devicescombo",
-                             "label_10", "label", "combo_offcolor", "label_2", "combo_oncolor", "bank_label",
-                             "label_3", "bankname", "radioButton_8pads", "radioButton_16pads", "label_9"})
-        QTest::newRow(name) << 0;
-}
-
-void TestStyles::fontIsArial()
-{
-    QFETCH(const int, points);
     Workspace space;
-    const auto *widget = space.find<QWidget>(QTest::currentDataTag());
-    const int expected = points > 0 ? points : space.window().font().pointSize();
-    const auto check = [widget, expected] {
-        return widget->font().family() == "Arial" && widget->font().pointSize() == expected;
-    };
-    QVERIFY2(check(), "at the start");
-
-    QVERIFY(space.click("radio_outputmidi"));
-    QVERIFY2(check(), "in the other mode");
     auto *devices = space.find<QComboBox>("devicescombo");
-    devices->setCurrentIndex(devices->findText("Novation Launchpad PRO"));
-    devices->setCurrentIndex(0);
-    QVERIFY2(check(), "after a device without a palette");
+    QCOMPARE(otherFonts(space.window(), "Arial"), QString());
+    QCOMPARE(space.find<QWidget>("padsname")->font().pointSize(), space.window().font().pointSize());
+    QVERIFY(space.click("radio_outputmidi"));
+    devices->setCurrentIndex(Devices::Pro); // without a palette
+    devices->setCurrentIndex(Devices::Akai);
+    QCOMPARE(otherFonts(space.window(), "Arial"), QString());
     QVERIFY(space.call("setstyles"));
-    QVERIFY2(check(), "styled again");
+    QCOMPARE(otherFonts(space.window(), "Arial"), QString());
 }
 
 void TestStyles::textFits_data()
@@ -442,7 +308,7 @@ void TestStyles::textFits()
     QStringList cut = cutTexts(space);
     QVERIFY(space.click("radio_outputmidi"));
     cut += cutTexts(space);
-    space.find<QComboBox>("devicescombo")->setCurrentIndex(3); // one without a palette
+    space.find<QComboBox>("devicescombo")->setCurrentIndex(Devices::Mk2); // one without a palette
     cut += cutTexts(space);
     QVERIFY(space.click("radio_outputpage"));
     cut += cutTexts(space);
@@ -455,16 +321,19 @@ void TestStyles::pixel_data()
     QTest::addColumn<QByteArray>("object");
     QTest::addColumn<QPoint>("point");
     QTest::addColumn<QColor>("color");
-    QTest::newRow("central widget") << QByteArray("centralWidget") << QPoint(3, 3) << QColor("#202020");
-    QTest::newRow("panel") << QByteArray("groupBox_2") << QPoint(3, 430) << QColor("#303030");
-    QTest::newRow("table without rows") << QByteArray("dmxlistview") << QPoint(120, 120) << QColor(Qt::black);
-    QTest::newRow("border of a pad") << QByteArray("vdjlistview") << QPoint(100, 0) << QColor("#404040");
-    QTest::newRow("button") << QByteArray("pushButton_2") << QPoint(4, 4) << QColor("#303030");
-    QTest::newRow("border of a button") << QByteArray("pushButton_2") << QPoint(60, 0) << QColor("#505050");
-    QTest::newRow("line edit") << QByteArray("padsname") << QPoint(185, 5) << QColor(Qt::black);
-    QTest::newRow("border of a line edit") << QByteArray("padsname") << QPoint(90, 0) << QColor("#606060");
-    QTest::newRow("border of a combo box") << QByteArray("bankcombo") << QPoint(10, 0) << QColor("#707070");
-    QTest::newRow("menu bar") << QByteArray("menuBar") << QPoint(600, 10) << QColor(Qt::black);
+    const auto row = [](const char *name, const char *object, const QPoint &point, const char *color) {
+        QTest::newRow(name) << QByteArray(object) << point << QColor(color);
+    };
+    row("central widget", "centralWidget", {3, 3}, "#202020");
+    row("panel", "groupBox_2", {3, 430}, "#303030");
+    row("table without rows", "dmxlistview", {120, 120}, "black");
+    row("border of a pad", "vdjlistview", {100, 0}, "#404040");
+    row("button", "pushButton_2", {4, 4}, "#303030");
+    row("border of a button", "pushButton_2", {60, 0}, "#505050");
+    row("line edit", "padsname", {185, 5}, "black");
+    row("border of a line edit", "padsname", {90, 0}, "#606060");
+    row("border of a combo box", "bankcombo", {10, 0}, "#707070");
+    row("menu bar", "menuBar", {600, 10}, "black");
 }
 
 void TestStyles::pixel()
@@ -475,15 +344,6 @@ void TestStyles::pixel()
     Workspace space;
     const QImage image = space.find<QWidget>(object)->grab().toImage();
     QCOMPARE(image.pixelColor(point).name(), color.name());
-}
-
-void TestStyles::padsPanelLiesOnTop()
-{
-    Workspace space;
-    const auto *central = space.find<QWidget>("centralWidget");
-    for (const int y : {175, 176, 177})
-        QCOMPARE(central->childAt(295, y)->objectName(), QString("groupBox_pads"));
-    QCOMPARE(central->childAt(295, 178)->objectName(), QString("groupBox_3"));
 }
 
 void TestStyles::endOfColorsLabelIsSeen()
@@ -508,27 +368,22 @@ void TestStyles::endOfColorsLabelIsSeen()
 
 void TestStyles::cellToolTipIsDark_data()
 {
-    QTest::addColumn<bool>("isMidi");
-    QTest::newRow("dmxlistview") << false;
-    QTest::newRow("vdjlistview") << false;
-    QTest::newRow("tablecontroller") << true;
+    QTest::addColumn<int>("place"); // row and column of a cell with a tip
+    QTest::newRow("dmxlistview") << 0;
+    QTest::newRow("vdjlistview") << 0;
+    QTest::newRow("tablecontroller") << 2;
 }
 
 void TestStyles::cellToolTipIsDark()
 {
-    QFETCH(const bool, isMidi);
+    QFETCH(const int, place);
     Workspace space;
-    QVERIFY2(space.loadSomeShow(), qPrintable(space.dialogs.faults()));
-    QVERIFY(space.putOnPad(0, 0));
-    if (isMidi) {
-        QVERIFY(space.click("radio_outputmidi"));
-        QVERIFY(space.putOnKey(0, 2, 2));
-    }
+    QVERIFY2(space.loadSomeShow() && space.putOnPad(0, 0), qPrintable(space.dialogs.faults()));
     auto *view = space.find<QTableView>(QTest::currentDataTag());
-    const QModelIndex cell = view->model()->index(isMidi ? 2 : 0, isMidi ? 2 : 0);
-    QVERIFY(!cell.data(Qt::ToolTipRole).toString().isEmpty());
+    if (view == space.gridView())
+        QVERIFY(space.click("radio_outputmidi") && space.putOnKey(0, place, place));
 
-    const QPoint point = view->visualRect(cell).center();
+    const QPoint point = view->visualRect(view->model()->index(place, place)).center();
     QHelpEvent help(QEvent::ToolTip, point, view->viewport()->mapToGlobal(point));
     QCoreApplication::sendEvent(view->viewport(), &help);
     QTRY_VERIFY(toolTipLabel());
