@@ -178,9 +178,9 @@ Outcome setPage(World &world, const Gesture &gesture)
     return {};
 }
 
-using Player = Outcome (*)(World &, const Gesture &);
+using Rule = Outcome (*)(World &, const Gesture &);
 
-const QMap<QString, Player> Players = {
+const QMap<QString, Rule> AllRules = {
     {"drop-pad", playOnTables},
     {"drop-pad-line", playOnTables},
     {"move-pad", playOnTables},
@@ -264,17 +264,17 @@ void showOutput(World &world, bool isMidi, const QString &label)
 
 QStringList verbs()
 {
-    return Players.keys();
+    return AllRules.keys();
 }
 
 Outcome play(World &world, const Gesture &gesture)
 {
-    const Player player = Players.value(gesture.verb);
-    if (!player)
+    const Rule rule = AllRules.value(gesture.verb);
+    if (!rule)
         return Impossible;
     // A gesture that turns out impossible half way must leave nothing behind.
     World after = world;
-    Outcome outcome = player(after, gesture);
+    Outcome outcome = rule(after, gesture);
     if (outcome.isPossible)
         world = after;
     return outcome;

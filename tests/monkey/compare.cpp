@@ -1,4 +1,4 @@
-#include "eyes.h"
+#include "compare.h"
 
 #include "support/files.h"
 #include "support/workspace.h"
@@ -297,7 +297,7 @@ QString hiddenInUse(Workspace &space, const World & /*world*/)
 
 } // namespace
 
-QString Eyes::differenceInWindow(Workspace &space, const World &world)
+QString Compare::window(Workspace &space, const World &world)
 {
     for (const auto look :
          {hiddenInUse, differenceInPanels, differenceInButtons, differenceInPads, differenceInKeys}) {
@@ -308,7 +308,7 @@ QString Eyes::differenceInWindow(Workspace &space, const World &world)
     return {};
 }
 
-QString Eyes::differenceInFiles(const World &world)
+QString Compare::files(const World &world)
 {
     QStringList paths;
     for (const QString &folder : {world.projectFolder, world.padsFolder, world.mapperFolder}) {
