@@ -26,8 +26,6 @@ private slots:
     void showPath();
     void showGivenUp_data();
     void showGivenUp();
-    void projectThereAndBack_data();
-    void projectThereAndBack();
     void loadGivenUpIsToldAsFailed();
     void nothingHasAShortcut_data();
     void nothingHasAShortcut();
@@ -265,46 +263,6 @@ void TestKeyboard::showGivenUp()
     desk.awaitRest();
     QVERIFY(desk.input.play());
     QCOMPARE(desk.space.snapshot(), before);
-}
-
-void TestKeyboard::projectThereAndBack_data()
-{
-    addColumns<bool>({"areKeys"});
-    addColumns<QString>({"typed"});
-    addRow("pads, by the full path", false, "%1/at home.zarvex");
-    addRow("keys, by the name alone", true, "keys.zarvex");
-}
-
-void TestKeyboard::projectThereAndBack()
-{
-    QFETCH(bool, areKeys);
-    QFETCH(QString, typed);
-    Desk &desk = *m_desk;
-    QVERIFY(areKeys ? desk.clearKeys() : desk.clearPads());
-    QTableView *view = areKeys ? desk.grid() : desk.pads();
-    QVERIFY(desk.lay(view, "2,0=3 9,1=5"));
-    const QString laid = Desk::filled(view);
-    const QString path = typed.contains('%') ? typed.arg(desk.space.home()) : typed;
-
-    desk.input.keys("alt Down Down Down Down Return");
-    desk.input.awaitDialog("Save your Zarvex Project");
-    desk.input.type(path);
-    desk.input.key("Return");
-    desk.input.awaitDialog("Project " + QFileInfo(path).baseName() + " is saved.");
-    desk.input.key("Return");
-    desk.awaitRest();
-    desk.input.keys("alt Down Down Return"); // New Project
-    desk.input.await("all is empty", [view] { return Desk::filled(view).isEmpty(); });
-    desk.input.keys("alt Down Down Down Return");
-    desk.input.awaitDialog("Select a Zarvex Project");
-    desk.input.type(path);
-    desk.input.key("Return");
-    desk.awaitRest();
-    QVERIFY(desk.input.play());
-
-    QCOMPARE(Desk::filled(view), laid);
-    QCOMPARE(desk.ticks(), QString("3 5"));
-    QCOMPARE(desk.foreignCell(view), QString());
 }
 
 void TestKeyboard::loadGivenUpIsToldAsFailed()
