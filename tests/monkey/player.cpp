@@ -8,6 +8,7 @@
 #include <QDragLeaveEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMetaEnum>
 #include <QMimeData>
 
 namespace {
@@ -38,24 +39,23 @@ QStringList entriesOf(const QMenu *menu, const QString &front = {})
     return entries;
 }
 
+/** Buttons by their names with blanks between; none for "Escape". */
+QMessageBox::StandardButtons buttonsNamed(QString names)
+{
+    const QMetaEnum all = QMetaEnum::fromType<QMessageBox::StandardButtons>();
+    const int value = names == "Escape" ? 0 : all.keysToValue(qPrintable(names.replace(' ', '|')));
+    return static_cast<QMessageBox::StandardButtons>(value);
+}
+
 QMessageBox::StandardButton buttonNamed(const QString &name)
 {
-    static const QMap<QString, QMessageBox::StandardButton> names = {{"Ok", QMessageBox::Ok},
-                                                                     {"Yes", QMessageBox::Yes},
-                                                                     {"No", QMessageBox::No},
-                                                                     {"Save", QMessageBox::Save},
-                                                                     {"Cancel", QMessageBox::Cancel}};
-    return names.value(name, QMessageBox::NoButton);
+    return static_cast<QMessageBox::StandardButton>(int(buttonsNamed(name)));
 }
 
 Boxes::Box boxFor(const Rules::Question &question)
 {
-    const QStringList names = question.buttons.split(' ');
-    QMessageBox::StandardButtons buttons;
-    for (const QString &name : names)
-        buttons |= buttonNamed(name);
-    Boxes::Box box{question.text, question.informative, buttons, buttonNamed(names.constLast()),
-                   buttonNamed(question.answer)};
+    Boxes::Box box{question.text, question.informative, buttonsNamed(question.buttons),
+                   buttonNamed(question.buttons.section(' ', -1)), buttonNamed(question.answer)};
     if (question.isWarning) {
         box.title = "Zarvex";
         box.icon = QMessageBox::Warning;
