@@ -33,6 +33,9 @@ fuzz_needs=(
 judges=(
     'clang-format|14|the format of the code'
     'clang-tidy|14|what a linter has against the code'
+    'black|23.1|the format of the Python code'
+    'pyflakes3|2.5|what is suspicious in the Python code'
+    'shellcheck|0.9|what is suspicious in the shell scripts'
     'appstreamcli|0.16|what software centres read'
     'groff|1.22|the manual page'
     'rsvg-convert|2.54|whether the icons look like their drawings'
@@ -101,7 +104,7 @@ judge() {
     for entry in "${judges[@]}"; do
         IFS='|' read -r tool version _ <<<"$entry"
         [[ $tool == "$1" ]] || continue
-        pattern="(version:?|Lintian) v?${version/./[.]}[.]"
+        pattern="(^|version:? |Lintian |black, )v?${version/./[.]}[.]"
         for command in "$tool-$version" "$tool"; do
             if [[ $(LC_ALL=C "$command" --version 2>&1) =~ $pattern ]]; then
                 echo "$command"
@@ -123,19 +126,24 @@ pass_over() {
     done
 }
 
-# install_judge TOOL: installs the version that decides, where the system's packages have it under its number.
+# install_judge TOOL: installs the version that decides, where the system's packages have it: with the number in the
+# package's name, or as the only one.
 install_judge() {
-    local package
-    package=$(printf '%s\n' "${judges[@]}" | awk -F '|' -v tool="$1" '$1 == tool { print $1 "-" $2 }')
+    local version package candidate
+    version=$(printf '%s\n' "${judges[@]}" | awk -F '|' -v tool="$1" '$1 == tool { print $2 }')
     if judge "$1" >/dev/null || ! command -v apt-cache >/dev/null; then
         return
     fi
     if [[ -z $(apt-cache madison apt) ]]; then # this system has no lists of packages yet
         quietly as_root apt-get update
     fi
-    if [[ -n $(apt-cache madison "$package") ]]; then
-        install_missing "$package|$package|false"
-    fi
+    for package in "$1-$version" "$1"; do
+        candidate=$(LC_ALL=C apt-cache policy "$package" | awk '$1 == "Candidate:" { print $2 }')
+        if [[ ${candidate#*:} == "$version".* ]]; then
+            install_missing "$package|$package|false"
+            return
+        fi
+    done
 }
 
 # cores: how many this process may use.

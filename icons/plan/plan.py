@@ -148,9 +148,7 @@ ACROSS = (
 
 # Faders from left to right: four for the left deck, four for the right; (command, rests at the centre).
 _DECK_FADERS = (("level", False), ("eq_low", True), ("filter", True), ("effect_slider 1 1", False))
-FADERS = tuple(
-    (side, f"deck {side} {command}", centred) for side in SIDES for command, centred in _DECK_FADERS
-)
+FADERS = tuple((side, f"deck {side} {command}", centred) for side in SIDES for command, centred in _DECK_FADERS)
 LAST_FADER = "master_volume"
 
 # --- Colours ----------------------------------------------------------------------------------------------

@@ -10,8 +10,8 @@ bool Desk::open()
     QGuiApplication::setQuitOnLastWindowClosed(false);
     space.window().move(60, 60);
     space.window().activateWindow();
-    hands.await("the window has the keyboard", [this] { return isAtRest(); });
-    return hands.play();
+    awaitRest();
+    return input.play();
 }
 
 bool Desk::start()
@@ -19,19 +19,19 @@ bool Desk::start()
     MainWindow &window = space.window();
     space.dialogs.standAside();
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    hands.click(on("label_4")); // a window manager that has just begun may give the keyboard to nobody
-    hands.await("the window has the keyboard", [this] { return isAtRest(); });
-    hands.await("the window can become wider", [&window] {
+    input.click(on("label_4")); // a window manager that has just begun may give the keyboard to nobody
+    awaitRest();
+    input.await("the window can become wider", [&window] {
         window.move(60, 60);
         return true;
     });
-    hands.click(on("loadini"));
-    hands.awaitDialog("Select a Show");
-    hands.type(space.writeShow("Show", Workspace::iniWith({8, 8})));
-    hands.key("Return");
-    hands.await("the show is loaded", [&window] { return window.windowTitle() == "Zarvex - Show"; });
-    hands.await("the window has the keyboard", [this] { return isAtRest(); });
-    return hands.play();
+    input.click(on("loadini"));
+    input.awaitDialog("Select a Show");
+    input.type(space.writeShow("Show", Workspace::iniWith({8, 8})));
+    input.key("Return");
+    input.await("the show is loaded", [&window] { return window.windowTitle() == "Zarvex - Show"; });
+    awaitRest();
+    return input.play();
 }
 
 bool Desk::isAtRest()
@@ -40,25 +40,30 @@ bool Desk::isAtRest()
            && !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
 }
 
+void Desk::awaitRest()
+{
+    input.await("the window has the keyboard again", [this] { return isAtRest(); });
+}
+
 bool Desk::clearPads(int padsPerBank)
 {
-    hands.click(on("radio_outputpage"));
-    hands.click(on(padsPerBank == 8 ? "radioButton_8pads" : "radioButton_16pads"));
+    input.click(on("radio_outputpage"));
+    input.click(on(padsPerBank == 8 ? "radioButton_8pads" : "radioButton_16pads"));
     return clear();
 }
 
 bool Desk::clearKeys(int device)
 {
-    hands.click(on("radio_outputmidi"));
-    hands.await("the keys are there", [this] { return grid()->isVisible(); });
+    input.click(on("radio_outputmidi"));
+    input.await("the keys are there", [this] { return grid()->isVisible(); });
     space.find<QComboBox>("devicescombo")->setCurrentIndex(device);
     return clear();
 }
 
 bool Desk::clear()
 {
-    hands.moveTo(on("label_padname"));
-    return hands.play() && space.call("on_actionNew_2_triggered") && ticks().isEmpty() && isAtRest();
+    input.moveTo(on("label_padname"));
+    return input.play() && space.call("on_actionNew_2_triggered") && ticks().isEmpty() && isAtRest();
 }
 
 bool Desk::lay(QTableView *onto, const QString &cells)
@@ -116,4 +121,19 @@ QString Desk::foreignCell(const QTableView *view)
         }
     }
     return {};
+}
+
+void DeskTest::init()
+{
+    if (m_desk)
+        return;
+    auto desk = std::make_unique<Desk>();
+    QVERIFY(desk->start());
+    m_desk = std::move(desk);
+}
+
+void DeskTest::cleanup()
+{
+    if (QTest::currentTestFailed() || !m_desk || !m_desk->space.window().isVisible())
+        m_desk.reset();
 }

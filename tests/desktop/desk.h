@@ -1,7 +1,21 @@
 #pragma once
 
-#include "desktop/hands.h"
+#include "desktop/input.h"
 #include "support/workspace.h"
+
+/** Adds a row to a test's table: its name and its values. */
+template<typename... Values>
+void addRow(const QString &name, const Values &...values)
+{
+    (QTest::newRow(qPrintable(name)) << ... << values);
+}
+
+template<typename Value>
+void addColumns(std::initializer_list<const char *> names)
+{
+    for (const char *name : names)
+        QTest::addColumn<Value>(name);
+}
 
 /** The program on a real desktop, with a show of two pages with eight Live Buttons each, named "1-1" to "2-8". */
 class Desk final
@@ -28,6 +42,7 @@ public:
 
     /** Lays Live Buttons on pads or keys with no gesture, as "row,column=button row,column=button". */
     bool lay(QTableView *onto, const QString &cells);
+    void awaitRest();
     /** What lies on pads or keys, in that form with the texts that are seen in place of the buttons' numbers. */
     static QString filled(const QTableView *view);
     /** The rows with a tick, as "0 1". */
@@ -36,8 +51,21 @@ public:
     QString foreignCell(const QTableView *view);
 
     Workspace space;
-    Hands hands;
+    Input input;
 
 private:
     bool clear();
+};
+
+/** Tests that play one after the other on one desk; one that fails leaves a new desk to the next. */
+class DeskTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+protected:
+    std::unique_ptr<Desk> m_desk;
 };

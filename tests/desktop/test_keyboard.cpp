@@ -8,18 +8,15 @@
 #include <QRadioButton>
 
 /** Menus, message boxes, file dialogs and fields by a real keyboard. */
-class TestKeyboard final : public QObject
+class TestKeyboard final : public DeskTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
     void menuEntries_data();
     void menuEntries();
     void menuBarGivenUp_data();
     void menuBarGivenUp();
-    void newProject();
     void leaving_data();
     void leaving();
     void overwriting_data();
@@ -29,9 +26,6 @@ private slots:
     void showPath();
     void showGivenUp_data();
     void showGivenUp();
-    void folderWithoutShow();
-    void projectThereAndBack_data();
-    void projectThereAndBack();
     void loadGivenUpIsToldAsFailed();
     void nothingHasAShortcut_data();
     void nothingHasAShortcut();
@@ -41,7 +35,7 @@ private slots:
     void buttonsBySpace();
     void tabGoesOnAndBack_data();
     void tabGoesOnAndBack();
-    void wholeRoad();
+    void wholeEvening();
 
 private:
     /** Lays a Live Button on the first pad of an empty Pads Page. */
@@ -52,8 +46,6 @@ private:
     bool pressFor(const QString &keys, const QString &notice);
     /** Saves or loads a project by the menu, the last notice of it closed. */
     bool fileProject(bool isSaved, const QString &name);
-
-    std::unique_ptr<Desk> m_desk;
 };
 
 namespace {
@@ -61,27 +53,7 @@ namespace {
 const char ShowOverWork[] = "Are you sure you want to open a new Show \nbefore saving current Project ?";
 const char ProjectOverWork[] = "Are you sure you want to load a Project before saving current ?";
 
-void awaitRest(Desk &desk)
-{
-    desk.hands.await("the window has the keyboard again", [&desk] { return desk.isAtRest(); });
-}
-
 } // namespace
-
-void TestKeyboard::init()
-{
-    if (m_desk)
-        return;
-    auto desk = std::make_unique<Desk>();
-    QVERIFY(desk->start());
-    m_desk = std::move(desk);
-}
-
-void TestKeyboard::cleanup()
-{
-    if (QTest::currentTestFailed() || !m_desk || !m_desk->space.window().isVisible())
-        m_desk.reset();
-}
 
 bool TestKeyboard::layOne()
 {
@@ -90,21 +62,15 @@ bool TestKeyboard::layOne()
 
 void TestKeyboard::menuEntries_data()
 {
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("dialog");
+    addColumns<QString>({"keys", "dialog"});
 
-    QTest::newRow("Load DMX Show") << "alt Down Return" << ShowOverWork;
-    QTest::newRow("Load Project") << "alt Down Down Down Return" << ProjectOverWork;
-    QTest::newRow("Save Project") << "alt Down Down Down Down Return"
-                                  << "Save your Zarvex Project";
-    QTest::newRow("Export") << "alt Down Down Down Down Down Return"
-                            << "Pads Page OS2L DMX is created.";
-    QTest::newRow("Exit, going up") << "alt Down Up Return"
-                                    << "Project is not empty.";
-    QTest::newRow("About") << "alt Right Down Return"
-                           << "Zarvex - About";
-    QTest::newRow("About, out of the open menu File") << "alt Down Right Return"
-                                                      << "Zarvex - About";
+    addRow("Load DMX Show", "alt Down Return", ShowOverWork);
+    addRow("Load Project", "alt Down Down Down Return", ProjectOverWork);
+    addRow("Save Project", "alt Down Down Down Down Return", "Save your Zarvex Project");
+    addRow("Export", "alt Down Down Down Down Down Return", "Pads Page OS2L DMX is created.");
+    addRow("Exit, going up", "alt Down Up Return", "Project is not empty.");
+    addRow("About", "alt Right Down Return", "Zarvex - About");
+    addRow("About, out of the open menu File", "alt Down Right Return", "Zarvex - About");
 }
 
 void TestKeyboard::menuEntries()
@@ -115,22 +81,21 @@ void TestKeyboard::menuEntries()
     QVERIFY(layOne());
     const QStringList before = desk.space.snapshot();
 
-    desk.hands.keys(keys);
-    desk.hands.awaitDialog(dialog);
-    desk.hands.key("Escape");
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
+    desk.input.keys(keys);
+    desk.input.awaitDialog(dialog);
+    desk.input.key("Escape");
+    desk.awaitRest();
+    QVERIFY(desk.input.play());
     QCOMPARE(desk.space.snapshot(), before);
 }
 
 void TestKeyboard::menuBarGivenUp_data()
 {
-    QTest::addColumn<QString>("keys");
-
-    QTest::newRow("on the bar") << "alt Escape";
-    QTest::newRow("by Alt again") << "alt alt";
-    QTest::newRow("in the open menu") << "alt Down Down Escape Escape";
-    QTest::newRow("in the second menu") << "alt Right Down Escape Escape";
+    addColumns<QString>({"keys"});
+    addRow("on the bar", "alt Escape");
+    addRow("by Alt again", "alt alt");
+    addRow("in the open menu", "alt Down Down Escape Escape");
+    addRow("in the second menu", "alt Right Down Escape Escape");
 }
 
 void TestKeyboard::menuBarGivenUp()
@@ -142,42 +107,25 @@ void TestKeyboard::menuBarGivenUp()
     const auto *bar = desk.space.find<QMenuBar>("menuBar");
 
     const QStringList all = keys.split(' ');
-    desk.hands.key(all.first());
-    desk.hands.await("the menu bar has the keyboard", [bar] { return bar->activeAction(); });
-    desk.hands.keys(all.mid(1).join(' '));
-    awaitRest(desk);
-    desk.hands.await("the menu bar has let go", [bar] { return !bar->activeAction(); });
-    QVERIFY(desk.hands.play());
+    desk.input.key(all.first());
+    desk.input.await("the menu bar has the keyboard", [bar] { return bar->activeAction(); });
+    desk.input.keys(all.mid(1).join(' '));
+    desk.awaitRest();
+    desk.input.await("the menu bar has let go", [bar] { return !bar->activeAction(); });
+    QVERIFY(desk.input.play());
     QCOMPARE(desk.space.snapshot(), before);
-}
-
-void TestKeyboard::newProject()
-{
-    Desk &desk = *m_desk;
-    QVERIFY(layOne());
-    desk.hands.keys("alt Down Down Return");
-    awaitRest(desk);
-    desk.hands.await("the pads are empty", [&desk] { return desk.space.leftOnPads().isEmpty(); });
-    QVERIFY(desk.hands.play());
-    QCOMPARE(desk.ticks(), QString());
-    QCOMPARE(Workspace::focused(), QString("dmxlistview"));
-    QCOMPARE(desk.space.window().windowTitle(), QString("Zarvex - Show"));
 }
 
 void TestKeyboard::leaving_data()
 {
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<bool>("leaves");
+    addColumns<QString>({"way", "answer"});
+    addColumns<bool>({"leaves"});
 
     for (const QString way : {"alt+F4", "alt Down Up Return"}) {
-        const QString words = way == "alt+F4" ? "closing: " : "Exit: ";
-        QTest::newRow(qPrintable(words + "Enter")) << way << "Return" << false;
-        QTest::newRow(qPrintable(words + "Escape")) << way << "Escape" << false;
-        QTest::newRow(qPrintable(words + "Space")) << way << "space" << false;
-        QTest::newRow(qPrintable(words + "Tab, Enter")) << way << "Tab Return" << true;
-        QTest::newRow(qPrintable(words + "Tab, Tab, Enter")) << way << "Tab Tab Return" << false;
-        QTest::newRow(qPrintable(words + "letter of Yes")) << way << "alt+y" << true;
+        for (const QString answer : {"Return", "Escape", "space", "Tab Tab Return"})
+            addRow(way + ", " + answer, way, answer, false);
+        for (const QString answer : {"Tab Return", "alt+y"})
+            addRow(way + ", " + answer, way, answer, true);
     }
 }
 
@@ -190,29 +138,28 @@ void TestKeyboard::leaving()
     QVERIFY(layOne());
 
     if (way == "alt+F4")
-        desk.hands.closeWindow();
+        desk.input.closeWindow();
     else
-        desk.hands.keys(way);
-    desk.hands.awaitDialog("Project is not empty.");
-    desk.hands.keys(answer);
-    desk.hands.await("the answer is taken", [] { return !QApplication::activeModalWidget(); });
+        desk.input.keys(way);
+    desk.input.awaitDialog("Project is not empty.");
+    desk.input.keys(answer);
+    desk.input.await("the answer is taken", [] { return !QApplication::activeModalWidget(); });
     if (!leaves)
-        awaitRest(desk);
-    QVERIFY(desk.hands.play());
+        desk.awaitRest();
+    QVERIFY(desk.input.play());
     QCOMPARE(desk.space.window().isVisible(), !leaves);
     QCOMPARE(Desk::filled(desk.pads()), QString("0,0=1-1"));
 }
 
 void TestKeyboard::overwriting_data()
 {
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<bool>("overwrites");
+    addColumns<QString>({"answer"});
+    addColumns<bool>({"overwrites"});
 
-    QTest::newRow("Enter") << "Return" << false;
-    QTest::newRow("Escape") << "Escape" << false;
-    QTest::newRow("Tab, Enter") << "Tab Return" << true;
-    QTest::newRow("letter of Yes") << "alt+y" << true;
-    QTest::newRow("letter of No") << "alt+n" << false;
+    for (const QString answer : {"Return", "Escape", "alt+n"})
+        addRow(answer, answer, false);
+    for (const QString answer : {"Tab Return", "alt+y"})
+        addRow(answer, answer, true);
 }
 
 void TestKeyboard::overwriting()
@@ -224,15 +171,15 @@ void TestKeyboard::overwriting()
     const QString page = desk.space.padsFolder() + "/OS2L DMX.xml";
     QVERIFY(writeFile(page, "of old"));
 
-    desk.hands.click(desk.on("pushButton_2"));
-    desk.hands.awaitDialog("Pads Page OS2L DMX already exists.");
-    desk.hands.keys(answer);
+    desk.input.click(desk.on("pushButton_2"));
+    desk.input.awaitDialog("Pads Page OS2L DMX already exists.");
+    desk.input.keys(answer);
     if (overwrites) {
-        desk.hands.awaitDialog("Pads Page OS2L DMX is created.");
-        desk.hands.key("Return");
+        desk.input.awaitDialog("Pads Page OS2L DMX is created.");
+        desk.input.key("Return");
     }
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
+    desk.awaitRest();
+    QVERIFY(desk.input.play());
     QCOMPARE(bytesOf(page) != "of old", overwrites);
     QCOMPARE(bytesOf(page).contains("get_text &apos;1-1&apos;"), overwrites);
 }
@@ -247,16 +194,16 @@ void TestKeyboard::tabGoesThroughTheButtonsOfAQuestion()
         focused += button ? button->text().remove('&') : "none";
         return true;
     };
-    desk.hands.keys("alt Down Down Down Return");
-    desk.hands.awaitDialog(ProjectOverWork);
-    desk.hands.await("the default", note);
+    desk.input.keys("alt Down Down Down Return");
+    desk.input.awaitDialog(ProjectOverWork);
+    desk.input.await("the default", note);
     for (int i = 0; i < 3; ++i) {
-        desk.hands.key("Tab");
-        desk.hands.await("the next", note);
+        desk.input.key("Tab");
+        desk.input.await("the next", note);
     }
-    desk.hands.key("Escape");
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
+    desk.input.key("Escape");
+    desk.awaitRest();
+    QVERIFY(desk.input.play());
 
     QCOMPARE(focused.size(), 4);
     QCOMPARE(focused.first(), QString("Cancel"));
@@ -267,10 +214,9 @@ void TestKeyboard::tabGoesThroughTheButtonsOfAQuestion()
 
 void TestKeyboard::showPath_data()
 {
-    QTest::addColumn<QString>("typed");
-
-    QTest::newRow("full path") << "%1/Other Show";
-    QTest::newRow("name in the folder of shows") << "Friday";
+    addColumns<QString>({"typed"});
+    addRow("full path", "%1/Other Show");
+    addRow("name in the folder of shows", "Friday");
 }
 
 void TestKeyboard::showPath()
@@ -282,12 +228,12 @@ void TestKeyboard::showPath()
         desk.space.writeShow(typed.startsWith('%') ? "Other Show" : "TheLightingController/LightShows/Friday",
                              Workspace::iniWith({3}));
 
-    desk.hands.click(desk.on("loadini"));
-    desk.hands.awaitDialog("Select a Show");
-    desk.hands.type(typed.contains('%') ? typed.arg(desk.space.home()) : typed);
-    desk.hands.key("Return");
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
+    desk.input.click(desk.on("loadini"));
+    desk.input.awaitDialog("Select a Show");
+    desk.input.type(typed.contains('%') ? typed.arg(desk.space.home()) : typed);
+    desk.input.key("Return");
+    desk.awaitRest();
+    QVERIFY(desk.input.play());
     QCOMPARE(desk.space.window().windowTitle(), "Zarvex - " + QFileInfo(folder).fileName());
     QCOMPARE(desk.space.dmx()->rowCount(), 3);
     m_desk.reset(); // the other rows and tests play with another show
@@ -295,10 +241,9 @@ void TestKeyboard::showPath()
 
 void TestKeyboard::showGivenUp_data()
 {
-    QTest::addColumn<QString>("how");
-
-    QTest::newRow("Escape") << "Escape";
-    QTest::newRow("Cancel by the mouse") << "Cancel";
+    addColumns<QString>({"how"});
+    addRow("Escape", "Escape");
+    addRow("Cancel by the mouse", "Cancel");
 }
 
 void TestKeyboard::showGivenUp()
@@ -308,97 +253,37 @@ void TestKeyboard::showGivenUp()
     QVERIFY(desk.clearPads());
     const QStringList before = desk.space.snapshot();
 
-    desk.hands.click(desk.on("loadini"));
-    desk.hands.awaitDialog("Select a Show");
-    desk.hands.type("Friday");
+    desk.input.click(desk.on("loadini"));
+    desk.input.awaitDialog("Select a Show");
+    desk.input.type("Friday");
     if (how == "Escape")
-        desk.hands.keys("Escape Escape"); // the first closes the list of names, if there is one
+        desk.input.keys("Escape Escape"); // the first closes the list of names, if there is one
     else
-        desk.hands.click(Places::dialogButton(how));
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
+        desk.input.click(Places::dialogButton(how));
+    desk.awaitRest();
+    QVERIFY(desk.input.play());
     QCOMPARE(desk.space.snapshot(), before);
-}
-
-void TestKeyboard::folderWithoutShow()
-{
-    Desk &desk = *m_desk;
-    QVERIFY(desk.clearPads());
-    const QStringList before = desk.space.snapshot();
-
-    desk.hands.click(desk.on("loadini"));
-    desk.hands.awaitDialog("Select a Show");
-    desk.hands.type(desk.space.documents());
-    desk.hands.key("Return");
-    desk.hands.awaitDialog("LightShow Settings file not found. Please select a different LightShow Folder");
-    desk.hands.key("Return");
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
-    QCOMPARE(desk.space.snapshot(), before);
-}
-
-void TestKeyboard::projectThereAndBack_data()
-{
-    QTest::addColumn<bool>("areKeys");
-    QTest::addColumn<QString>("typed");
-
-    QTest::newRow("pads, by the name alone") << false << "mine.zarvex";
-    QTest::newRow("pads, by the full path") << false << "%1/at home.zarvex";
-    QTest::newRow("keys, by the name alone") << true << "keys.zarvex";
-}
-
-void TestKeyboard::projectThereAndBack()
-{
-    QFETCH(bool, areKeys);
-    QFETCH(QString, typed);
-    Desk &desk = *m_desk;
-    QVERIFY(areKeys ? desk.clearKeys() : desk.clearPads());
-    QTableView *view = areKeys ? desk.grid() : desk.pads();
-    QVERIFY(desk.lay(view, "2,0=3 9,1=5"));
-    const QString laid = Desk::filled(view);
-    const QString path = typed.contains('%') ? typed.arg(desk.space.home()) : typed;
-
-    desk.hands.keys("alt Down Down Down Down Return");
-    desk.hands.awaitDialog("Save your Zarvex Project");
-    desk.hands.type(path);
-    desk.hands.key("Return");
-    desk.hands.awaitDialog("Project " + QFileInfo(path).baseName() + " is saved.");
-    desk.hands.key("Return");
-    awaitRest(desk);
-    desk.hands.keys("alt Down Down Return"); // New Project
-    desk.hands.await("all is empty", [view] { return Desk::filled(view).isEmpty(); });
-    desk.hands.keys("alt Down Down Down Return");
-    desk.hands.awaitDialog("Select a Zarvex Project");
-    desk.hands.type(path);
-    desk.hands.key("Return");
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
-
-    QCOMPARE(Desk::filled(view), laid);
-    QCOMPARE(desk.ticks(), QString("3 5"));
-    QCOMPARE(desk.foreignCell(view), QString());
 }
 
 void TestKeyboard::loadGivenUpIsToldAsFailed()
 {
     Desk &desk = *m_desk;
     QVERIFY(desk.clearPads());
-    desk.hands.keys("alt Down Down Down Return");
-    desk.hands.awaitDialog("Select a Zarvex Project");
-    desk.hands.key("Escape");
-    desk.hands.awaitDialog("Failed to load the Project's Show.");
-    desk.hands.key("Escape");
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
+    desk.input.keys("alt Down Down Down Return");
+    desk.input.awaitDialog("Select a Zarvex Project");
+    desk.input.key("Escape");
+    desk.input.awaitDialog("Failed to load the Project's Show.");
+    desk.input.key("Escape");
+    desk.awaitRest();
+    QVERIFY(desk.input.play());
 }
 
 void TestKeyboard::nothingHasAShortcut_data()
 {
-    QTest::addColumn<QString>("keys");
-
+    addColumns<QString>({"keys"});
     for (const char *keys : {"ctrl+n", "ctrl+o", "ctrl+l", "ctrl+s", "ctrl+shift+s", "ctrl+e", "ctrl+q",
                              "ctrl+w", "F1", "alt+f", "alt+h"})
-        QTest::newRow(keys) << keys;
+        addRow(keys, keys);
 }
 
 void TestKeyboard::nothingHasAShortcut()
@@ -406,13 +291,13 @@ void TestKeyboard::nothingHasAShortcut()
     QFETCH(QString, keys);
     Desk &desk = *m_desk;
     QVERIFY(layOne());
-    desk.hands.click(Places::cell(desk.pads(), 0));
-    QVERIFY(desk.hands.play());
+    desk.input.click(Places::cell(desk.pads(), 0));
+    QVERIFY(desk.input.play());
     const QStringList before = desk.space.snapshot();
 
-    desk.hands.key(keys);
-    desk.hands.key("Up"); // which stays on the first pad
-    QVERIFY(desk.hands.play());
+    desk.input.key(keys);
+    desk.input.key("Up"); // which stays on the first pad
+    QVERIFY(desk.input.play());
     QVERIFY(desk.isAtRest());
     QVERIFY(!desk.pads()->viewport()->findChild<QLineEdit *>());
     QCOMPARE(desk.space.snapshot(), before);
@@ -420,20 +305,13 @@ void TestKeyboard::nothingHasAShortcut()
 
 void TestKeyboard::fields_data()
 {
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("end");
-    QTest::addColumn<QString>("kept");
+    addColumns<QString>({"field", "typed", "end", "kept"});
 
     for (const QString end : {"Return", "Tab"}) {
-        QTest::newRow(qPrintable("page name, " + end)) << "padsname"
-                                                       << "My Page" << end << "My Page";
-        QTest::newRow(qPrintable("page name emptied, " + end)) << "padsname"
-                                                               << "" << end << "OS2L DMX";
-        QTest::newRow(qPrintable("bank name, " + end)) << "bankname"
-                                                       << "Intro" << end << "Intro";
-        QTest::newRow(qPrintable("bank name emptied, " + end)) << "bankname"
-                                                               << "" << end << "";
+        addRow("page name, " + end, "padsname", "My Page", end, "My Page");
+        addRow("page name emptied, " + end, "padsname", "", end, "OS2L DMX");
+        addRow("bank name, " + end, "bankname", "Intro", end, "Intro");
+        addRow("bank name emptied, " + end, "bankname", "", end, "");
     }
 }
 
@@ -447,12 +325,12 @@ void TestKeyboard::fields()
     QVERIFY(desk.clearPads());
     const auto *edit = desk.space.find<QLineEdit>(qPrintable(field));
 
-    desk.hands.click(desk.on(qPrintable(field)));
-    desk.hands.keys("ctrl+a BackSpace");
+    desk.input.click(desk.on(qPrintable(field)));
+    desk.input.keys("ctrl+a BackSpace");
     if (!typed.isEmpty())
-        desk.hands.type(typed);
-    desk.hands.key(end);
-    QVERIFY(desk.hands.play());
+        desk.input.type(typed);
+    desk.input.key(end);
+    QVERIFY(desk.input.play());
     QTRY_COMPARE_WITH_TIMEOUT(edit->text(), kept, Patience);
     QCOMPARE(edit->hasFocus(), end == "Return");
     QCOMPARE(desk.space.bankNames().first(), field == "bankname" ? kept : QString("BANK 1"));
@@ -463,20 +341,20 @@ void TestKeyboard::radiosByArrows()
 {
     Desk &desk = *m_desk;
     QVERIFY(desk.clearPads());
-    desk.hands.click(desk.on("radio_outputpage"));
-    desk.hands.key("Right");
-    QVERIFY(desk.hands.play());
+    desk.input.click(desk.on("radio_outputpage"));
+    desk.input.key("Right");
+    QVERIFY(desk.input.play());
     QTRY_VERIFY_WITH_TIMEOUT(desk.grid()->isVisible(), Patience);
     QCOMPARE(desk.space.window().width(), 1366);
 
-    desk.hands.key("Left");
-    QVERIFY(desk.hands.play());
+    desk.input.key("Left");
+    QVERIFY(desk.input.play());
     QTRY_VERIFY_WITH_TIMEOUT(!desk.grid()->isVisible(), Patience);
     QCOMPARE(desk.space.window().width(), 650);
 
-    desk.hands.click(desk.on("radioButton_8pads"));
-    desk.hands.key("Right");
-    QVERIFY(desk.hands.play());
+    desk.input.click(desk.on("radioButton_8pads"));
+    desk.input.key("Right");
+    QVERIFY(desk.input.play());
     QTRY_VERIFY_WITH_TIMEOUT(!desk.pads()->isColumnHidden(1), Patience);
 }
 
@@ -485,26 +363,25 @@ void TestKeyboard::buttonsBySpace()
     Desk &desk = *m_desk;
     QVERIFY(layOne());
     desk.space.find<QAbstractButton>("cleanpads_button")->setFocus(Qt::TabFocusReason);
-    desk.hands.key("space");
-    desk.hands.await("the pads are empty", [&desk] { return Desk::filled(desk.pads()).isEmpty(); });
-    QVERIFY(desk.hands.play());
+    desk.input.key("space");
+    desk.input.await("the pads are empty", [&desk] { return Desk::filled(desk.pads()).isEmpty(); });
+    QVERIFY(desk.input.play());
     QCOMPARE(desk.ticks(), QString());
 
     desk.space.find<QAbstractButton>("pushButton_2")->setFocus(Qt::TabFocusReason);
-    desk.hands.key("space");
-    desk.hands.awaitDialog("Nothing to Export. Pads are empty");
-    desk.hands.key("space");
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
+    desk.input.key("space");
+    desk.input.awaitDialog("Nothing to Export. Pads are empty");
+    desk.input.key("space");
+    desk.awaitRest();
+    QVERIFY(desk.input.play());
 }
 
 void TestKeyboard::tabGoesOnAndBack_data()
 {
-    QTest::addColumn<QString>("name");
-
+    addColumns<QString>({"name"});
     for (const char *name : {"loadini", "combobox", "radio_outputpage", "radioButton_8pads",
                              "cleanpads_button", "bankcombo", "bankname", "padsname", "pushButton_2"})
-        QTest::newRow(name) << name;
+        addRow(name, name);
 }
 
 void TestKeyboard::tabGoesOnAndBack()
@@ -514,15 +391,15 @@ void TestKeyboard::tabGoesOnAndBack()
     QVERIFY(desk.clearPads());
     desk.space.find<QWidget>(qPrintable(name))->setFocus(Qt::TabFocusReason);
 
-    desk.hands.key("Tab");
-    QVERIFY(desk.hands.play());
+    desk.input.key("Tab");
+    QVERIFY(desk.input.play());
     QTRY_VERIFY_WITH_TIMEOUT(Workspace::focused() != name, Patience);
     const QWidget *next = QApplication::focusWidget();
     QVERIFY(next && next->isVisible() && next->isEnabled());
     if (qobject_cast<const QTableView *>(next)) // keeps Tab for its cells
         return;
-    desk.hands.key("shift+Tab");
-    QVERIFY(desk.hands.play());
+    desk.input.key("shift+Tab");
+    QVERIFY(desk.input.play());
     QTRY_COMPARE_WITH_TIMEOUT(Workspace::focused(), name, Patience);
 }
 
@@ -530,9 +407,9 @@ bool TestKeyboard::tabTo(const QString &name)
 {
     for (int i = 0; i < 20 && Workspace::focused() != name; ++i) {
         const QString before = Workspace::focused();
-        m_desk->hands.key("Tab");
-        m_desk->hands.await("the focus moves", [before] { return Workspace::focused() != before; });
-        if (!m_desk->hands.play())
+        m_desk->input.key("Tab");
+        m_desk->input.await("the focus moves", [before] { return Workspace::focused() != before; });
+        if (!m_desk->input.play())
             return false;
     }
     return Workspace::focused() == name;
@@ -540,25 +417,25 @@ bool TestKeyboard::tabTo(const QString &name)
 
 bool TestKeyboard::pressFor(const QString &keys, const QString &notice)
 {
-    m_desk->hands.keys(keys);
-    m_desk->hands.awaitDialog(notice);
-    m_desk->hands.key("Return");
-    awaitRest(*m_desk);
-    return m_desk->hands.play();
+    m_desk->input.keys(keys);
+    m_desk->input.awaitDialog(notice);
+    m_desk->input.key("Return");
+    m_desk->awaitRest();
+    return m_desk->input.play();
 }
 
 bool TestKeyboard::fileProject(bool isSaved, const QString &name)
 {
-    m_desk->hands.keys(isSaved ? "alt Down Down Down Down Return" : "alt Down Down Down Return");
-    m_desk->hands.awaitDialog(isSaved ? "Save your Zarvex Project" : "Select a Zarvex Project");
-    m_desk->hands.type(name + ".zarvex");
-    m_desk->hands.key("Return");
+    m_desk->input.keys(isSaved ? "alt Down Down Down Down Return" : "alt Down Down Down Return");
+    m_desk->input.awaitDialog(isSaved ? "Save your Zarvex Project" : "Select a Zarvex Project");
+    m_desk->input.type(name + ".zarvex");
+    m_desk->input.key("Return");
     if (isSaved) {
-        m_desk->hands.awaitDialog("Project " + name + " is saved.");
-        m_desk->hands.key("Return");
+        m_desk->input.awaitDialog("Project " + name + " is saved.");
+        m_desk->input.key("Return");
     }
-    awaitRest(*m_desk);
-    return m_desk->hands.play();
+    m_desk->awaitRest();
+    return m_desk->input.play();
 }
 
 namespace {
@@ -584,7 +461,7 @@ bool saveAs(Workspace &space, const QString &name)
     return space.dialogs.faults().isEmpty();
 }
 
-/** The road of wholeRoad() by drops, clicks and slots. */
+/** What wholeEvening() writes, by drops, clicks and slots. */
 QStringList filesByMouse()
 {
     Workspace space;
@@ -610,69 +487,69 @@ QStringList filesByMouse()
 } // namespace
 
 /** Show, pads, banks, names, keys, colours, Switch, exports and projects: no mouse from the start to the end. */
-void TestKeyboard::wholeRoad()
+void TestKeyboard::wholeEvening()
 {
     m_desk = std::make_unique<Desk>();
     Desk &desk = *m_desk;
     QVERIFY(desk.open());
-    desk.hands.keys("alt Down Return");
-    desk.hands.awaitDialog("Select a Show");
-    desk.hands.type(desk.space.writeShow("Show", Workspace::iniWith({8, 8})));
-    desk.hands.key("Return");
-    awaitRest(desk);
-    QVERIFY(desk.hands.play());
+    desk.input.keys("alt Down Return");
+    desk.input.awaitDialog("Select a Show");
+    desk.input.type(desk.space.writeShow("Show", Workspace::iniWith({8, 8})));
+    desk.input.key("Return");
+    desk.awaitRest();
+    QVERIFY(desk.input.play());
 
     QVERIFY(tabTo("dmxlistview"));
-    desk.hands.keys("Home ctrl+c");
+    desk.input.keys("Home ctrl+c");
     QVERIFY(tabTo("vdjlistview"));
-    desk.hands.keys("ctrl+v F2 ctrl+a");
-    desk.hands.type("Go");
-    desk.hands.key("Return");
-    desk.hands.await("the text", [&desk] { return desk.filled(desk.pads()) == "0,0=Go"; });
+    desk.input.keys("ctrl+v F2 ctrl+a");
+    desk.input.type("Go");
+    desk.input.key("Return");
+    desk.input.await("the text", [&desk] { return desk.filled(desk.pads()) == "0,0=Go"; });
     QVERIFY(tabTo("dmxlistview"));
-    desk.hands.keys("Down Down ctrl+c");
+    desk.input.keys("Down Down ctrl+c");
     QVERIFY(tabTo("vdjlistview"));
-    desk.hands.keys("Down Down ctrl+v");
+    desk.input.keys("Down Down ctrl+v");
     QVERIFY(tabTo("radioButton_8pads"));
-    desk.hands.key("Right");
+    desk.input.key("Right");
     QVERIFY(tabTo("bankcombo"));
-    desk.hands.key("Down");
+    desk.input.key("Down");
     QVERIFY(tabTo("bankname"));
-    desk.hands.type("Chorus");
+    desk.input.type("Chorus");
     QVERIFY(tabTo("vdjlistview"));
-    desk.hands.keys("ctrl+v Right Delete ctrl+v");
+    desk.input.keys("ctrl+v Right Delete ctrl+v");
     QVERIFY(tabTo("padsname"));
-    desk.hands.type("Night");
-    QVERIFY(desk.hands.play());
+    desk.input.type("Night");
+    QVERIFY(desk.input.play());
     QTRY_COMPARE(desk.filled(desk.pads()), QString("0,0=Go 2,0=1-3 8,0=1-3 8,1=1-3"));
     QVERIFY(tabTo("pushButton_2"));
     QVERIFY(pressFor("space", "Pads Page Night is created."));
     QVERIFY(fileProject(true, "pads"));
 
     QVERIFY(tabTo("radio_outputpage"));
-    desk.hands.key("Right");
+    desk.input.key("Right");
     QVERIFY(tabTo("mididevices"));
-    desk.hands.key("Down");
+    desk.input.key("Down");
     QVERIFY(tabTo("combo_offcolor"));
-    desk.hands.key("Up");
+    desk.input.key("Up");
     QVERIFY(tabTo("dmxlistview"));
-    desk.hands.keys("Home ctrl+c");
+    desk.input.keys("Home ctrl+c");
     QVERIFY(tabTo("tablecontroller"));
-    desk.hands.key("ctrl+v");
+    desk.input.key("ctrl+v");
     QVERIFY(tabTo("dmxlistview"));
-    desk.hands.keys("Down ctrl+c");
+    desk.input.keys("Down ctrl+c");
     QVERIFY(tabTo("tablecontroller"));
-    desk.hands.keys("Right ctrl+v shift+Left");
-    desk.hands.keys("Menu Down Down Right Down Down Down Return");
-    desk.hands.awaitNoPopup();
-    desk.hands.keys("Menu Down Down Down Down Return");
-    desk.hands.awaitNoPopup();
-    desk.hands.key("Down");
+    desk.input.keys("Right ctrl+v shift+Left");
+    desk.input.keys("Menu Down Down Right Down Down Down Return");
+    desk.input.awaitNoPopup();
+    desk.input.keys("Menu Down Down Down Down Return");
+    desk.input.awaitNoPopup();
+    desk.input.key("Down");
     for (int i = 0; i < 3; ++i) { // the Switch, none, the Switch
-        desk.hands.keys("Menu Down Return");
-        desk.hands.awaitNoPopup();
+        desk.input.keys("Menu Down Return");
+        desk.input.awaitNoPopup();
     }
-    QVERIFY(desk.hands.play());
+    QVERIFY(desk.input.play());
     QTRY_COMPARE(desk.filled(desk.grid()), QString("2,2=1-1 2,3=1-2"));
     QVERIFY(pressFor("alt Down Down Down Down Down Return", "Mapping Night for AKAI APC Mini is created."));
     QVERIFY(fileProject(true, "keys"));
@@ -680,7 +557,7 @@ void TestKeyboard::wholeRoad()
     // What was saved comes back, and is saved as it was.
     const QStringList files = filesOf(desk.space);
     for (const QString name : {"pads", "keys"}) {
-        desk.hands.keys("alt Down Down Return"); // New Project
+        desk.input.keys("alt Down Down Return"); // New Project
         QVERIFY(fileProject(false, name));
         QVERIFY(fileProject(true, name + " again"));
         const QString path = desk.space.documents() + "/Zarvex/projects/" + name;

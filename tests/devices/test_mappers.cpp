@@ -25,7 +25,7 @@ using Files = QList<QPair<QString, QByteArray>>;
 const QStringList BuiltIn = {"Simple OS2L mapping", "AKAI APC Mini mapping (factory)"};
 
 // Milliseconds for the window with the mappers that it finds.
-#if defined(__SANITIZE_ADDRESS__) || defined(Q_OS_WIN)
+#if defined(__SANITIZE_ADDRESS__) || defined(Q_OS_WIN) || !defined(__OPTIMIZE__)
 constexpr qint64 LongestStart = 20000;
 #else
 constexpr qint64 LongestStart = 2000;

@@ -157,6 +157,21 @@ struct Outcome
 
 const Outcome Impossible{false, true, {}, {}, {}, {}, false};
 
+/** What a kind of gesture does; see play(). */
+using Rule = Outcome (*)(World &world, const Gesture &gesture);
+
+/** What leaves the focus on a widget, and nothing else to be told. */
+Outcome focusOn(const char *name);
+
+/** A notice with an OK button comes. */
+void tell(Outcome &outcome, const QString &text, const QString &informative = {});
+
+/** Asks, where something lies there, about overwriting it; whether to write. */
+bool mayWrite(const World &world, const QString &path, const QString &what, const Gesture &gesture,
+              Outcome &outcome);
+
+QStringList freshBanks();
+
 /** All kinds of gestures. */
 QStringList verbs();
 
@@ -181,8 +196,7 @@ void untickAll(World &world);
 void emptyPads(World &world);
 void emptyKeys(World &world);
 void renamePad(Cell &pad, int row, const QString &name);
-Outcome playOnTables(World &world, const Gesture &gesture);
-Outcome playOnMenus(World &world, const Gesture &gesture);
+QMap<QString, Rule> rulesOfTables();
 
 // devices
 QVector<Device> readDevices();
@@ -190,7 +204,7 @@ QString restingLabel(int row, int col);
 bool hasKey(const Device &device, int row, int col);
 void readMappers(World &world);
 void pickDevice(World &world, int index);
-Outcome playOnDevices(World &world, const Gesture &gesture);
+QMap<QString, Rule> rulesOfDevices();
 
 // files
 void exportPage(World &world, const Gesture &gesture, Outcome &outcome);

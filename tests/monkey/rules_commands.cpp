@@ -8,14 +8,6 @@ namespace {
 
 const QString AskSave = "Save Yes Cancel";
 
-QStringList freshBanks()
-{
-    QStringList banks;
-    for (int bank = 1; bank <= 8; ++bank)
-        banks.append("BANK " + QString::number(bank));
-    return banks;
-}
-
 /** Asks about unsaved work where there is some; whether to go on. */
 bool passesGate(World &world, const Gesture &gesture, const QString &text, Outcome &outcome)
 {
@@ -28,20 +20,14 @@ bool passesGate(World &world, const Gesture &gesture, const QString &text, Outco
     return answer == "Save" || answer == "Yes";
 }
 
-bool mayLeave(const World &world, const Gesture &gesture, Outcome &outcome)
-{
-    if (!holdsWork(world))
-        return true;
-    const QString answer = gesture.text("gate");
-    outcome.questions.append({Question::Box, "Project is not empty.", "Are you sure you want to exit ?",
-                              "Yes Cancel", answer, false});
-    return answer == "Yes";
-}
-
 Outcome leave(World &world, const Gesture &gesture)
 {
     Outcome outcome;
-    outcome.hasLeft = mayLeave(world, gesture, outcome);
+    const QString answer = gesture.text("gate");
+    outcome.hasLeft = !holdsWork(world) || answer == "Yes";
+    if (holdsWork(world))
+        outcome.questions.append({Question::Box, "Project is not empty.", "Are you sure you want to exit ?",
+                                  "Yes Cancel", answer, false});
     return outcome;
 }
 
@@ -50,9 +36,7 @@ Outcome newProject(World &world, const Gesture & /*gesture*/)
     emptyPads(world);
     emptyKeys(world);
     untickAll(world);
-    Outcome outcome;
-    outcome.focus = "dmxlistview";
-    return outcome;
+    return focusOn("dmxlistview");
 }
 
 Outcome chooseShow(World &world, const Gesture &gesture)
@@ -71,13 +55,8 @@ Outcome chooseShow(World &world, const Gesture &gesture)
     if (name.isEmpty())
         return outcome;
     if (!show->exists) {
-        outcome.questions.append(
-            {Question::Box,
-             "LightShow Settings file not found. Please select a different LightShow Folder",
-             {},
-             "Ok",
-             "Ok",
-             true});
+        tell(outcome, "LightShow Settings file not found. Please select a different LightShow Folder");
+        outcome.questions.last().isWarning = true;
         return outcome;
     }
     world.showName = name;
@@ -97,8 +76,7 @@ Outcome chooseProject(World &world, const Gesture &gesture)
         return Impossible;
     outcome.questions.append({Question::OpenFile, {}, {}, {}, path, false});
     if (path.isEmpty() || !loadProject(world, path))
-        outcome.questions.append(
-            {Question::Box, "Failed to load the Project's Show.", {}, "Ok", "Ok", false});
+        tell(outcome, "Failed to load the Project's Show.");
     return outcome;
 }
 
@@ -113,9 +91,9 @@ Outcome exportIt(World &world, const Gesture &gesture)
 {
     Outcome outcome;
     if (world.showName.isEmpty())
-        outcome.questions.append({Question::Box, "Nothing to Export. Load a Show", {}, "Ok", "Ok", false});
+        tell(outcome, "Nothing to Export. Load a Show");
     else if (isEmpty(world.isMidi ? world.keys : world.pads))
-        outcome.questions.append({Question::Box, "Nothing to Export. Pads are empty", {}, "Ok", "Ok", false});
+        tell(outcome, "Nothing to Export. Pads are empty");
     else if (world.isMidi)
         exportMapping(world, gesture, outcome);
     else
@@ -178,43 +156,20 @@ Outcome setPage(World &world, const Gesture &gesture)
     return {};
 }
 
-using Player = Outcome (*)(World &, const Gesture &);
-
-const QMap<QString, Player> Players = {
-    {"drop-pad", playOnTables},
-    {"drop-pad-line", playOnTables},
-    {"move-pad", playOnTables},
-    {"move-pad-line", playOnTables},
-    {"rename", playOnTables},
-    {"drop-key", playOnTables},
-    {"drop-key-line", playOnTables},
-    {"move-key", playOnTables},
-    {"paste-pad", playOnTables},
-    {"paste-key", playOnTables},
-    {"delete-pad", playOnTables},
-    {"delete-key", playOnTables},
-    {"clean-pads", playOnTables},
-    {"clean-keys", playOnTables},
-    {"menu-pad", playOnMenus},
-    {"menu-key", playOnMenus},
-    {"device", playOnDevices},
-    {"mapper", playOnDevices},
-    {"off-color", playOnDevices},
-    {"on-color", playOnDevices},
-    {"output", setOutput},
-    {"layout", setLayout},
-    {"bank", setBank},
-    {"name-bank", nameBank},
-    {"name-page", namePage},
-    {"page", setPage},
-    {"load-show", chooseShow},
-    {"load-project", chooseProject},
-    {"save", save},
-    {"export", exportIt},
-    {"new-project", newProject},
-    {"exit", leave},
-    {"close", leave},
-};
+QMap<QString, Rule> allRules()
+{
+    QMap<QString, Rule> rules = {
+        {"output", setOutput},     {"layout", setLayout},           {"bank", setBank},
+        {"name-bank", nameBank},   {"name-page", namePage},         {"page", setPage},
+        {"load-show", chooseShow}, {"load-project", chooseProject}, {"save", save},
+        {"export", exportIt},      {"new-project", newProject},     {"exit", leave},
+        {"close", leave}};
+    for (const QMap<QString, Rule> &more : {rulesOfTables(), rulesOfDevices()}) {
+        for (auto rule = more.cbegin(); rule != more.cend(); ++rule)
+            rules.insert(rule.key(), rule.value());
+    }
+    return rules;
+}
 
 } // namespace
 
@@ -262,19 +217,50 @@ void showOutput(World &world, bool isMidi, const QString &label)
     world.nameLabel = label;
 }
 
+QStringList freshBanks()
+{
+    QStringList banks;
+    for (int bank = 1; bank <= 8; ++bank)
+        banks.append("BANK " + QString::number(bank));
+    return banks;
+}
+
+void tell(Outcome &outcome, const QString &text, const QString &informative)
+{
+    outcome.questions.append({Question::Box, text, informative, "Ok", "Ok", false});
+}
+
+bool mayWrite(const World &world, const QString &path, const QString &what, const Gesture &gesture,
+              Outcome &outcome)
+{
+    if (!world.files.contains(path))
+        return true;
+    outcome.questions.append({Question::Box, what + " already exists.", "Do you want to overwrite ?",
+                              "Yes No", gesture.text("over"), false});
+    return gesture.text("over") == "Yes";
+}
+
+Outcome focusOn(const char *name)
+{
+    Outcome outcome;
+    outcome.focus = name;
+    return outcome;
+}
+
 QStringList verbs()
 {
-    return Players.keys();
+    return allRules().keys();
 }
 
 Outcome play(World &world, const Gesture &gesture)
 {
-    const Player player = Players.value(gesture.verb);
-    if (!player)
+    static const QMap<QString, Rule> rules = allRules();
+    const Rule rule = rules.value(gesture.verb);
+    if (!rule)
         return Impossible;
     // A gesture that turns out impossible half way must leave nothing behind.
     World after = world;
-    Outcome outcome = player(after, gesture);
+    Outcome outcome = rule(after, gesture);
     if (outcome.isPossible)
         world = after;
     return outcome;

@@ -175,31 +175,46 @@ void pickDevice(World &world, int index)
     }
 }
 
-Outcome playOnDevices(World &world, const Gesture &gesture)
+namespace {
+
+/** The keyboard goes from one to the next. */
+Outcome chooseDevice(World &world, const Gesture &gesture)
 {
     const int index = gesture.number("index");
-    Outcome outcome;
-    if (!world.isMidi || index < 0)
+    if (!world.isMidi || index < 0 || index >= world.devices.size())
         return Impossible;
-    if (gesture.verb == "device") {
-        if (index >= world.devices.size())
-            return Impossible;
-        if (index != world.device)
-            outcome.focus = "tablecontroller";
-        while (world.device != index) // the keyboard goes from one to the next
-            pickDevice(world, world.device + (world.device < index ? 1 : -1));
-        return outcome;
-    }
-    if (gesture.verb == "mapper") {
-        if (index >= world.mapperNames.size())
-            return Impossible;
-        world.mapper = index;
-        return outcome;
-    }
-    if (!world.showsPalette || index >= world.palette.size())
+    const Outcome outcome = index != world.device ? focusOn("tablecontroller") : Outcome();
+    while (world.device != index)
+        pickDevice(world, world.device + (world.device < index ? 1 : -1));
+    return outcome;
+}
+
+Outcome chooseMapper(World &world, const Gesture &gesture)
+{
+    const int index = gesture.number("index");
+    if (!world.isMidi || index < 0 || index >= world.mapperNames.size())
+        return Impossible;
+    world.mapper = index;
+    return {};
+}
+
+Outcome chooseColor(World &world, const Gesture &gesture)
+{
+    const int index = gesture.number("index");
+    if (!world.isMidi || !world.showsPalette || index < 0 || index >= world.palette.size())
         return Impossible;
     (gesture.verb == "off-color" ? world.off : world.on) = index;
-    return outcome;
+    return {};
+}
+
+} // namespace
+
+QMap<QString, Rule> rulesOfDevices()
+{
+    return {{"device", chooseDevice},
+            {"mapper", chooseMapper},
+            {"off-color", chooseColor},
+            {"on-color", chooseColor}};
 }
 
 } // namespace Rules

@@ -21,17 +21,6 @@ QString color(const QString &name)
     return "color " + quoted(name);
 }
 
-/** Asks where the file is there; whether to write it. */
-bool mayWrite(const World &world, const QString &path, const QString &what, const Gesture &gesture,
-              Outcome &outcome)
-{
-    if (!world.files.contains(path))
-        return true;
-    outcome.questions.append({Question::Box, what + " already exists.", "Do you want to overwrite ?",
-                              "Yes No", gesture.text("over"), false});
-    return gesture.text("over") == "Yes";
-}
-
 QVector<int> usedBanks(const Table &pads)
 {
     QVector<int> used;
@@ -322,8 +311,7 @@ void exportPage(World &world, const Gesture &gesture, Outcome &outcome)
     if (!mayWrite(world, path, "Pads Page " + world.pageName, gesture, outcome))
         return;
     world.files.insert(path, pageText(world));
-    outcome.questions.append({Question::Box, "Pads Page " + world.pageName + " is created.",
-                              "Select it from VirtualDJ Pads dropdown", "Ok", "Ok", false});
+    tell(outcome, "Pads Page " + world.pageName + " is created.", "Select it from VirtualDJ Pads dropdown");
 }
 
 void exportMapping(World &world, const Gesture &gesture, Outcome &outcome)
@@ -334,9 +322,8 @@ void exportMapping(World &world, const Gesture &gesture, Outcome &outcome)
     if (!mayWrite(world, path, what, gesture, outcome))
         return;
     world.files.insert(path, mappingText(world, device));
-    outcome.questions.append({Question::Box,
-                              "Mapping " + world.pageName + " for " + device.name + " is created.",
-                              "Select it from Controllers tab of VirtualDJ Settings.", "Ok", "Ok", false});
+    tell(outcome, "Mapping " + world.pageName + " for " + device.name + " is created.",
+         "Select it from Controllers tab of VirtualDJ Settings.");
 }
 
 } // namespace Rules

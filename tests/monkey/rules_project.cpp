@@ -127,11 +127,7 @@ void applyProject(World &world, const Attributes &has)
     world.showName = has.value("showname");
     loadShow(world, has.value("show"));
     const QString banks = has.value("banks");
-    world.banks.clear();
-    for (int bank = 1; bank <= 8; ++bank)
-        world.banks.append("BANK " + QString::number(bank));
-    if (!banks.isEmpty())
-        world.banks = banks.split(',');
+    world.banks = banks.isEmpty() ? freshBanks() : banks.split(',');
     applySwitch(world, has.value("switch"));
     world.pageName = has.value("export");
     applyDevice(world, has.value("deviceid"));
@@ -160,29 +156,22 @@ void layCell(Cell &cell, const Attributes &has, int row, bool isMidi)
 
 void saveProject(World &world, const Gesture &gesture, Outcome &outcome)
 {
-    const auto notice = [&outcome](const QString &text) {
-        outcome.questions.append({Question::Box, text, {}, "Ok", "Ok", false});
-    };
     if (world.showName.isEmpty())
-        return notice("Nothing to Save. Load a Show");
+        return tell(outcome, "Nothing to Save. Load a Show");
     if (isEmpty(world.isMidi ? world.keys : world.pads))
-        return notice("Nothing to Save. Pads are empty");
+        return tell(outcome, "Nothing to Save. Pads are empty");
     const QString name = gesture.text("file");
     const QString path = name.isEmpty() ? QString() : world.projectFolder + "/" + name;
     outcome.questions.append({Question::SaveFile, {}, {}, {}, path, false});
     if (path.isEmpty())
         return;
     const QString base = path.section('/', -1).section('.', 0, 0);
-    if (world.files.contains(path)) {
-        outcome.questions.append({Question::Box, "Project " + base + " already exists.",
-                                  "Do you want to overwrite ?", "Yes No", gesture.text("over"), false});
-        if (gesture.text("over") != "Yes")
-            return;
-    }
+    if (!mayWrite(world, path, "Project " + base, gesture, outcome))
+        return;
     if (name.contains('/')) // a folder that is not there
-        return notice("Project " + base + " was not saved.");
+        return tell(outcome, "Project " + base + " was not saved.");
     world.files.insert(path, projectText(world));
-    notice("Project " + base + " is saved.");
+    tell(outcome, "Project " + base + " is saved.");
 }
 
 bool loadProject(World &world, const QString &path)

@@ -19,6 +19,12 @@ At place(const QString &text)
     return {text.section(',', 0, 0).toInt(), text.section(',', 1).toInt()};
 }
 
+/** The place in the gesture's words "at", "from" or "to". */
+At place(const Gesture &gesture, const char *word)
+{
+    return place(gesture.text(word));
+}
+
 QString padLabel(int number)
 {
     return "PAD " + QString::number(number);
@@ -30,6 +36,13 @@ QString movedLabel(int row, int col)
     if ((row == 0 || row == 11) && (col == 1 || col == 11))
         return (row == 0 ? "TOP " : "BOTTOM ") + QString::number(col - 1);
     return restingLabel(row, col);
+}
+
+Outcome refused()
+{
+    Outcome outcome;
+    outcome.isTaken = false;
+    return outcome;
 }
 
 Cell dragged(const World &world, int button)
@@ -102,10 +115,15 @@ void clearKey(World &world, int row, int col)
     untickUnlessOnKeys(world, button);
 }
 
-bool isPadInSight(const World &world, int row, int col)
+bool isPadInSight(const World &world, At at)
 {
-    return !world.isMidi && world.pads.has(row, col) && row / 8 == world.bank
-           && (col == 0 || world.has16Pads);
+    return !world.isMidi && world.pads.has(at.row, at.col) && at.row / 8 == world.bank
+           && (at.col == 0 || world.has16Pads);
+}
+
+bool isFilledPadInSight(const World &world, At at)
+{
+    return isPadInSight(world, at) && world.pads.at(at.row, at.col).page != "0";
 }
 
 bool isButtonInSight(const World &world, int button)
@@ -113,33 +131,51 @@ bool isButtonInSight(const World &world, int button)
     return button >= 0 && button < world.buttons.size() && !isRowHidden(world, button);
 }
 
-Outcome dropOnPad(World &world, int button, int row, int col)
+/** A pad that takes a Live Button; whether it had another one. */
+bool layOnPad(World &world, int button, At at)
 {
-    if (!isButtonInSight(world, button) || !isPadInSight(world, row, col))
-        return Impossible;
-    Outcome outcome;
-    const Cell before = world.pads.at(row, col);
-    fillPad(world, row, col, dragged(world, button));
+    const Cell before = world.pads.at(at.row, at.col);
+    fillPad(world, at.row, at.col, dragged(world, button));
     tick(world, button);
-    if (before.page.toInt() >= 1) {
-        untickUnlessOnPads(world, before.id.toInt());
-        outcome.focus = "vdjlistview";
-    }
-    return outcome;
+    if (before.page.toInt() < 1)
+        return false;
+    untickUnlessOnPads(world, before.id.toInt());
+    return true;
 }
 
-Outcome dropOnPadLine(World &world, int button, int row)
+void layOnKey(World &world, int button, At at)
 {
-    if (!isButtonInSight(world, button) || !isPadInSight(world, row, 0))
+    Cell &key = world.keys.at(at.row, at.col);
+    const Cell before = key;
+    fill(key, dragged(world, button));
+    tick(world, button);
+    if (before.page.toInt() >= 1)
+        untickUnlessOnKeys(world, before.id.toInt());
+}
+
+Outcome dropOnPad(World &world, const Gesture &gesture)
+{
+    const int button = gesture.number("button");
+    const At at = place(gesture, "at");
+    if (!isButtonInSight(world, button) || !isPadInSight(world, at))
+        return Impossible;
+    return layOnPad(world, button, at) ? focusOn("vdjlistview") : Outcome();
+}
+
+Outcome dropOnPadLine(World &world, const Gesture &gesture)
+{
+    const int button = gesture.number("button");
+    if (!isButtonInSight(world, button) || !isPadInSight(world, {place(gesture, "at").row, 0}))
         return Impossible;
     tick(world, button); // although no pad took it
     return {};
 }
 
-Outcome movePad(World &world, At from, At to)
+Outcome movePad(World &world, const Gesture &gesture)
 {
-    if (!isPadInSight(world, from.row, from.col) || !isPadInSight(world, to.row, to.col)
-        || world.pads.at(from.row, from.col).page == "0")
+    const At from = place(gesture, "from");
+    const At to = place(gesture, "to");
+    if (!isFilledPadInSight(world, from) || !isPadInSight(world, to))
         return Impossible;
     const Cell before = world.pads.at(to.row, to.col);
     fillPad(world, to.row, to.col, world.pads.at(from.row, from.col));
@@ -150,10 +186,10 @@ Outcome movePad(World &world, At from, At to)
     return {};
 }
 
-Outcome movePadOntoLine(World &world, At from, int row)
+Outcome movePadOntoLine(World &world, const Gesture &gesture)
 {
-    if (!isPadInSight(world, from.row, from.col) || !isPadInSight(world, row, 0)
-        || world.pads.at(from.row, from.col).page == "0")
+    const At from = place(gesture, "from");
+    if (!isFilledPadInSight(world, from) || !isPadInSight(world, {place(gesture, "to").row, 0}))
         return Impossible;
     Cell &pad = world.pads.at(from.row, from.col);
     renamePad(pad, from.row, {});
@@ -161,54 +197,47 @@ Outcome movePadOntoLine(World &world, At from, int row)
     return {};
 }
 
-Outcome rename(World &world, int row, int col, const QString &name, bool isKept)
+Outcome rename(World &world, const Gesture &gesture)
 {
-    if (!isPadInSight(world, row, col) || world.pads.at(row, col).page == "0")
+    const At at = place(gesture, "at");
+    if (!isFilledPadInSight(world, at))
         return Impossible;
-    if (isKept)
-        renamePad(world.pads.at(row, col), row, name);
+    if (gesture.text("key") == "Return")
+        renamePad(world.pads.at(at.row, at.col), at.row, gesture.text("name"));
     return {};
 }
 
-Outcome dropOnKey(World &world, int button, int row, int col)
+Outcome dropOnKey(World &world, const Gesture &gesture)
 {
-    if (!world.isMidi || !isButtonInSight(world, button) || !world.keys.has(row, col))
+    const int button = gesture.number("button");
+    const At at = place(gesture, "at");
+    if (!world.isMidi || !isButtonInSight(world, button) || !world.keys.has(at.row, at.col))
         return Impossible;
-    Outcome outcome;
-    Cell &key = world.keys.at(row, col);
-    outcome.isTaken = key.avail == "1";
-    if (!outcome.isTaken)
-        return outcome;
-    const Cell before = key;
-    fill(key, dragged(world, button));
-    tick(world, button);
-    if (before.page.toInt() >= 1)
-        untickUnlessOnKeys(world, before.id.toInt());
-    outcome.focus = "tablecontroller";
-    return outcome;
+    if (world.keys.at(at.row, at.col).avail != "1")
+        return refused();
+    layOnKey(world, button, at);
+    return focusOn("tablecontroller");
 }
 
-Outcome dropOnKeyLine(const World &world, int button, int row, int col)
+Outcome dropOnKeyLine(World &world, const Gesture &gesture)
 {
-    if (!world.isMidi || !isButtonInSight(world, button) || !world.keys.has(row, col))
-        return Impossible;
-    Outcome outcome;
-    outcome.isTaken = false;
-    return outcome;
+    const At at = place(gesture, "at");
+    const bool isSeen = world.isMidi && isButtonInSight(world, gesture.number("button"));
+    return isSeen && world.keys.has(at.row, at.col) ? refused() : Impossible;
 }
 
-Outcome moveKey(World &world, At from, At to)
+Outcome moveKey(World &world, const Gesture &gesture)
 {
+    const At from = place(gesture, "from");
+    const At to = place(gesture, "to");
     if (!world.isMidi || !world.keys.has(from.row, from.col) || !world.keys.has(to.row, to.col))
         return Impossible;
     const Cell moved = world.keys.at(from.row, from.col);
     const Cell before = world.keys.at(to.row, to.col);
     if (moved.page == "0" || moved.avail != "1")
         return Impossible;
-    Outcome outcome;
-    outcome.isTaken = before.avail == "1";
-    if (!outcome.isTaken)
-        return outcome;
+    if (before.avail != "1")
+        return refused();
     fill(world.keys.at(to.row, to.col), moved);
     Cell &source = world.keys.at(from.row, from.col);
     if (before.id == "-1") {
@@ -217,7 +246,7 @@ Outcome moveKey(World &world, At from, At to)
     } else {
         fill(source, before);
     }
-    return outcome;
+    return {};
 }
 
 /** The Live Button that Ctrl+C takes: one of the list, or that of a pad or key; none where the list lacks it. */
@@ -225,86 +254,60 @@ int copied(const World &world, const Table &table, const Gesture &gesture)
 {
     if (gesture.words.contains("button"))
         return gesture.number("button");
-    const At from = place(gesture.text("from"));
+    const At from = place(gesture, "from");
     const QString id = table.at(from.row, from.col).id;
     const int button = id.toInt();
     return id == QString::number(button) && button < world.buttons.size() ? button : -1;
 }
 
-Outcome pasteOnPad(World &world, const Gesture &gesture, At at)
+Outcome pasteOnPad(World &world, const Gesture &gesture)
 {
-    const At from = place(gesture.text("from"));
+    const At at = place(gesture, "at");
     const int button = copied(world, world.pads, gesture);
     const bool isOfList = gesture.words.contains("button");
-    if (!isPadInSight(world, at.row, at.col)
-        || !(isOfList ? isButtonInSight(world, button) : isPadInSight(world, from.row, from.col)))
+    if (!isPadInSight(world, at)
+        || !(isOfList ? isButtonInSight(world, button) : isPadInSight(world, place(gesture, "from"))))
         return Impossible;
-    if (button >= 0) {
-        const Cell before = world.pads.at(at.row, at.col);
-        fillPad(world, at.row, at.col, dragged(world, button));
-        tick(world, button);
-        if (before.page.toInt() >= 1)
-            untickUnlessOnPads(world, before.id.toInt());
-    }
-    Outcome outcome;
-    outcome.focus = "vdjlistview";
-    return outcome;
+    if (button >= 0)
+        layOnPad(world, button, at);
+    return focusOn("vdjlistview");
 }
 
-Outcome pasteOnKey(World &world, const Gesture &gesture, At at)
+Outcome pasteOnKey(World &world, const Gesture &gesture)
 {
+    const At at = place(gesture, "at");
     const int button = copied(world, world.keys, gesture);
     if (!world.isMidi || (gesture.words.contains("button") && !isButtonInSight(world, button)))
         return Impossible;
-    Cell &key = world.keys.at(at.row, at.col);
-    if (button >= 0 && key.avail == "1") {
-        const Cell before = key;
-        fill(key, dragged(world, button));
-        tick(world, button);
-        if (before.page.toInt() >= 1)
-            untickUnlessOnKeys(world, before.id.toInt());
-    }
-    Outcome outcome;
-    outcome.focus = "tablecontroller";
-    return outcome;
+    if (button >= 0 && world.keys.at(at.row, at.col).avail == "1")
+        layOnKey(world, button, at);
+    return focusOn("tablecontroller");
 }
 
-Outcome cleanPads(World &world)
+Outcome clean(World &world, const Gesture &gesture)
 {
-    if (world.isMidi)
+    if (world.isMidi != (gesture.verb == "clean-keys"))
         return Impossible;
-    emptyPads(world);
+    world.isMidi ? emptyKeys(world) : emptyPads(world);
     untickAll(world);
-    Outcome outcome;
-    outcome.focus = "dmxlistview";
-    return outcome;
+    return focusOn("dmxlistview");
 }
 
-Outcome cleanKeys(World &world)
+Outcome menuOfPad(World &world, const Gesture &gesture)
 {
-    if (!world.isMidi)
+    const At at = place(gesture, "at");
+    if (!isPadInSight(world, at))
         return Impossible;
-    emptyKeys(world);
-    untickAll(world);
-    Outcome outcome;
-    outcome.focus = "dmxlistview";
-    return outcome;
-}
-
-Outcome menuOfPad(World &world, int row, int col, bool removes)
-{
-    if (!isPadInSight(world, row, col))
-        return Impossible;
-    Cell &pad = world.pads.at(row, col);
+    Cell &pad = world.pads.at(at.row, at.col);
     Outcome outcome;
     if (pad.id.toInt() < 0)
         return outcome;
     outcome.menu = QStringList{"Remove"};
-    if (!removes)
+    if (gesture.text("pick") != "remove")
         return outcome;
     outcome.pick = outcome.menu;
     const int button = pad.id.toInt();
-    rest(pad, padLabel(row % 8 + 1));
+    rest(pad, padLabel(at.row % 8 + 1));
     untickUnlessOnPads(world, button);
     outcome.focus = "vdjlistview";
     return outcome;
@@ -353,7 +356,7 @@ QVector<At> usable(const World &world, const QString &selected)
 /** The cells that a menu works on; none where the device lacks the clicked one. */
 QVector<At> selection(const World &world, const Gesture &gesture)
 {
-    const At clicked = place(gesture.text("at"));
+    const At clicked = place(gesture, "at");
     const bool isKey = world.keys.at(clicked.row, clicked.col).avail == "1";
     return isKey ? usable(world, gesture.text("selected")) : QVector<At>();
 }
@@ -424,9 +427,10 @@ void pickRemove(World &world, const Gesture &gesture, Outcome &outcome)
     outcome.focus = "tablecontroller";
 }
 
-Outcome deletePad(World &world, At at)
+Outcome deletePad(World &world, const Gesture &gesture)
 {
-    if (!isPadInSight(world, at.row, at.col))
+    const At at = place(gesture, "selected");
+    if (!isPadInSight(world, at))
         return Impossible;
     Cell &pad = world.pads.at(at.row, at.col);
     const int button = pad.id.toInt();
@@ -434,9 +438,7 @@ Outcome deletePad(World &world, At at)
         rest(pad, padLabel(at.row % 8 + 1));
         untickUnlessOnPads(world, button);
     }
-    Outcome outcome;
-    outcome.focus = "vdjlistview";
-    return outcome;
+    return focusOn("vdjlistview");
 }
 
 Outcome deleteKeys(World &world, const Gesture &gesture)
@@ -451,14 +453,12 @@ Outcome deleteKeys(World &world, const Gesture &gesture)
         if (isFilled)
             clearKey(world, at.row, at.col);
     }
-    Outcome outcome;
-    outcome.focus = "tablecontroller";
-    return outcome;
+    return focusOn("tablecontroller");
 }
 
 Outcome menuOfKey(World &world, const Gesture &gesture)
 {
-    const At at = place(gesture.text("at"));
+    const At at = place(gesture, "at");
     const QString pick = gesture.text("pick");
     // The corner lies under the button "Clean". A cell that can be selected is, by the click.
     if (!world.isMidi || !world.keys.has(at.row, at.col) || (at.row == 0 && at.col == 0))
@@ -609,48 +609,16 @@ void renamePad(Cell &pad, int row, const QString &name)
     pad.name = name.isEmpty() ? padLabel(row + 1) : name;
 }
 
-Outcome playOnTables(World &world, const Gesture &gesture)
+QMap<QString, Rule> rulesOfTables()
 {
-    const QString &verb = gesture.verb;
-    const int button = gesture.number("button");
-    const At at = place(gesture.text("at"));
-    const At from = place(gesture.text("from"));
-    const At to = place(gesture.text("to"));
-    if (verb == "drop-pad")
-        return dropOnPad(world, button, at.row, at.col);
-    if (verb == "drop-pad-line")
-        return dropOnPadLine(world, button, at.row);
-    if (verb == "move-pad")
-        return movePad(world, from, to);
-    if (verb == "move-pad-line")
-        return movePadOntoLine(world, from, to.row);
-    if (verb == "rename")
-        return rename(world, at.row, at.col, gesture.text("name"), gesture.text("key") == "Return");
-    if (verb == "drop-key")
-        return dropOnKey(world, button, at.row, at.col);
-    if (verb == "drop-key-line")
-        return dropOnKeyLine(world, button, at.row, at.col);
-    if (verb == "move-key")
-        return moveKey(world, from, to);
-    if (verb == "paste-pad")
-        return pasteOnPad(world, gesture, at);
-    if (verb == "paste-key")
-        return pasteOnKey(world, gesture, at);
-    if (verb == "delete-pad")
-        return deletePad(world, place(gesture.text("selected")));
-    if (verb == "delete-key")
-        return deleteKeys(world, gesture);
-    if (verb == "clean-pads")
-        return cleanPads(world);
-    return cleanKeys(world);
-}
-
-Outcome playOnMenus(World &world, const Gesture &gesture)
-{
-    if (gesture.verb == "menu-key")
-        return menuOfKey(world, gesture);
-    const At at = place(gesture.text("at"));
-    return menuOfPad(world, at.row, at.col, gesture.text("pick") == "remove");
+    return {{"drop-pad", dropOnPad},   {"drop-pad-line", dropOnPadLine},
+            {"move-pad", movePad},     {"move-pad-line", movePadOntoLine},
+            {"rename", rename},        {"drop-key", dropOnKey},
+            {"move-key", moveKey},     {"drop-key-line", dropOnKeyLine},
+            {"paste-pad", pasteOnPad}, {"paste-key", pasteOnKey},
+            {"delete-pad", deletePad}, {"delete-key", deleteKeys},
+            {"clean-pads", clean},     {"clean-keys", clean},
+            {"menu-pad", menuOfPad},   {"menu-key", menuOfKey}};
 }
 
 } // namespace Rules

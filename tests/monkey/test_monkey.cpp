@@ -1,7 +1,7 @@
-#include "eyes.h"
+#include "compare.h"
 #include "gesture.h"
-#include "hands.h"
 #include "picker.h"
+#include "player.h"
 #include "rules.h"
 #include "stock.h"
 #include "support/files.h"
@@ -79,7 +79,7 @@ private:
 class Session final
 {
 public:
-    explicit Session(const QString &log) : m_log(log), m_hands(m_space)
+    explicit Session(const QString &log) : m_log(log), m_player(m_space)
     {
         Stock::lay(m_space, m_world);
         if (!log.isEmpty() && !m_log.open(QIODevice::WriteOnly))
@@ -88,7 +88,7 @@ public:
 
     const Rules::World &world() const { return m_world; }
 
-    QString lookAround() { return Eyes::differenceInWindow(m_space, m_world); }
+    QString lookAround() { return Compare::window(m_space, m_world); }
 
     /** @return what came otherwise than told; empty if nothing */
     QString play(const Gesture &gesture)
@@ -101,13 +101,13 @@ public:
             m_log.write(gesture.line().toUtf8() + "\n");
             m_log.flush(); // a crash leaves it behind
         }
-        QString fault = m_hands.play(gesture, told);
+        QString fault = m_player.play(gesture, told);
         if (told.hasLeft)
             Rules::start(m_world);
         if (fault.isEmpty())
-            fault = Eyes::differenceInWindow(m_space, m_world);
+            fault = Compare::window(m_space, m_world);
         if (fault.isEmpty() && !told.questions.isEmpty()) // without one, nothing is written
-            fault = Eyes::differenceInFiles(m_world);
+            fault = Compare::files(m_world);
         return fault;
     }
 
@@ -122,7 +122,7 @@ private:
     QFile m_log;
     Workspace m_space;
     Rules::World m_world;
-    Hands m_hands;
+    Player m_player;
 };
 
 void TestMonkey::initTestCase()

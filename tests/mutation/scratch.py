@@ -17,15 +17,13 @@ import time
 from dataclasses import dataclass
 from pathlib import Path
 
-FOLDERS = ("files", "script", "tables", "show", "devices", "export", "project", "window")
-LIBRARIES = tuple(f"zarvex_{folder}" for folder in FOLDERS)
 # As ./check builds, but for the optimiser: without assertions. What stands inline in a header is each
 # library's own, so that a test's copy of it does not stand in for a broken one.
 FLAGS = "-O0 -DNDEBUG -fvisibility-inlines-hidden"
 # LD_LIBRARY_PATH comes before the path that is linked in.
 LINK_FLAGS = "-Wl,--enable-new-dtags"
-# A mutant may well grow without end.
-LIMITS = (f"--as={4 << 30}", f"--fsize={1 << 30}", "--core=0")
+# A mutant may well grow without end. A test that sets a limit of its own for files can do so.
+LIMITS = (f"--as={4 << 30}", f"--fsize={1 << 30}:", "--core=0")
 
 
 class Broken(Exception):
@@ -49,17 +47,17 @@ class Scratch:
 
     def prepare(self, tests):
         self._copy()
-        self._run("cmake", "-G", "Ninja", "-S", self.tree, "-B", self.build, "-DCMAKE_BUILD_TYPE=Release",
-                  "-DBUILD_SHARED_LIBS=ON", f"-DCMAKE_LIBRARY_OUTPUT_DIRECTORY={self.build}",
-                  f"-DCMAKE_CXX_FLAGS_RELEASE={FLAGS}", f"-DCMAKE_EXE_LINKER_FLAGS={LINK_FLAGS}",
-                  f"-DCMAKE_SHARED_LINKER_FLAGS={LINK_FLAGS}")
-        self._run("ninja", "-C", self.build, "-j", str(self.jobs), "zarvex", *sorted(tests))
+        linked = [f"-DCMAKE_{kind}_LINKER_FLAGS={LINK_FLAGS}" for kind in ("EXE", "SHARED")]
+        shared = ["-DBUILD_SHARED_LIBS=ON", f"-DCMAKE_LIBRARY_OUTPUT_DIRECTORY={self.build}"]
+        compiled = ["-DCMAKE_BUILD_TYPE=Release", f"-DCMAKE_CXX_FLAGS_RELEASE={FLAGS}"]
+        self._run("cmake", "-G", "Ninja", "-S", self.tree, "-B", self.build, *shared, *compiled, *linked)
+        built = set(re.findall(r"^(\w+): phony$", self._run("ninja", "-t", "targets", "all", cwd=self.build), re.M))
+        self._run("ninja", "-C", self.build, "-j", str(self.jobs), "zarvex", *sorted(built & tests))
         self._read_build()
 
     def _copy(self):
-        listing = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
-                                 cwd=self.checkout, check=True, capture_output=True, text=True)
-        names = {name for name in listing.stdout.split("\0") if name and (self.checkout / name).is_file()}
+        listing = self._run("git", "ls-files", "-z", "--cached", "--others", "--exclude-standard", cwd=self.checkout)
+        names = {name for name in listing.split("\0") if name and (self.checkout / name).is_file()}
         for name in names:
             source, target = self.checkout / name, self.tree / name
             content = source.read_bytes()
@@ -72,22 +70,31 @@ class Scratch:
                 file.unlink()
 
     def _read_build(self):
-        compiles = json.loads((self.build / "compile_commands.json").read_text())
+        self.links = {library: self._link_command(path) for library, path in self._libraries()}
         self.compiles = {}
-        for library in LIBRARIES:
-            for entry in compiles:
-                if f"CMakeFiles/{library}.dir/" in entry["command"]:
-                    command = [word for word in shlex.split(entry["command"]) if Path(word).name != "ccache"]
-                    self.compiles[Path(entry["file"])] = (library, command)
-        self.links = {library: self._link_command(library) for library in LIBRARIES}
+        for entry in json.loads((self.build / "compile_commands.json").read_text()):
+            library = re.search(r"CMakeFiles/(\w+)\.dir/", entry["command"]).group(1)
+            if library in self.links:
+                command = [word for word in shlex.split(entry["command"]) if Path(word).name != "ccache"]
+                self.compiles[Path(entry["file"])] = (library, command)
         self.includes = self._read_includes()
         listing = json.loads(self._run("ctest", "--show-only=json-v1", cwd=self.build))
         self.tests = {test["name"]: self._read_test(test) for test in listing["tests"] if "command" in test}
 
-    def _link_command(self, library):
-        command = self._run("ninja", "-C", self.build, "-t", "commands", f"lib{library}.so").splitlines()[-1]
-        steps = command.split(" && ")
-        (link,) = [step for step in steps if f"-o lib{library}.so" in step]
+    @property
+    def libraries(self):
+        """The names of the libraries that mutants are in."""
+        return list(self.links)
+
+    def _libraries(self):
+        for line in self._run("ninja", "-C", self.build, "-t", "targets", "all").splitlines():
+            match = re.fullmatch(r"((?:\w+/)?lib(\w+)\.so): CXX_SHARED_LIBRARY_LINKER.*", line)
+            if match:
+                yield match.group(2), match.group(1)
+
+    def _link_command(self, path):
+        command = self._run("ninja", "-C", self.build, "-t", "commands", path).splitlines()[-1]
+        (link,) = [step for step in command.split(" && ") if f"-o {path}" in step]
         return shlex.split(link)
 
     def _read_includes(self):
@@ -145,8 +152,7 @@ class Scratch:
 
     def _succeeds(self, command):
         environment = dict(os.environ, CCACHE_DISABLE="1")
-        return self._start(command, environment, self.build,
-                           lambda process: process.communicate() and process.returncode == 0)
+        return self._start(command, environment, self.build, lambda each: each.communicate() and each.returncode == 0)
 
     def test(self, name, folder, longest):
         """
@@ -164,11 +170,10 @@ class Scratch:
         command, settings = self.tests[name]
         home = Path(tempfile.mkdtemp(dir=folder))
         (home / "run").mkdir(mode=0o700)
-        environment = dict(os.environ, LD_LIBRARY_PATH=str(folder), HOME=str(home), TMPDIR=str(home),
-                           XDG_RUNTIME_DIR=str(home / "run"), **settings)
+        places = {"HOME": str(home), "TMPDIR": str(home), "XDG_RUNTIME_DIR": str(home / "run")}
+        environment = {**os.environ, "LD_LIBRARY_PATH": str(folder), **places, **settings}
         try:
-            return self._start([*command, *rows], environment, home,
-                               lambda process: self._watch(process, longest))
+            return self._start([*command, *rows], environment, home, lambda process: self._watch(process, longest))
         finally:
             shutil.rmtree(home, ignore_errors=True)
 
@@ -191,10 +196,16 @@ class Scratch:
         return Outcome(False, "no end" if took >= longest else f"ended with {process.returncode}")
 
     def _start(self, command, environment, cwd, then):
-        process = subprocess.Popen(["prlimit", *LIMITS, *command], cwd=cwd, env=environment,
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                   stderr=subprocess.STDOUT, text=True, errors="replace",
-                                   start_new_session=True)
+        streams = {"stdin": subprocess.DEVNULL, "stdout": subprocess.PIPE, "stderr": subprocess.STDOUT}
+        process = subprocess.Popen(
+            ["prlimit", *LIMITS, *command],
+            cwd=cwd,
+            env=environment,
+            text=True,
+            errors="replace",
+            start_new_session=True,
+            **streams,
+        )
         with self.lock:
             self.running.add(process)
         try:

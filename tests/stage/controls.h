@@ -13,8 +13,7 @@ struct Control
     bool isPlain; ///< whether its LED knows on and off alone
     int row;      ///< of the program's grid
     int column;
-    QString
-        place; ///< for the hand that plays it: "pad 3 7", "across 5", "right 2", "left 1", "slider 1", or empty
+    QString place; ///< in the plan: "pad 3 7", "across 5", "right 2", "left 1", "slider 1", or empty
 };
 
 /** The controls of a device by its file's base name, in the order of its layout. */

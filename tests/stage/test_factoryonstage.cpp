@@ -364,7 +364,7 @@ void TestFactoryOnStage::plan()
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n")));
 }
 
-/** No key with a place in the hand is left out of the table. */
+/** No key with a place in the plan is left out of the table. */
 void TestFactoryOnStage::planTellsEveryKey()
 {
     QSet<QString> told;
@@ -431,15 +431,11 @@ void TestFactoryOnStage::faders_data()
     QTest::addColumn<int>("fader");
     QTest::addColumn<QString>("happens");
 
-    QTest::newRow("1") << 1 << "left level 25%";
-    QTest::newRow("2") << 2 << "left eq_low 25%";
-    QTest::newRow("3") << 3 << "left filter 25%";
-    QTest::newRow("4") << 4 << "left effect_slider 1 1 25%";
-    QTest::newRow("5") << 5 << "right level 25%";
-    QTest::newRow("6") << 6 << "right eq_low 25%";
-    QTest::newRow("7") << 7 << "right filter 25%";
-    QTest::newRow("8") << 8 << "right effect_slider 1 1 25%";
-    QTest::newRow("9") << 9 << "master_volume 25%";
+    const QStringList moved = {"left level",   "left eq_low",  "left filter",  "left effect_slider 1 1",
+                               "right level",  "right eq_low", "right filter", "right effect_slider 1 1",
+                               "master_volume"};
+    for (int fader = 1; fader <= moved.size(); ++fader)
+        QTest::addRow("%d", fader) << fader << moved.at(fader - 1) + " 25%";
 }
 
 void TestFactoryOnStage::faders()

@@ -223,18 +223,14 @@ void TestVdjScript::showsOnLeds_data()
 
     const QString steady = "os2l_button 'Fog' ? color 'red' : color 'blue'";
     const QString blinking = "os2l_button 'Fog' ? blink ? color 'red' : color 'blue' : color 'blue'";
-    QTest::newRow("with feedback") << steady << true << "blue"
-                                   << "red";
-    QTest::newRow("without feedback") << steady << false << "blue"
-                                      << "blue";
-    QTest::newRow("blinks") << blinking << true << "blue"
-                            << "blinks red, blue";
-    QTest::newRow("plain") << "os2l_button 'Fog' ? on : off" << true << "dark"
-                           << "on";
-    QTest::newRow("black") << "os2l_button 'Fog' ? color 'black' : off" << true << "dark"
-                           << "dark";
-    QTest::newRow("command") << "os2l_cmd 1 ? on : off" << true << "unknown: os2l_cmd 1"
-                             << "unknown: os2l_cmd 1";
+    const auto row = [](const char *name, const QString &script, bool feedback, const char *rest,
+                        const char *lit) { QTest::newRow(name) << script << feedback << rest << lit; };
+    row("with feedback", steady, true, "blue", "red");
+    row("without feedback", steady, false, "blue", "blue");
+    row("blinks", blinking, true, "blue", "blinks red, blue");
+    row("plain", "os2l_button 'Fog' ? on : off", true, "dark", "on");
+    row("black", "os2l_button 'Fog' ? color 'black' : off", true, "dark", "dark");
+    row("command", "os2l_cmd 1 ? on : off", true, "unknown: os2l_cmd 1", "unknown: os2l_cmd 1");
 }
 
 void TestVdjScript::showsOnLeds()
@@ -254,16 +250,14 @@ void TestVdjScript::fillsAttributes_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("filled");
 
-    QTest::newRow("text") << "Strobe"
-                          << "Strobe";
-    QTest::newRow("question") << "`get_text 'Fog'`"
-                              << "Fog";
-    QTest::newRow("text around a question") << "Bank `var 'a' ? get_text 'yes' : get_text 'no'` !"
-                                            << "Bank no !";
-    QTest::newRow("no value") << "`var 'a' ? get_text 'yes'`"
-                              << "";
-    QTest::newRow("backtick within") << "`get_text 'a`b'`"
-                                     << "ab'";
+    const auto row = [](const char *name, const char *text, const char *filled) {
+        QTest::newRow(name) << text << filled;
+    };
+    row("text", "Strobe", "Strobe");
+    row("question", "`get_text 'Fog'`", "Fog");
+    row("text around a question", "Bank `var 'a' ? get_text 'yes' : get_text 'no'` !", "Bank no !");
+    row("no value", "`var 'a' ? get_text 'yes'`", "");
+    row("backtick within", "`get_text 'a`b'`", "ab'");
 }
 
 void TestVdjScript::fillsAttributes()

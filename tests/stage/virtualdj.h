@@ -28,7 +28,7 @@ struct Answer
     QString inWords() const;
 };
 
-/** What the hand does to a control. */
+/** What a DJ does to a control. */
 struct Gesture
 {
     enum Kind { Press, Release, Move, Turn } kind;

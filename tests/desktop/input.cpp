@@ -1,4 +1,4 @@
-#include "desktop/hands.h"
+#include "desktop/input.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -192,12 +192,12 @@ QString openDialog()
     return dialog->windowTitle();
 }
 
-Hands::Hands()
+Input::Input()
 {
     // Two clicks are two clicks, unless they shall be one double click.
     QApplication::setDoubleClickInterval(1);
     qApp->installEventFilter(this);
-    connect(&m_timer, &QTimer::timeout, this, &Hands::look);
+    connect(&m_timer, &QTimer::timeout, this, &Input::look);
     connect(&m_tool, &QProcess::readyReadStandardOutput, this, [this] {
         m_isBusy = false;
         m_isDone = true;
@@ -211,13 +211,13 @@ Hands::Hands()
     m_timer.setSingleShot(true);
 }
 
-Hands::~Hands()
+Input::~Input()
 {
     m_tool.closeWriteChannel();
     m_tool.waitForFinished();
 }
 
-void Hands::takeForDoubleClicks(bool isSlow)
+void Input::takeForDoubleClicks(bool isSlow)
 {
     await("another double click", [isSlow] {
         QApplication::setDoubleClickInterval(isSlow ? Patience : 1);
@@ -225,17 +225,17 @@ void Hands::takeForDoubleClicks(bool isSlow)
     });
 }
 
-void Hands::add(const Step &step)
+void Input::add(const Step &step)
 {
     m_steps.enqueue(step);
 }
 
-void Hands::moveTo(const Place &place)
+void Input::moveTo(const Place &place)
 {
     pointAt("the mouse moves", place, [] { return true; });
 }
 
-void Hands::pointAt(const QString &what, const Place &place, const std::function<bool()> &seen)
+void Input::pointAt(const QString &what, const Place &place, const std::function<bool()> &seen)
 {
     add({what,
          [place]() -> std::optional<QStringList> {
@@ -245,13 +245,13 @@ void Hands::pointAt(const QString &what, const Place &place, const std::function
          [=] { return place() == m_pointer && seen(); }, true});
 }
 
-void Hands::click(const Place &place, int button)
+void Input::click(const Place &place, int button)
 {
     moveTo(place);
     clickHere(button);
 }
 
-void Hands::clickHere(int button)
+void Input::clickHere(int button)
 {
     auto target = std::make_shared<int>(0);
     add({"a click",
@@ -266,7 +266,7 @@ void Hands::clickHere(int button)
          [=] { return m_releases >= *target || m_pointer != Nowhere; }});
 }
 
-void Hands::doubleClick(const Place &place)
+void Input::doubleClick(const Place &place)
 {
     moveTo(place);
     takeForDoubleClicks(true);
@@ -275,7 +275,7 @@ void Hands::doubleClick(const Place &place)
     takeForDoubleClicks(false);
 }
 
-void Hands::openList(QComboBox *combo)
+void Input::openList(QComboBox *combo)
 {
     // The list takes a release that comes later than that for the choice of an entry.
     takeForDoubleClicks(true);
@@ -284,7 +284,7 @@ void Hands::openList(QComboBox *combo)
     takeForDoubleClicks(false);
 }
 
-void Hands::pick(QComboBox *combo, int index)
+void Input::pick(QComboBox *combo, int index)
 {
     openList(combo);
     pointAt("the list follows the mouse", Places::item(combo, index),
@@ -293,7 +293,7 @@ void Hands::pick(QComboBox *combo, int index)
     awaitNoPopup();
 }
 
-void Hands::pickEntry(const QString &text)
+void Input::pickEntry(const QString &text)
 {
     pointAt("the menu follows the mouse to " + text, Places::entry(text), [text] {
         const auto [menu, action] = findEntry(text);
@@ -302,7 +302,7 @@ void Hands::pickEntry(const QString &text)
     click(Places::entry(text));
 }
 
-void Hands::openSubmenu(const QString &text)
+void Input::openSubmenu(const QString &text)
 {
     pointAt("the submenu of " + text, Places::entry(text), [text] {
         const auto [menu, action] = findEntry(text);
@@ -310,19 +310,19 @@ void Hands::openSubmenu(const QString &text)
     });
 }
 
-void Hands::press(int button)
+void Input::press(int button)
 {
     add({"the button goes down", plainly("mousedown " + QString::number(button)),
          [] { return QGuiApplication::mouseButtons() != Qt::NoButton; }});
 }
 
-void Hands::release(int button)
+void Input::release(int button)
 {
     add({"the button goes up", plainly("mouseup " + QString::number(button)),
          [] { return QGuiApplication::mouseButtons() == Qt::NoButton; }});
 }
 
-void Hands::beginDrag(QTableView *from, const Place &place)
+void Input::beginDrag(QTableView *from, const Place &place)
 {
     moveTo(place);
     press();
@@ -330,7 +330,7 @@ void Hands::beginDrag(QTableView *from, const Place &place)
          [from] { return from->findChild<QDrag *>() != nullptr; }, true});
 }
 
-void Hands::beginDragElsewhere(const Place &place, const std::function<bool()> &begun)
+void Input::beginDragElsewhere(const Place &place, const std::function<bool()> &begun)
 {
     add({"the button goes down elsewhere",
          [place]() -> std::optional<QStringList> {
@@ -342,7 +342,7 @@ void Hands::beginDragElsewhere(const Place &place, const std::function<bool()> &
     add({"a drag begins elsewhere", plainly("mousemove_relative 6 2"), begun, true});
 }
 
-void Hands::dragOver(const Place &place)
+void Input::dragOver(const Place &place)
 {
     add({"the drag gets to its target",
          [place]() -> std::optional<QStringList> {
@@ -352,7 +352,7 @@ void Hands::dragOver(const Place &place)
          [=] { return m_dragged && m_dragged == place(); }, true});
 }
 
-void Hands::dragOut(const Place &place)
+void Input::dragOut(const Place &place)
 {
     add({"the drag leaves the window",
          [place]() -> std::optional<QStringList> {
@@ -362,7 +362,7 @@ void Hands::dragOut(const Place &place)
          [this] { return !m_dragged; }, true});
 }
 
-void Hands::key(const QString &keys)
+void Input::key(const QString &keys)
 {
     const int presses = keys.count('+') + 1;
     auto target = std::make_shared<int>(0);
@@ -376,19 +376,19 @@ void Hands::key(const QString &keys)
          [=] { return m_keyPresses >= *target; }});
 }
 
-void Hands::keys(const QString &row)
+void Input::keys(const QString &row)
 {
     const QStringList all = row.split(' ');
     for (const QString &one : all)
         key(one);
 }
 
-void Hands::keyInDrag(const QString &keys)
+void Input::keyInDrag(const QString &keys)
 {
     add({"the key " + keys, plainly("key " + keys), [] { return true; }});
 }
 
-void Hands::closeWindow()
+void Input::closeWindow()
 {
     add({"the window is closed",
          []() -> std::optional<QStringList> {
@@ -397,17 +397,17 @@ void Hands::closeWindow()
          [] { return true; }});
 }
 
-void Hands::hold(const QString &modifier)
+void Input::hold(const QString &modifier)
 {
     add({modifier + " goes down", plainly("keydown " + modifier), [] { return true; }});
 }
 
-void Hands::letGo(const QString &modifier)
+void Input::letGo(const QString &modifier)
 {
     add({modifier + " goes up", plainly("keyup " + modifier), [] { return true; }});
 }
 
-void Hands::type(const QString &text)
+void Input::type(const QString &text)
 {
     auto target = std::make_shared<int>(0);
     add({"typing " + text,
@@ -420,22 +420,22 @@ void Hands::type(const QString &text)
          [=] { return m_keyPresses >= *target; }});
 }
 
-void Hands::await(const QString &what, const std::function<bool()> &seen)
+void Input::await(const QString &what, const std::function<bool()> &seen)
 {
     add({what, [] { return QStringList(); }, seen});
 }
 
-void Hands::awaitDialog(const QString &text)
+void Input::awaitDialog(const QString &text)
 {
     await("the dialog \"" + text + "\"", [text] { return openDialog() == text; });
 }
 
-void Hands::awaitNoPopup()
+void Input::awaitNoPopup()
 {
     await("no popup", [] { return !QApplication::activePopupWidget(); });
 }
 
-bool Hands::play()
+bool Input::play()
 {
     m_hasFailed = false;
     m_isDone = false;
@@ -447,7 +447,7 @@ bool Hands::play()
     return !m_hasFailed;
 }
 
-void Hands::look()
+void Input::look()
 {
     m_timer.start(3); // again and again, whatever the step opens below this
     if (m_hasFailed) {
@@ -473,7 +473,7 @@ void Hands::look()
         m_isDone = false;
 }
 
-void Hands::run(const QStringList &command)
+void Input::run(const QStringList &command)
 {
     if (command.isEmpty()) {
         m_isDone = true;
@@ -486,22 +486,22 @@ void Hands::run(const QStringList &command)
     m_tool.write(line + "\n");
 }
 
-void Hands::next()
+void Input::next()
 {
     m_steps.dequeue();
     m_isDone = false;
     m_since = QDeadlineTimer::current().deadline();
 }
 
-void Hands::giveUp(const QString &why)
+void Input::giveUp(const QString &why)
 {
     if (m_hasFailed)
         return;
-    qWarning().noquote() << "The hands gave up:" << m_steps.head().what + ":" << why;
+    qWarning().noquote() << "The input gave up:" << m_steps.head().what + ":" << why;
     m_hasFailed = true;
 }
 
-void Hands::rescue()
+void Input::rescue()
 {
     if (!m_isBusy)
         run({"mouseup", "1", "mouseup", "2", "mouseup", "3", "keyup", "shift", "keyup", "ctrl", "key",
@@ -513,7 +513,7 @@ void Hands::rescue()
     m_steps.clear();
 }
 
-bool Hands::eventFilter(QObject *watched, QEvent *event)
+bool Input::eventFilter(QObject *watched, QEvent *event)
 {
     const auto *window = qobject_cast<QWindow *>(watched);
     if (!window)

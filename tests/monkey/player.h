@@ -7,10 +7,10 @@ class QTableView;
 class Workspace;
 
 /** Plays gestures on the window as a user does. */
-class Hands final
+class Player final
 {
 public:
-    explicit Hands(Workspace &space) : m_space(space) {}
+    explicit Player(Workspace &space) : m_space(space) {}
 
     /**
      * Plays a gesture that is possible.

@@ -1,4 +1,4 @@
-#include "eyes.h"
+#include "compare.h"
 
 #include "support/files.h"
 #include "support/workspace.h"
@@ -18,8 +18,13 @@ namespace {
 using Rules::Cell;
 using Rules::World;
 
-/** A thing's name, and what it shows. */
-using Facts = QVector<QPair<QString, QString>>;
+/** What a part of the window shows, and what the rules tell of it. */
+struct Fact
+{
+    QString name;
+    QString seen;
+    QString told;
+};
 
 using Values = QVector<QPair<int, QVariant>>;
 
@@ -52,74 +57,50 @@ QStringList deviceNames(const World &world)
     return names;
 }
 
-Facts toldPanels(const World &world)
-{
-    const bool isMidi = world.isMidi;
-    return {{"title", world.title},
-            {"width", number(world.width)},
-            {"output panel", isMidi ? "290 30 1071 51" : "290 30 341 51"},
-            {"Pad Page", yesNo(!isMidi)},
-            {"MIDI Mapping", yesNo(isMidi)},
-            {"pads panel", yesNo(!isMidi)},
-            {"devices panel", yesNo(isMidi)},
-            {"grid panel", yesNo(isMidi)},
-            {"page's label", world.nameLabel},
-            {"page's name", world.pageName},
-            {"bank's name", world.bankField},
-            {"8 pads", yesNo(!world.has16Pads)},
-            {"16 pads", yesNo(world.has16Pads)},
-            {"second column", yesNo(world.has16Pads)},
-            {"filter", combo(world.pages, world.page)},
-            {"bank", combo({"1", "2", "3", "4", "5", "6", "7", "8"}, world.bank)},
-            {"device", combo(deviceNames(world), world.device)},
-            {"mapper", combo(world.mapperNames, world.mapper)},
-            {"palette", yesNo(world.showsPalette)},
-            {"colours' label", world.showsPalette ? "Default Colors" : "Colors : Device has RGB Leds."},
-            {"off colour", combo(world.palette, world.off)},
-            {"on colour", combo(world.palette, world.on)}};
-}
-
-Facts seenPanels(Workspace &space)
+QVector<Fact> factsOfPanels(Workspace &space, const World &world)
 {
     const auto isShown = [&space](const char *name) { return yesNo(space.find<QWidget>(name)->isVisible()); };
     const auto isChecked = [&space](const char *name) {
         return yesNo(space.find<QAbstractButton>(name)->isChecked());
     };
     const auto label = [&space](const char *name) { return space.find<QLabel>(name)->text(); };
+    const auto line = [&space](const char *name) { return space.find<QLineEdit>(name)->text(); };
     const QRect panel = space.find<QWidget>("groupBox")->geometry();
-    return {{"title", space.window().windowTitle()},
-            {"width", number(space.window().width())},
-            {"output panel",
-             QString("%1 %2 %3 %4").arg(panel.x()).arg(panel.y()).arg(panel.width()).arg(panel.height())},
-            {"Pad Page", isChecked("radio_outputpage")},
-            {"MIDI Mapping", isChecked("radio_outputmidi")},
-            {"pads panel", isShown("groupBox_pads")},
-            {"devices panel", isShown("groupBox_midis")},
-            {"grid panel", isShown("groupBox_controller")},
-            {"page's label", label("label_padname")},
-            {"page's name", space.find<QLineEdit>("padsname")->text()},
-            {"bank's name", space.find<QLineEdit>("bankname")->text()},
-            {"8 pads", isChecked("radioButton_8pads")},
-            {"16 pads", isChecked("radioButton_16pads")},
-            {"second column", yesNo(!space.padsView()->isColumnHidden(1))},
-            {"filter", seenCombo(space, "combobox")},
-            {"bank", seenCombo(space, "bankcombo")},
-            {"device", seenCombo(space, "devicescombo")},
-            {"mapper", seenCombo(space, "mididevices")},
-            {"palette", yesNo(!space.find<QWidget>("groupBox_colors")->isHidden())},
-            {"colours' label", label("label_10")},
-            {"off colour", seenCombo(space, "combo_offcolor")},
-            {"on colour", seenCombo(space, "combo_oncolor")}};
+    const bool isMidi = world.isMidi;
+    const QString panelWidth = isMidi ? "1071" : "341";
+    return {
+        {"title", space.window().windowTitle(), world.title},
+        {"width", number(space.window().width()), number(world.width)},
+        {"output panel",
+         QString("%1 %2 %3 %4").arg(panel.x()).arg(panel.y()).arg(panel.width()).arg(panel.height()),
+         "290 30 " + panelWidth + " 51"},
+        {"Pad Page", isChecked("radio_outputpage"), yesNo(!isMidi)},
+        {"MIDI Mapping", isChecked("radio_outputmidi"), yesNo(isMidi)},
+        {"pads panel", isShown("groupBox_pads"), yesNo(!isMidi)},
+        {"devices panel", isShown("groupBox_midis"), yesNo(isMidi)},
+        {"grid panel", isShown("groupBox_controller"), yesNo(isMidi)},
+        {"page's label", label("label_padname"), world.nameLabel},
+        {"page's name", line("padsname"), world.pageName},
+        {"bank's name", line("bankname"), world.bankField},
+        {"8 pads", isChecked("radioButton_8pads"), yesNo(!world.has16Pads)},
+        {"16 pads", isChecked("radioButton_16pads"), yesNo(world.has16Pads)},
+        {"second column", yesNo(!space.padsView()->isColumnHidden(1)), yesNo(world.has16Pads)},
+        {"filter", seenCombo(space, "combobox"), combo(world.pages, world.page)},
+        {"bank", seenCombo(space, "bankcombo"), combo(QString("1 2 3 4 5 6 7 8").split(' '), world.bank)},
+        {"device", seenCombo(space, "devicescombo"), combo(deviceNames(world), world.device)},
+        {"mapper", seenCombo(space, "mididevices"), combo(world.mapperNames, world.mapper)},
+        {"palette", yesNo(!space.find<QWidget>("groupBox_colors")->isHidden()), yesNo(world.showsPalette)},
+        {"colours' label", label("label_10"),
+         world.showsPalette ? "Default Colors" : "Colors : Device has RGB Leds."},
+        {"off colour", seenCombo(space, "combo_offcolor"), combo(world.palette, world.off)},
+        {"on colour", seenCombo(space, "combo_oncolor"), combo(world.palette, world.on)}};
 }
 
 QString differenceInPanels(Workspace &space, const World &world)
 {
-    const Facts told = toldPanels(world);
-    const Facts seen = seenPanels(space);
-    for (int i = 0; i < told.size(); ++i) {
-        if (seen.at(i) != told.at(i))
-            return told.at(i).first + ": \"" + seen.at(i).second + "\" instead of \"" + told.at(i).second
-                   + "\"";
+    for (const Fact &fact : factsOfPanels(space, world)) {
+        if (fact.seen != fact.told)
+            return fact.name + ": \"" + fact.seen + "\" instead of \"" + fact.told + "\"";
     }
     for (const QWidget *widget : space.window().findChildren<QWidget *>()) {
         if (!widget->isEnabled())
@@ -297,7 +278,7 @@ QString hiddenInUse(Workspace &space, const World & /*world*/)
 
 } // namespace
 
-QString Eyes::differenceInWindow(Workspace &space, const World &world)
+QString Compare::window(Workspace &space, const World &world)
 {
     for (const auto look :
          {hiddenInUse, differenceInPanels, differenceInButtons, differenceInPads, differenceInKeys}) {
@@ -308,7 +289,7 @@ QString Eyes::differenceInWindow(Workspace &space, const World &world)
     return {};
 }
 
-QString Eyes::differenceInFiles(const World &world)
+QString Compare::files(const World &world)
 {
     QStringList paths;
     for (const QString &folder : {world.projectFolder, world.padsFolder, world.mapperFolder}) {

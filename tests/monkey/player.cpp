@@ -1,4 +1,4 @@
-#include "hands.h"
+#include "player.h"
 
 #include "support/boxes.h"
 
@@ -8,6 +8,7 @@
 #include <QDragLeaveEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMetaEnum>
 #include <QMimeData>
 
 namespace {
@@ -38,24 +39,23 @@ QStringList entriesOf(const QMenu *menu, const QString &front = {})
     return entries;
 }
 
+/** Buttons by their names with blanks between; none for "Escape". */
+QMessageBox::StandardButtons buttonsNamed(QString names)
+{
+    const QMetaEnum all = QMetaEnum::fromType<QMessageBox::StandardButtons>();
+    const int value = names == "Escape" ? 0 : all.keysToValue(qPrintable(names.replace(' ', '|')));
+    return static_cast<QMessageBox::StandardButtons>(value);
+}
+
 QMessageBox::StandardButton buttonNamed(const QString &name)
 {
-    static const QMap<QString, QMessageBox::StandardButton> names = {{"Ok", QMessageBox::Ok},
-                                                                     {"Yes", QMessageBox::Yes},
-                                                                     {"No", QMessageBox::No},
-                                                                     {"Save", QMessageBox::Save},
-                                                                     {"Cancel", QMessageBox::Cancel}};
-    return names.value(name, QMessageBox::NoButton);
+    return static_cast<QMessageBox::StandardButton>(int(buttonsNamed(name)));
 }
 
 Boxes::Box boxFor(const Rules::Question &question)
 {
-    const QStringList names = question.buttons.split(' ');
-    QMessageBox::StandardButtons buttons;
-    for (const QString &name : names)
-        buttons |= buttonNamed(name);
-    Boxes::Box box{question.text, question.informative, buttons, buttonNamed(names.constLast()),
-                   buttonNamed(question.answer)};
+    Boxes::Box box{question.text, question.informative, buttonsNamed(question.buttons),
+                   buttonNamed(question.buttons.section(' ', -1)), buttonNamed(question.answer)};
     if (question.isWarning) {
         box.title = "Zarvex";
         box.icon = QMessageBox::Warning;
@@ -72,7 +72,7 @@ QColor colorNamed(const QString &name)
 
 } // namespace
 
-void Hands::expect(const Rules::Question &question)
+void Player::expect(const Rules::Question &question)
 {
     switch (question.kind) {
     case Rules::Question::Box:
@@ -90,7 +90,7 @@ void Hands::expect(const Rules::Question &question)
     }
 }
 
-QString Hands::play(const Gesture &gesture, const Rules::Outcome &told)
+QString Player::play(const Gesture &gesture, const Rules::Outcome &told)
 {
     for (const Rules::Question &question : told.questions)
         expect(question);
@@ -118,7 +118,7 @@ QString Hands::play(const Gesture &gesture, const Rules::Outcome &told)
     return fault;
 }
 
-bool Hands::dropOn(const Gesture &gesture, bool isLine)
+bool Player::dropOn(const Gesture &gesture, bool isLine)
 {
     const bool isOnPads = gesture.verb.contains("pad");
     QTableView *onto = isOnPads ? m_space.padsView() : m_space.gridView();
@@ -139,7 +139,7 @@ bool Hands::dropOn(const Gesture &gesture, bool isLine)
     return false;
 }
 
-bool Hands::rename(const Gesture &gesture)
+bool Player::rename(const Gesture &gesture)
 {
     QTableView *view = m_space.padsView();
     const QPoint point = view->visualRect(cellAt(view, gesture.text("at"))).center();
@@ -158,7 +158,7 @@ bool Hands::rename(const Gesture &gesture)
     return !view->viewport()->findChild<QLineEdit *>();
 }
 
-bool Hands::typeName(const char *edit, const QString &name)
+bool Player::typeName(const char *edit, const QString &name)
 {
     if (!m_space.type(edit, name))
         return false;
@@ -168,7 +168,7 @@ bool Hands::typeName(const char *edit, const QString &name)
 }
 
 /** Copies and pastes, or deletes what is selected. */
-bool Hands::pressKeys(const Gesture &gesture)
+bool Player::pressKeys(const Gesture &gesture)
 {
     const bool isDeleted = gesture.verb.startsWith("delete-");
     if (!isDeleted && !gesture.verb.startsWith("paste-"))
@@ -195,7 +195,7 @@ bool Hands::pressKeys(const Gesture &gesture)
     return true;
 }
 
-QString Hands::useMenu(const Gesture &gesture, const Rules::Outcome &told)
+QString Player::useMenu(const Gesture &gesture, const Rules::Outcome &told)
 {
     QTableView *view = gesture.verb == "menu-pad" ? m_space.padsView() : m_space.gridView();
     if (gesture.verb == "menu-key")
@@ -208,7 +208,7 @@ QString Hands::useMenu(const Gesture &gesture, const Rules::Outcome &told)
     return fault;
 }
 
-QString Hands::useMenu(QMenu *menu, const Rules::Outcome &told)
+QString Player::useMenu(QMenu *menu, const Rules::Outcome &told)
 {
     const QStringList entries = menu ? entriesOf(menu) : QStringList();
     if (entries != told.menu)
@@ -220,7 +220,7 @@ QString Hands::useMenu(QMenu *menu, const Rules::Outcome &told)
     return {};
 }
 
-bool Hands::setPanel(const Gesture &gesture)
+bool Player::setPanel(const Gesture &gesture)
 {
     static const QMap<QString, const char *> combos = {
         {"bank", "bankcombo"},           {"page", "combobox"},
@@ -239,7 +239,7 @@ bool Hands::setPanel(const Gesture &gesture)
     return gesture.verb == "rename" && rename(gesture);
 }
 
-bool Hands::command(const Gesture &gesture)
+bool Player::command(const Gesture &gesture)
 {
     static const QMap<QString, const char *> buttons = {
         {"clean-pads", "cleanpads_button"}, {"clean-keys", "cleanmidi_button"}, {"load-show", "loadini"}};

@@ -48,19 +48,19 @@ QList<QStringList> openMenus();
 QString openDialog();
 
 /**
- * Hands at the real mouse and the real keyboard: xdotool moves them in the X server.
+ * The real mouse and the real keyboard: xdotool moves them in the X server.
  *
  * Gestures are written down first and then played. The steps go on while the program runs an event loop of its
  * own, as it does during a drag or below a dialog. Each step waits until the program has seen it; nothing
  * waits longer than some seconds.
  */
-class Hands final : public QObject
+class Input final : public QObject
 {
     Q_OBJECT
 
 public:
-    Hands();
-    ~Hands() override;
+    Input();
+    ~Input() override;
 
     void moveTo(const Place &place);
     void click(const Place &place, int button = 1);
