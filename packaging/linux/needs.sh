@@ -22,6 +22,8 @@ linux_validate_needs=(
 )
 linux_check_needs=(
     'lintian|lintian|lintian --version'
+    'reprotest|reprotest|reprotest --version'
+    'piuparts|piuparts|command -v piuparts'
     'xvfb|Xvfb, the virtual X server|command -v Xvfb'
     'xdotool|xdotool|command -v xdotool'
     'imagemagick|ImageMagick with its X11 tools|command -v import'
