@@ -6,6 +6,9 @@ linux_build_needs=(
     'dpkg-dev|the tools that make Debian packages|dpkg-shlibdeps --version'
     'file|file|file --version'
     'git|Git|git --version'
+    'lowdown|lowdown, which makes pages for a browser|command -v lowdown'
+    'binutils|objdump|objdump --version'
+    'python3-debian|the Python library that reads copyright files|/usr/bin/python3 -c "import debian.copyright"'
 )
 # Small ones: ./check installs them too.
 linux_validate_needs=(
@@ -15,9 +18,12 @@ linux_validate_needs=(
     'groff-base|groff|groff --version'
     'librsvg2-bin|rsvg-convert|rsvg-convert --version'
     'imagemagick|ImageMagick|command -v compare'
+    'lowdown|lowdown, which makes pages for a browser|command -v lowdown'
 )
 linux_check_needs=(
     'lintian|lintian|lintian --version'
+    'reprotest|reprotest|reprotest --version'
+    'piuparts|piuparts|command -v piuparts'
     'xvfb|Xvfb, the virtual X server|command -v Xvfb'
     'xdotool|xdotool|command -v xdotool'
     'imagemagick|ImageMagick with its X11 tools|command -v import'

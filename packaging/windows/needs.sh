@@ -8,12 +8,16 @@ windows_build_needs=(
     'make|Make|make --version'
     'perl|Perl|perl --version'
     'python3|Python 3|python3 --version'
+    'python3-debian|the Python library that reads copyright files|/usr/bin/python3 -c "import debian.copyright"'
+    'git|Git|git --version'
+    'lowdown|lowdown, which makes pages for a browser|command -v lowdown'
     'nsis|NSIS, which makes installers|makensis -VERSION'
 )
 windows_check_needs=(
     'wine|Wine|wine --version'
     'wine64|Wine for 64 bits|wine64 --version'
     'xvfb|Xvfb, the virtual X server|command -v Xvfb'
+    'openbox|Openbox, the window manager|command -v openbox'
     'xdotool|xdotool|command -v xdotool'
     'imagemagick|ImageMagick with its X11 tools|command -v import'
 )
