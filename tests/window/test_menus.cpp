@@ -189,15 +189,13 @@ private slots:
     void switchBesideTheCells();
     void switchStaysMarked();
 
-    void opensAtTheMouse_data();
-    void opensAtTheMouse();
     void menuOverAnOpenMenu();
     void tableChangesUnderTheMenu_data();
     void tableChangesUnderTheMenu();
     void windowGoesWithAnOpenMenu_data();
     void windowGoesWithAnOpenMenu();
-    void menusAreFreed_data();
-    void menusAreFreed();
+    void openAtTheMouseAndAreFreed_data();
+    void openAtTheMouseAndAreFreed();
 };
 
 /** The pads fill their view, so that no click finds the place. */
@@ -540,33 +538,6 @@ void TestMenus::switchStaysMarked()
     QVERIFY(!isSwitch(space, 0, 4));
 }
 
-void TestMenus::opensAtTheMouse_data()
-{
-    QTest::addColumn<bool>("onKeys");
-    QTest::addColumn<QPoint>("point"); // in the viewport
-    QTest::newRow("pad") << false << QPoint(290, 65);
-    QTest::newRow("key") << true << QPoint(120, 50);
-}
-
-void TestMenus::opensAtTheMouse()
-{
-    QFETCH(bool, onKeys);
-    QFETCH(QPoint, point);
-
-    Workspace space;
-    QVERIFY(layOne(space, onKeys).isValid());
-    QTableView *view = onKeys ? space.gridView() : space.padsView();
-    view->horizontalHeader()->show(); // else the table and its viewport begin at the same place
-    QTRY_VERIFY(view->viewport()->y() > 5);
-    for (const QPoint corner : {QPoint(0, 0), QPoint(30, 60)}) {
-        space.window().move(corner);
-        QMenu *menu = space.rightClick(view, point);
-        QVERIFY(menu);
-        QCOMPARE(menu->pos(), view->viewport()->mapToGlobal(point));
-        menu->close();
-    }
-}
-
 /** An entry of either works on what is clicked and selected by then. */
 void TestMenus::menuOverAnOpenMenu()
 {
@@ -643,7 +614,7 @@ void TestMenus::windowGoesWithAnOpenMenu()
     QVERIFY(!QApplication::activePopupWidget());
 }
 
-void TestMenus::menusAreFreed_data()
+void TestMenus::openAtTheMouseAndAreFreed_data()
 {
     QTest::addColumn<bool>("onKeys");
     QTest::addColumn<QStringList>("path"); // empty: the menu is closed
@@ -654,7 +625,7 @@ void TestMenus::menusAreFreed_data()
     QTest::newRow("key, Switch") << true << QStringList{"Set as Switch"};
 }
 
-void TestMenus::menusAreFreed()
+void TestMenus::openAtTheMouseAndAreFreed()
 {
     QFETCH(bool, onKeys);
     QFETCH(QStringList, path);
@@ -662,11 +633,16 @@ void TestMenus::menusAreFreed()
     Workspace space;
     const QModelIndex cell = layOne(space, onKeys);
     QTableView *view = onKeys ? space.gridView() : space.padsView();
+    view->horizontalHeader()->show(); // else the table and its viewport begin at the same place
+    QTRY_VERIFY(view->viewport()->y() > 5);
     const int children = childrenOf(space);
     for (int turn = 0; turn < 20; ++turn) {
+        space.window().move(turn, 2 * turn);
         QVERIFY(onKeys || space.putOnPad(3, cell.row(), cell.column()));
-        QMenu *menu = space.rightClick(view, cell);
+        const QPoint point = view->visualRect(cell).topLeft() + QPoint(turn, 5);
+        QMenu *menu = space.rightClick(view, point);
         QVERIFY(menu);
+        QCOMPARE(menu->pos(), view->viewport()->mapToGlobal(point));
         if (path.isEmpty() || (path.size() == 2 && turn > 0))
             menu->close();
         else
