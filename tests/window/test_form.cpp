@@ -151,8 +151,7 @@ class TestForm final : public QObject
 private slots:
     void widget_data();
     void widget();
-    void action_data();
-    void action();
+    void actions();
     void nothingElse();
     void pointersStandInOrder();
     void stacking_data();
@@ -200,24 +199,16 @@ void TestForm::widget()
             || widget->inherits("QStatusBar"));
 }
 
-void TestForm::action_data()
+void TestForm::actions()
 {
-    QTest::addColumn<QString>("text");
-    for (const auto &action : Actions)
-        QTest::newRow(action.first) << action.second;
-}
-
-void TestForm::action()
-{
-    QFETCH(const QString, text);
     const Form form;
-    const auto found = form.window.findChildren<QAction *>(QTest::currentDataTag());
-    QCOMPARE(found.size(), 1);
-    const QAction *action = found.first();
-    QCOMPARE(action->text(), text);
-    QCOMPARE(action->parent(), &form.window);
-    QVERIFY(action->shortcuts().isEmpty());
-    QVERIFY(action->isEnabled() && action->isVisible() && !action->isCheckable());
+    for (const auto &[name, text] : Actions) {
+        const auto found = form.window.findChildren<QAction *>(name);
+        QVERIFY2(found.size() == 1 && found.first()->text() == text, name);
+        QVERIFY2(found.first()->parent() == &form.window && found.first()->shortcuts().isEmpty(), name);
+        QVERIFY2(found.first()->isEnabled() && found.first()->isVisible(), name);
+        QVERIFY2(!found.first()->isCheckable(), name);
+    }
 }
 
 void TestForm::nothingElse()

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QToolTip>
 
 namespace {
 
@@ -196,8 +197,7 @@ private slots:
     void pixel_data();
     void pixel();
     void endOfColorsLabelIsSeen();
-    void cellToolTipIsDark_data();
-    void cellToolTipIsDark();
+    void cellToolTipsAreDark();
 };
 
 void TestStyles::sheets()
@@ -354,31 +354,24 @@ void TestStyles::endOfColorsLabelIsSeen()
     }
 }
 
-void TestStyles::cellToolTipIsDark_data()
+void TestStyles::cellToolTipsAreDark()
 {
-    QTest::addColumn<int>("place"); // row and column of a cell with a tip
-    QTest::newRow("dmxlistview") << 0;
-    QTest::newRow("vdjlistview") << 0;
-    QTest::newRow("tablecontroller") << 2;
-}
-
-void TestStyles::cellToolTipIsDark()
-{
-    QFETCH(const int, place);
     Workspace space;
-    QVERIFY2(space.loadSomeShow() && space.putOnPad(0, 0), qPrintable(space.dialogs.faults()));
-    auto *view = space.find<QTableView>(QTest::currentDataTag());
-    if (view == space.gridView())
-        QVERIFY(space.click("radio_outputmidi") && space.putOnKey(0, place, place));
-
-    const QPoint point = view->visualRect(view->model()->index(place, place)).center();
-    QHelpEvent help(QEvent::ToolTip, point, view->viewport()->mapToGlobal(point));
-    QCoreApplication::sendEvent(view->viewport(), &help);
-    QTRY_VERIFY(toolTipLabel());
-    const QImage image = toolTipLabel()->grab().toImage();
-    QCOMPARE(image.pixelColor(0, 0).name(), QString("#808080"));
-    QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 1).name(), QString("#808080"));
-    QCOMPARE(image.pixelColor(1, 1).name(), QString("#202020"));
+    QVERIFY2(space.loadSomeShow() && space.put("0@0,0"), qPrintable(space.dialogs.faults()));
+    for (QTableView *view : {space.dmxView(), space.padsView(), space.gridView()}) {
+        const bool isGrid = view == space.gridView();
+        QVERIFY(!isGrid || (space.click("radio_outputmidi") && space.put("0@2,2")));
+        const QPoint point = view->visualRect(Workspace::cellAt(view, isGrid ? "2,2" : "0,0")).center();
+        QHelpEvent help(QEvent::ToolTip, point, view->viewport()->mapToGlobal(point));
+        QToolTip::hideText();
+        QTRY_VERIFY(!toolTipLabel());
+        QCoreApplication::sendEvent(view->viewport(), &help);
+        QTRY_VERIFY(toolTipLabel());
+        const QImage image = toolTipLabel()->grab().toImage();
+        QCOMPARE(image.pixelColor(0, 0).name(), QString("#808080"));
+        QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 1).name(), QString("#808080"));
+        QCOMPARE(image.pixelColor(1, 1).name(), QString("#202020"));
+    }
 }
 
 QTEST_MAIN(TestStyles)
