@@ -93,7 +93,6 @@ class TestDevicePage final : public QObject
 private slots:
     void deviceIsPictured_data();
     void deviceIsPictured();
-    void startIsAsSelecting();
     void updatemidicomboSelects();
     void updatelayoutRestores();
 
@@ -150,18 +149,6 @@ void TestDevicePage::deviceIsPictured()
     QCOMPARE(space.keys(), keysOf(BandsOf.at(device)));
     QCOMPARE(oddSections(space), QString());
     QCOMPARE(Workspace::focused(), QString("tablecontroller"));
-}
-
-void TestDevicePage::startIsAsSelecting()
-{
-    Workspace space;
-    QVERIFY(space.click("radio_outputmidi"));
-    QCOMPARE(oddSections(space), QString());
-    const QStringList atStart = space.snapshot();
-    QVERIFY(space.choose("devicescombo", Classic));
-    QVERIFY(space.snapshot() != atStart);
-    QVERIFY(space.choose("devicescombo", Akai));
-    QCOMPARE(space.snapshot(), atStart);
 }
 
 /** The grid itself waits for updatelayout, and the combo box of the devices is not touched. */

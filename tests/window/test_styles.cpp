@@ -1,5 +1,6 @@
 #include "support/boxes.h"
 #include "support/devices.h"
+#include "support/texts.h"
 
 #include <QComboBox>
 #include <QHelpEvent>
@@ -98,7 +99,7 @@ const char MessageBoxes[] =
     " #404040;border: 1px solid #606060;}";
 
 /** All objects with a sheet of their own; a scroll bar goes by the name of its table. */
-const QVector<QPair<QString, QString>> Dressed = {
+const QVector<QPair<QString, QString>> Styled = {
     {Combo, "bankcombo combobox mididevices devicescombo combo_offcolor combo_oncolor"},
     {Radio, "radio_outputmidi radio_outputpage radioButton_16pads radioButton_8pads"},
     {Menu, "menuPage menuHelp"},
@@ -160,9 +161,9 @@ QWidget *toolTipLabel()
 QStringList cutTexts(Workspace &space)
 {
     QStringList cut;
-    const auto measure = [&cut](const QWidget *widget, const QString &text, int needed, int room) {
-        if (widget->isVisible() && needed > room)
-            cut += QString("%1 \"%2\" lacks %3").arg(widget->objectName(), text).arg(needed - room);
+    const auto measure = [&cut](const QWidget *widget, const QString &text, int needed, int given) {
+        if (widget->isVisible() && needed > given)
+            cut += QString("%1 \"%2\" lacks %3").arg(widget->objectName(), text).arg(needed - given);
     };
     const auto widthOf = [](const QWidget *widget, const QString &text) {
         return widget->fontMetrics().horizontalAdvance(text);
@@ -173,7 +174,7 @@ QStringList cutTexts(Workspace &space)
         measure(radio, radio->text(), radio->sizeHint().width(), radio->width());
     for (const QPushButton *button : space.window().findChildren<QPushButton *>())
         measure(button, button->text(), widthOf(button, button->text()), button->width() - 4);
-    const QString key = "BOTTOM 8"; // the longest of the grid, behind a swatch
+    const QString key = Texts::keyLabel(11, 9); // the longest of the grid, behind a swatch
     measure(space.gridView(), key, widthOf(space.gridView(), key), 95 - 30);
     return cut;
 }
@@ -203,7 +204,7 @@ private slots:
 void TestStyles::sheets()
 {
     QMap<QString, QString> expected;
-    for (const auto &[sheet, names] : Dressed) {
+    for (const auto &[sheet, names] : Styled) {
         for (const QString &name : names.split(' '))
             expected.insert(name, sheet);
     }
