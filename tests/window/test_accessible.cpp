@@ -99,8 +99,7 @@ private slots:
     void modes_data();
     void modes();
     void fieldsAndTablesHaveNames();
-    void labelBelongsToField_data();
-    void labelBelongsToField();
+    void labelsBelongToFields();
     void focusStartsOnLiveButtons();
     void aboutDialog();
     void messageBox();
@@ -159,27 +158,18 @@ void TestAccessible::fieldsAndTablesHaveNames()
                                  "tablecontroller: Keys of the device", "vdjlistview: Pads"}));
 }
 
-void TestAccessible::labelBelongsToField_data()
+void TestAccessible::labelsBelongToFields()
 {
-    QTest::addColumn<QByteArray>("label");
-    const auto row = [](const char *field, const char *label) { QTest::newRow(field) << QByteArray(label); };
-    row("combobox", "label_6");
-    row("bankcombo", "bank_label");
-    row("bankname", "label_3");
-    row("devicescombo", "label_7");
-    row("mididevices", "bank_label_3");
-    row("combo_offcolor", "label");
-    row("combo_oncolor", "label_2");
-    row("padsname", "label_padname");
-}
-
-void TestAccessible::labelBelongsToField()
-{
-    QFETCH(const QByteArray, label);
     Workspace space;
-    QStringList labels = labelsOf(space.find<QWidget>(QTest::currentDataTag()));
-    labels.removeOne(space.find<QGroupBox>("groupBox_2")->title()); // the panel's
-    QCOMPARE(labels, QStringList{space.find<QLabel>(label)->text()});
+    const QMap<QByteArray, QByteArray> labelOf = {
+        {"combobox", "label_6"},         {"bankcombo", "bank_label"},  {"bankname", "label_3"},
+        {"devicescombo", "label_7"},     {"combo_offcolor", "label"},  {"combo_oncolor", "label_2"},
+        {"mididevices", "bank_label_3"}, {"padsname", "label_padname"}};
+    for (auto field = labelOf.cbegin(); field != labelOf.cend(); ++field) {
+        QStringList labels = labelsOf(space.find<QWidget>(field.key()));
+        labels.removeOne(space.find<QGroupBox>("groupBox_2")->title()); // the panel's
+        QCOMPARE(labels, QStringList{space.find<QLabel>(field.value())->text()});
+    }
 }
 
 void TestAccessible::focusStartsOnLiveButtons()

@@ -52,7 +52,6 @@ class TestBanks final : public QObject
 
 private slots:
     void refillingTheComboShowsTheFirstBank();
-    void bankShowsItsRows_data();
     void bankShowsItsRows();
     void noBankIsHarmless();
 
@@ -80,24 +79,17 @@ void TestBanks::refillingTheComboShowsTheFirstBank()
     QCOMPARE(firstRowShown(space), 0);
 }
 
-void TestBanks::bankShowsItsRows_data()
-{
-    QTest::addColumn<int>("bank");
-    for (int bank = 0; bank < 8; ++bank)
-        QTest::newRow(qPrintable(DefaultNames.at(bank))) << bank;
-}
-
 void TestBanks::bankShowsItsRows()
 {
-    QFETCH(int, bank);
     Workspace space;
     for (const char *slot : {"showbank", "on_bankcombo_currentIndexChanged"}) {
-        QVERIFY(space.call(slot, 7 - bank) && space.call(slot, bank));
-        QCOMPARE(firstRowShown(space), 8 * bank);
-        QCOMPARE(textOf(space, "bankname"), DefaultNames.at(bank));
-        QCOMPARE(space.find<QComboBox>("bankcombo")->currentIndex(), 0);
+        for (int bank = 7; bank >= 0; --bank) {
+            QVERIFY(space.call(slot, bank));
+            QCOMPARE(firstRowShown(space), 8 * bank);
+            QCOMPARE(textOf(space, "bankname"), DefaultNames.at(bank));
+            QCOMPARE(space.find<QComboBox>("bankcombo")->currentIndex(), 0);
+        }
     }
-    QCOMPARE(space.pads()->rowCount(), 64);
 }
 
 void TestBanks::noBankIsHarmless()

@@ -20,8 +20,7 @@ private slots:
     void items();
     void list_data();
     void list();
-    void longNameShowsItsEnd_data();
-    void longNameShowsItsEnd();
+    void longNameLosesItsMiddle();
     void toolTipHasTheWholeName_data();
     void toolTipHasTheWholeName();
 };
@@ -136,26 +135,13 @@ void TestCombos::list()
     combo->hidePopup();
 }
 
-void TestCombos::longNameShowsItsEnd_data()
+void TestCombos::longNameLosesItsMiddle()
 {
-    QTest::addColumn<QString>("one");
-    QTest::addColumn<QString>("other");
-    QTest::addColumn<bool>("lookAlike");
-    const QString longName = "Novation Launchpad Mini MK3 mapping of the Saturday night";
-
-    QTest::newRow("ends differ") << longName + " (factory)" << longName + " (my own)" << false;
-    QTest::newRow("beginnings differ") << "My " + longName << "An " + longName << false;
-    QTest::newRow("only the middle differs")
-        << longName + " one " + longName << longName + " two " + longName << true;
-}
-
-void TestCombos::longNameShowsItsEnd()
-{
-    QFETCH(const QString, one);
-    QFETCH(const QString, other);
-    QFETCH(const bool, lookAlike);
     Workspace space;
-    QCOMPARE(boxWith(space, one) == boxWith(space, other), lookAlike);
+    const QString name = "Novation Launchpad Mini MK3 mapping of the Saturday night";
+    QVERIFY(boxWith(space, name + " (factory)") != boxWith(space, name + " (my own)"));
+    QVERIFY(boxWith(space, "My " + name) != boxWith(space, "An " + name));
+    QCOMPARE(boxWith(space, name + " one " + name), boxWith(space, name + " two " + name));
 }
 
 void TestCombos::toolTipHasTheWholeName_data()

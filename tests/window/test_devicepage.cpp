@@ -93,11 +93,9 @@ class TestDevicePage final : public QObject
 private slots:
     void deviceIsPictured_data();
     void deviceIsPictured();
-    void startIsAsSelecting();
     void updatemidicomboSelects();
     void updatelayoutRestores();
 
-    void gridShowsMouseAndSelection_data();
     void gridShowsMouseAndSelection();
     void pressOnDisabledKeyClearsTheSelection_data();
     void pressOnDisabledKeyClearsTheSelection();
@@ -153,18 +151,6 @@ void TestDevicePage::deviceIsPictured()
     QCOMPARE(Workspace::focused(), QString("tablecontroller"));
 }
 
-void TestDevicePage::startIsAsSelecting()
-{
-    Workspace space;
-    QVERIFY(space.click("radio_outputmidi"));
-    QCOMPARE(oddSections(space), QString());
-    const QStringList atStart = space.snapshot();
-    QVERIFY(space.choose("devicescombo", Classic));
-    QVERIFY(space.snapshot() != atStart);
-    QVERIFY(space.choose("devicescombo", Akai));
-    QCOMPARE(space.snapshot(), atStart);
-}
-
 /** The grid itself waits for updatelayout, and the combo box of the devices is not touched. */
 void TestDevicePage::updatemidicomboSelects()
 {
@@ -198,38 +184,25 @@ void TestDevicePage::updatelayoutRestores()
     QCOMPARE(Workspace::focused(), QString("tablecontroller"));
 }
 
-void TestDevicePage::gridShowsMouseAndSelection_data()
-{
-    QTest::addColumn<QPoint>("cell"); // row, column
-    QTest::addColumn<bool>("isUnderMouse");
-    QTest::addColumn<bool>("isSelected");
-    QTest::addColumn<QColor>("background");
-    const QPoint key(4, 4);
-    const QPoint noKey(0, 4);
-    QTest::newRow("key at rest") << key << false << false << QColor("#000000");
-    QTest::newRow("key under the mouse") << key << true << false << QColor("#202020");
-    QTest::newRow("selected key") << key << false << true << QColor("#404040");
-    QTest::newRow("selected key under the mouse") << key << true << true << QColor("#404040");
-    QTest::newRow("no key") << noKey << false << false << QColor("#303030");
-    QTest::newRow("no key under the mouse") << noKey << true << false << QColor("#303030");
-}
-
 void TestDevicePage::gridShowsMouseAndSelection()
 {
-    QFETCH(QPoint, cell);
-    QFETCH(bool, isUnderMouse);
-    QFETCH(bool, isSelected);
-    QFETCH(QColor, background);
-
     Workspace space;
     QVERIFY(space.click("radio_outputmidi"));
     QTableView *view = space.gridView();
-    const QRect rect = view->visualRect(space.grid()->index(cell.x(), cell.y()));
-    Workspace::select(view, isSelected ? QString("%1,%2").arg(cell.x()).arg(cell.y()) : QString());
+    const QRect key = view->visualRect(space.grid()->index(4, 4));
+    const QRect noKey = view->visualRect(space.grid()->index(0, 4));
+    const auto background = [view](const QRect &rect) {
+        return view->viewport()->grab(rect).toImage().pixelColor(1, 1).name();
+    };
     QTest::mouseMove(view->viewport(), view->visualRect(space.grid()->index(9, 9)).center());
-    if (isUnderMouse)
-        QTest::mouseMove(view->viewport(), rect.center());
-    QTRY_COMPARE(view->viewport()->grab(rect).toImage().pixelColor(1, 1), background);
+    QTRY_COMPARE(background(key), QString("#000000"));
+    QTest::mouseMove(view->viewport(), key.center());
+    QTRY_COMPARE(background(key), QString("#202020"));
+    Workspace::select(view, "4,4");
+    QCOMPARE(background(key), QString("#404040"));
+    QTest::mouseMove(view->viewport(), noKey.center());
+    QTRY_COMPARE(background(key), QString("#404040"));
+    QCOMPARE(background(noKey), QString("#303030"));
 }
 
 void TestDevicePage::pressOnDisabledKeyClearsTheSelection_data()

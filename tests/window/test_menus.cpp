@@ -15,6 +15,7 @@ using namespace Devices;
 
 constexpr int NoDevice = -1;
 
+const QString Color = AkaiPalette.at(2);
 const QStringList KeyMenu = {"Remove",    "---", "Off Color >",      "On Color >",
                              "[ ] Blink", "---", "[ ] Set as Switch"};
 
@@ -189,15 +190,13 @@ private slots:
     void switchBesideTheCells();
     void switchStaysMarked();
 
-    void opensAtTheMouse_data();
-    void opensAtTheMouse();
     void menuOverAnOpenMenu();
     void tableChangesUnderTheMenu_data();
     void tableChangesUnderTheMenu();
     void windowGoesWithAnOpenMenu_data();
     void windowGoesWithAnOpenMenu();
-    void menusAreFreed_data();
-    void menusAreFreed();
+    void openAtTheMouseAndAreFreed_data();
+    void openAtTheMouseAndAreFreed();
 };
 
 /** The pads fill their view, so that no click finds the place. */
@@ -226,13 +225,16 @@ void TestMenus::keyMenuShowsTheKey_data()
     QTest::addColumn<QString>("offTick");
     QTest::addColumn<QString>("onTick");
     QTest::addColumn<bool>("isBlinkTicked");
-    const auto row = [](const QString &name, int device, const char *off, const char *on, const char *blink,
-                        const char *offTick, const char *onTick, bool isBlinkTicked = false) {
+    const auto row = [](const QString &name, int device, const QString &off, const QString &on,
+                        const char *blink, const QString &offTick, const QString &onTick,
+                        bool isBlinkTicked = false) {
         QTest::newRow(qPrintable(name)) << device << off << on << blink << offTick << onTick << isBlinkTicked;
     };
     for (int device = 0; device < Names.size(); ++device)
         row(Names.at(device), device, "", "", "0", "default", "default");
-    row("classic colours", Classic, "#FFFF00", "#000000", "", "#FFFF00", "#000000");
+    const QString first = ClassicPalette.first();
+    const QString last = ClassicPalette.last();
+    row("first and last colour", Classic, last, first, "", last, first);
     row("in other letters", Akai, "Red", "GREEN", "", "", "");
     row("another device's in small letters", Classic, "#aa5500", "#12ab34", "", "", "");
     row("another device's name", S, "red", "black", "", "", "");
@@ -312,7 +314,7 @@ void TestMenus::keyMenuActsOnTheSelection_data()
     };
     // Beside the cells, the menu is of a key that has nothing set.
     row("beside the cells", Akai, {"Remove"}, ButtonRole, Texts::NoButton);
-    row("beside the cells", Akai, {"On Color", " red"}, OnColorRole, "red");
+    row("beside the cells", Akai, {"On Color", " " + Color}, OnColorRole, Color);
     row("beside the cells", Pro, {"Off Color", "Select ..."}, OffColorRole, "#00ff00");
     row("beside the cells", Akai, {"Blink"}, BlinkRole, "1");
     // A device that says nothing of its colours takes any.
@@ -357,7 +359,7 @@ void TestMenus::menuOfALeftoverIsForNoOtherKey()
     QVERIFY(layOne(space, true, MiniMk3).isValid() && space.putOnKey(4, 0, 2));
     QVERIFY(space.choose("devicescombo", Akai)); // has no key there
     const QStringList before = space.snapshot();
-    for (const QStringList &path : {QStringList{"Remove"}, {"Off Color", " red"}, {"Blink"}}) {
+    for (const QStringList &path : {QStringList{"Remove"}, {"Off Color", " " + Color}, {"Blink"}}) {
         Workspace::select(space.gridView(), "2,2");
         QVERIFY(space.pickOnKey(0, 2, path));
         QCOMPARE(space.snapshot(), before);
@@ -369,15 +371,15 @@ void TestMenus::colorByNumber_data()
     QTest::addColumn<int>("device");
     QTest::addColumn<int>("number");
     QTest::addColumn<QString>("stored");
-    const auto row = [](const char *name, int device, int number, const char *stored) {
+    const auto row = [](const char *name, int device, int number, const QString &stored) {
         QTest::newRow(name) << device << number << stored;
     };
     row("AKAI, 0", Akai, 0, "");
-    row("AKAI, 1", Akai, 1, "black");
-    row("AKAI, last", Akai, 4, "yellow");
+    row("AKAI, 1", Akai, 1, AkaiPalette.first());
+    row("AKAI, last", Akai, 4, AkaiPalette.last());
     row("AKAI, beyond", Akai, 5, "");
     row("AKAI, negative", Akai, -1, "");
-    row("Launchpad, last", Classic, 16, "#FFFF00");
+    row("Launchpad, last", Classic, 16, ClassicPalette.last());
     row("Launchpad, beyond", Classic, 999, "");
     row("MKII, 0", Mk2, 0, "");
     row("MKII, 1", Mk2, 1, "");
@@ -540,33 +542,6 @@ void TestMenus::switchStaysMarked()
     QVERIFY(!isSwitch(space, 0, 4));
 }
 
-void TestMenus::opensAtTheMouse_data()
-{
-    QTest::addColumn<bool>("onKeys");
-    QTest::addColumn<QPoint>("point"); // in the viewport
-    QTest::newRow("pad") << false << QPoint(290, 65);
-    QTest::newRow("key") << true << QPoint(120, 50);
-}
-
-void TestMenus::opensAtTheMouse()
-{
-    QFETCH(bool, onKeys);
-    QFETCH(QPoint, point);
-
-    Workspace space;
-    QVERIFY(layOne(space, onKeys).isValid());
-    QTableView *view = onKeys ? space.gridView() : space.padsView();
-    view->horizontalHeader()->show(); // else the table and its viewport begin at the same place
-    QTRY_VERIFY(view->viewport()->y() > 5);
-    for (const QPoint corner : {QPoint(0, 0), QPoint(30, 60)}) {
-        space.window().move(corner);
-        QMenu *menu = space.rightClick(view, point);
-        QVERIFY(menu);
-        QCOMPARE(menu->pos(), view->viewport()->mapToGlobal(point));
-        menu->close();
-    }
-}
-
 /** An entry of either works on what is clicked and selected by then. */
 void TestMenus::menuOverAnOpenMenu()
 {
@@ -591,7 +566,7 @@ void TestMenus::tableChangesUnderTheMenu_data()
     QTest::addColumn<QStringList>("path");
     for (const char *slot : {"on_cleanmidi_button_clicked", "on_actionNew_2_triggered"}) {
         for (const QStringList &path :
-             {QStringList{"Remove"}, {"Off Color", " red"}, {"Blink"}, {"Set as Switch"}})
+             {QStringList{"Remove"}, {"Off Color", " " + Color}, {"Blink"}, {"Set as Switch"}})
             QTest::addRow("%s, %s", slot, qPrintable(path.constLast())) << QByteArray(slot) << path;
     }
 }
@@ -643,18 +618,18 @@ void TestMenus::windowGoesWithAnOpenMenu()
     QVERIFY(!QApplication::activePopupWidget());
 }
 
-void TestMenus::menusAreFreed_data()
+void TestMenus::openAtTheMouseAndAreFreed_data()
 {
     QTest::addColumn<bool>("onKeys");
     QTest::addColumn<QStringList>("path"); // empty: the menu is closed
     QTest::newRow("pad, closed") << false << QStringList();
     QTest::newRow("pad, Remove") << false << QStringList{"Remove"};
     QTest::newRow("key, closed") << true << QStringList();
-    QTest::newRow("key, colour") << true << QStringList{"On Color", " red"};
+    QTest::newRow("key, colour") << true << QStringList{"On Color", " " + Color};
     QTest::newRow("key, Switch") << true << QStringList{"Set as Switch"};
 }
 
-void TestMenus::menusAreFreed()
+void TestMenus::openAtTheMouseAndAreFreed()
 {
     QFETCH(bool, onKeys);
     QFETCH(QStringList, path);
@@ -662,11 +637,16 @@ void TestMenus::menusAreFreed()
     Workspace space;
     const QModelIndex cell = layOne(space, onKeys);
     QTableView *view = onKeys ? space.gridView() : space.padsView();
+    view->horizontalHeader()->show(); // else the table and its viewport begin at the same place
+    QTRY_VERIFY(view->viewport()->y() > 5);
     const int children = childrenOf(space);
     for (int turn = 0; turn < 20; ++turn) {
+        space.window().move(turn, 2 * turn);
         QVERIFY(onKeys || space.putOnPad(3, cell.row(), cell.column()));
-        QMenu *menu = space.rightClick(view, cell);
+        const QPoint point = view->visualRect(cell).topLeft() + QPoint(turn, 5);
+        QMenu *menu = space.rightClick(view, point);
         QVERIFY(menu);
+        QCOMPARE(menu->pos(), view->viewport()->mapToGlobal(point));
         if (path.isEmpty() || (path.size() == 2 && turn > 0))
             menu->close();
         else

@@ -14,8 +14,7 @@ private slots:
     void dpi();
     void place_data();
     void place();
-    void variables_data();
-    void variables();
+    void userOverridesVariables();
 };
 
 void TestScaling::dpi_data()
@@ -71,27 +70,18 @@ void TestScaling::place()
     QCOMPARE(Scaling::placeOn(QRect(20, 0, 1600, 900), frame), place);
 }
 
-void TestScaling::variables_data()
+void TestScaling::userOverridesVariables()
 {
-    QTest::addColumn<QByteArray>("byUser");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("set for the start") << QByteArray() << QByteArray("none");
-    QTest::newRow("the user's wins") << QByteArray("xcb_egl") << QByteArray("xcb_egl");
-}
-
-void TestScaling::variables()
-{
-    QFETCH(const QByteArray, byUser);
-    QFETCH(const QByteArray, expected);
     const char *const name = "QT_XCB_GL_INTEGRATION";
-    qunsetenv(name);
-    if (!byUser.isEmpty())
-        qputenv(name, byUser);
-
-    Scaling::StartVariables variables;
-    QCOMPARE(qgetenv(name), expected);
-    variables.takeBack();
-    QCOMPARE(qgetenv(name), byUser); // for programs that are started from ours
+    for (const char *byUser : {"", "xcb_egl"}) {
+        qunsetenv(name);
+        if (*byUser)
+            qputenv(name, byUser);
+        Scaling::StartVariables variables;
+        QCOMPARE(qgetenv(name), QByteArray(*byUser ? byUser : "none"));
+        variables.takeBack();
+        QCOMPARE(qgetenv(name), QByteArray(byUser)); // for programs that are started from ours
+    }
 }
 
 QTEST_GUILESS_MAIN(TestScaling)

@@ -1,5 +1,6 @@
 #include "support/boxes.h"
 #include "support/devices.h"
+#include "support/texts.h"
 
 #include <QComboBox>
 #include <QHelpEvent>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QToolTip>
 
 namespace {
 
@@ -97,7 +99,7 @@ const char MessageBoxes[] =
     " #404040;border: 1px solid #606060;}";
 
 /** All objects with a sheet of their own; a scroll bar goes by the name of its table. */
-const QVector<QPair<QString, QString>> Dressed = {
+const QVector<QPair<QString, QString>> Styled = {
     {Combo, "bankcombo combobox mididevices devicescombo combo_offcolor combo_oncolor"},
     {Radio, "radio_outputmidi radio_outputpage radioButton_16pads radioButton_8pads"},
     {Menu, "menuPage menuHelp"},
@@ -146,22 +148,6 @@ QString otherFonts(const QWidget &window, const QString &family)
     return names.join(' ');
 }
 
-/** Notes the style sheet of every message box that shows. */
-class BoxSheets final : public QObject
-{
-public:
-    BoxSheets() { qApp->installEventFilter(this); }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Show && qobject_cast<QMessageBox *>(watched))
-            sheets += static_cast<QMessageBox *>(watched)->styleSheet();
-        return false;
-    }
-
-    QStringList sheets;
-};
-
 QWidget *toolTipLabel()
 {
     for (QWidget *widget : QApplication::topLevelWidgets()) {
@@ -175,9 +161,9 @@ QWidget *toolTipLabel()
 QStringList cutTexts(Workspace &space)
 {
     QStringList cut;
-    const auto measure = [&cut](const QWidget *widget, const QString &text, int needed, int room) {
-        if (widget->isVisible() && needed > room)
-            cut += QString("%1 \"%2\" lacks %3").arg(widget->objectName(), text).arg(needed - room);
+    const auto measure = [&cut](const QWidget *widget, const QString &text, int needed, int given) {
+        if (widget->isVisible() && needed > given)
+            cut += QString("%1 \"%2\" lacks %3").arg(widget->objectName(), text).arg(needed - given);
     };
     const auto widthOf = [](const QWidget *widget, const QString &text) {
         return widget->fontMetrics().horizontalAdvance(text);
@@ -188,7 +174,7 @@ QStringList cutTexts(Workspace &space)
         measure(radio, radio->text(), radio->sizeHint().width(), radio->width());
     for (const QPushButton *button : space.window().findChildren<QPushButton *>())
         measure(button, button->text(), widthOf(button, button->text()), button->width() - 4);
-    const QString key = "BOTTOM 8"; // the longest of the grid, behind a swatch
+    const QString key = Texts::keyLabel(11, 9); // the longest of the grid, behind a swatch
     measure(space.gridView(), key, widthOf(space.gridView(), key), 95 - 30);
     return cut;
 }
@@ -212,14 +198,13 @@ private slots:
     void pixel_data();
     void pixel();
     void endOfColorsLabelIsSeen();
-    void cellToolTipIsDark_data();
-    void cellToolTipIsDark();
+    void cellToolTipsAreDark();
 };
 
 void TestStyles::sheets()
 {
     QMap<QString, QString> expected;
-    for (const auto &[sheet, names] : Dressed) {
+    for (const auto &[sheet, names] : Styled) {
         for (const QString &name : names.split(' '))
             expected.insert(name, sheet);
     }
@@ -262,13 +247,17 @@ void TestStyles::setAgain()
 
 void TestStyles::messageBoxes()
 {
-    const BoxSheets boxes;
     Workspace space;
     space.window();
+    QString sheet;
+    QTimer::singleShot(0, qApp, [&sheet] {
+        if (const QWidget *box = QApplication::activeModalWidget())
+            sheet = box->styleSheet();
+    });
     space.dialogs.expect(Boxes::SaveWithoutShow);
     space.trigger("actionSave_2");
+    QCOMPARE(sheet, QString(MessageBoxes));
     QCOMPARE(space.dialogs.faults(), QString());
-    QCOMPARE(boxes.sheets, QStringList{MessageBoxes});
 }
 
 /** A widget with a sheet of its own keeps the window's font only while the central widget is styled before it. */
@@ -366,31 +355,24 @@ void TestStyles::endOfColorsLabelIsSeen()
     }
 }
 
-void TestStyles::cellToolTipIsDark_data()
+void TestStyles::cellToolTipsAreDark()
 {
-    QTest::addColumn<int>("place"); // row and column of a cell with a tip
-    QTest::newRow("dmxlistview") << 0;
-    QTest::newRow("vdjlistview") << 0;
-    QTest::newRow("tablecontroller") << 2;
-}
-
-void TestStyles::cellToolTipIsDark()
-{
-    QFETCH(const int, place);
     Workspace space;
-    QVERIFY2(space.loadSomeShow() && space.putOnPad(0, 0), qPrintable(space.dialogs.faults()));
-    auto *view = space.find<QTableView>(QTest::currentDataTag());
-    if (view == space.gridView())
-        QVERIFY(space.click("radio_outputmidi") && space.putOnKey(0, place, place));
-
-    const QPoint point = view->visualRect(view->model()->index(place, place)).center();
-    QHelpEvent help(QEvent::ToolTip, point, view->viewport()->mapToGlobal(point));
-    QCoreApplication::sendEvent(view->viewport(), &help);
-    QTRY_VERIFY(toolTipLabel());
-    const QImage image = toolTipLabel()->grab().toImage();
-    QCOMPARE(image.pixelColor(0, 0).name(), QString("#808080"));
-    QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 1).name(), QString("#808080"));
-    QCOMPARE(image.pixelColor(1, 1).name(), QString("#202020"));
+    QVERIFY2(space.loadSomeShow() && space.put("0@0,0"), qPrintable(space.dialogs.faults()));
+    for (QTableView *view : {space.dmxView(), space.padsView(), space.gridView()}) {
+        const bool isGrid = view == space.gridView();
+        QVERIFY(!isGrid || (space.click("radio_outputmidi") && space.put("0@2,2")));
+        const QPoint point = view->visualRect(Workspace::cellAt(view, isGrid ? "2,2" : "0,0")).center();
+        QHelpEvent help(QEvent::ToolTip, point, view->viewport()->mapToGlobal(point));
+        QToolTip::hideText();
+        QTRY_VERIFY(!toolTipLabel());
+        QCoreApplication::sendEvent(view->viewport(), &help);
+        QTRY_VERIFY(toolTipLabel());
+        const QImage image = toolTipLabel()->grab().toImage();
+        QCOMPARE(image.pixelColor(0, 0).name(), QString("#808080"));
+        QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 1).name(), QString("#808080"));
+        QCOMPARE(image.pixelColor(1, 1).name(), QString("#202020"));
+    }
 }
 
 QTEST_MAIN(TestStyles)

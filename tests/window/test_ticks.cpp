@@ -190,7 +190,7 @@ void TestTicks::padDroppedOnALine()
     const std::unique_ptr<QMimeData> data(space.pads()->mimeData({pad}));
     const QRect other = space.padsView()->visualRect(space.pads()->index(5, 0));
     QVERIFY(Workspace::drop(data.get(), space.padsView(), {other.center().x(), other.bottom() + 1}));
-    QCOMPARE(pad.data(Qt::EditRole), QVariant("PAD 2"));
+    QCOMPARE(pad.data(Qt::EditRole), QVariant(Texts::padLabel(1, 0)));
     for (const int role : {int(DisplayNameRole), int(PageRole), int(ButtonRole)})
         QCOMPARE(pad.data(role).toString(), QString());
     QVERIFY(!pad.data(Qt::DecorationRole).value<QColor>().isValid());
@@ -198,7 +198,7 @@ void TestTicks::padDroppedOnALine()
 
     QVERIFY(Workspace::pick(space.rightClick(space.padsView(), pad), {"Remove"}));
     QCOMPARE(pad.data(ButtonRole), QVariant(Texts::NoButton));
-    QCOMPARE(pad.data(), QVariant("PAD 2"));
+    QCOMPARE(pad.data(), QVariant(Texts::padLabel(1, 0)));
 }
 
 /** Elsewhere the numbers count; here their texts do, which differ in a project written by hand. */
