@@ -16,13 +16,14 @@ QString placeOf(const QTableView *view)
     return QString("%1,%2").arg(point.x()).arg(point.y());
 }
 
-/** The middle of the first Live Button and of the first pad, whether a drag is under way, and the open message box. */
+/** The middle of the first Live Button and of the first pad, a drag, the open message box, and the keyboard. */
 QString seen(Workspace &space)
 {
     const auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-    return QString("%1|%2|%3|%4")
+    return QString("%1|%2|%3|%4|%5")
         .arg(placeOf(space.dmxView()), placeOf(space.padsView()),
-             space.window().findChild<QDrag *>() ? "drag" : "no drag", box ? box->text() : QString());
+             space.window().findChild<QDrag *>() ? "drag" : "no drag", box ? box->text() : QString(),
+             space.window().isActiveWindow() ? "active" : "not active");
 }
 
 } // namespace

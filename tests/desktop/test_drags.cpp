@@ -106,6 +106,7 @@ public:
     Place firstPad() { return placeAt(1); }
     bool isDragging() { return seen().value(2) == "drag"; }
     QString box() { return seen().value(3); }
+    bool isAtRest() { return box().isEmpty() && seen().value(4) == "active"; }
     bool hasEnded() const
     {
         return m_process.state() == QProcess::NotRunning && m_process.exitStatus() == QProcess::NormalExit
@@ -417,7 +418,7 @@ void TestDrags::closingAmidADrag()
         m_desk->input.await("the question", asks);
         m_desk->input.release();
         m_desk->input.keyInDrag("Escape"); // Cancel: all goes on
-        m_desk->input.await("the answer", [&program] { return program.box().isEmpty(); });
+        m_desk->input.await("the answer", [&program] { return program.isAtRest(); });
         closeIt();
         m_desk->input.await("the question", asks);
         m_desk->input.release();

@@ -187,20 +187,20 @@ Values cellValues(const Cell &cell)
             {259, text(cell.id)}};
 }
 
-Values padValues(const World &world, int row, int col)
+Values padValues(const World &world, Rules::At at)
 {
-    return cellValues(world.pads.at(row, col))
-           + Values{{Qt::ToolTipRole, tipOrNone(Rules::padTip(world, row, col))},
+    return cellValues(world.pads.at(at))
+           + Values{{Qt::ToolTipRole, tipOrNone(Rules::padTip(world, at))},
                     {Qt::ForegroundRole, QVariant()},
                     {260, QVariant()},
                     {263, QVariant()}};
 }
 
-Values keyValues(const World &world, int row, int col)
+Values keyValues(const World &world, Rules::At at)
 {
-    const Cell &key = world.keys.at(row, col);
+    const Cell &key = world.keys.at(at);
     return cellValues(key)
-           + Values{{Qt::ToolTipRole, tipOrNone(Rules::keyTip(world, row, col))},
+           + Values{{Qt::ToolTipRole, tipOrNone(Rules::keyTip(world, at))},
                     {Qt::ForegroundRole, QColor(key.textColor)},
                     {260, text(key.avail)},
                     {261, text(key.off)},
@@ -228,15 +228,13 @@ QString differenceInPads(Workspace &space, const World &world)
     const QAbstractItemModel *model = space.pads();
     if (model->rowCount() != 64 || model->columnCount() != 2)
         return number(model->rowCount()) + " rows of pads";
-    for (int row = 0; row < 64; ++row) {
-        if (space.padsView()->isRowHidden(row) != (row / 8 != world.bank))
-            return "row " + number(row) + " of the pads is hidden or shown wrongly";
-        for (int col = 0; col < 2; ++col) {
-            const QString difference = differenceInCell(
-                model->index(row, col), Rules::padFlags(world.pads.at(row, col)), padValues(world, row, col));
-            if (!difference.isEmpty())
-                return "pad " + difference;
-        }
+    for (const Rules::At at : world.pads.places()) {
+        if (space.padsView()->isRowHidden(at.row) != (at.row / 8 != world.bank))
+            return "row " + number(at.row) + " of the pads is hidden or shown wrongly";
+        const QString difference = differenceInCell(model->index(at.row, at.col),
+                                                    Rules::padFlags(world.pads.at(at)), padValues(world, at));
+        if (!difference.isEmpty())
+            return "pad " + difference;
     }
     return {};
 }
@@ -246,17 +244,15 @@ QString differenceInKeys(Workspace &space, const World &world)
     const QAbstractItemModel *model = space.grid();
     if (model->rowCount() != 12 || model->columnCount() != 12)
         return number(model->rowCount()) + " rows of keys";
-    for (int row = 0; row < 12; ++row) {
-        const bool isGap = row == 1 || row == 10;
-        if (space.gridView()->rowHeight(row) != (isGap ? 5 : 30)
-            || space.gridView()->columnWidth(row) != (isGap ? 5 : 95))
-            return "row or column " + number(row) + " of the grid has another size";
-        for (int col = 0; col < 12; ++col) {
-            const QString difference = differenceInCell(
-                model->index(row, col), Rules::keyFlags(world.keys.at(row, col)), keyValues(world, row, col));
-            if (!difference.isEmpty())
-                return "key " + difference;
-        }
+    const auto isGap = [](int position) { return position == 1 || position == 10; };
+    for (const Rules::At at : world.keys.places()) {
+        if (space.gridView()->rowHeight(at.row) != (isGap(at.row) ? 5 : 30)
+            || space.gridView()->columnWidth(at.col) != (isGap(at.col) ? 5 : 95))
+            return "row or column " + number(at.row) + " of the grid has another size";
+        const QString difference = differenceInCell(model->index(at.row, at.col),
+                                                    Rules::keyFlags(world.keys.at(at)), keyValues(world, at));
+        if (!difference.isEmpty())
+            return "key " + difference;
     }
     return {};
 }

@@ -35,11 +35,10 @@ QString Picker::pad(const Rules::World &world)
 QString Picker::filledPad(const Rules::World &world)
 {
     QStringList filled;
-    for (int row = world.bank * 8; row < world.bank * 8 + 8; ++row) {
-        for (int col = 0; col < (world.has16Pads ? 2 : 1); ++col) {
-            if (world.pads.at(row, col).page != "0")
-                filled.append(at(row, col));
-        }
+    for (const Rules::At pad : world.pads.places()) {
+        const bool isInSight = pad.row / 8 == world.bank && (world.has16Pads || pad.col == 0);
+        if (isInSight && world.pads.at(pad).page != "0")
+            filled.append(at(pad.row, pad.col));
     }
     return filled.isEmpty() || oneIn(15) ? pad(world) : any(filled);
 }
@@ -57,11 +56,9 @@ QString Picker::key(const Rules::World &world)
 QString Picker::filledKey(const Rules::World &world)
 {
     QStringList filled;
-    for (int row = 0; row < 12; ++row) {
-        for (int col = 0; col < 12; ++col) {
-            if (world.keys.at(row, col).id != "-1")
-                filled.append(at(row, col));
-        }
+    for (const Rules::At key : world.keys.places()) {
+        if (world.keys.at(key).id != "-1")
+            filled.append(at(key.row, key.col));
     }
     return filled.isEmpty() || oneIn(10) ? key(world) : any(filled);
 }

@@ -48,15 +48,24 @@ struct Cell
     QString textColor = "#ffffff";
 };
 
+/** A place in a table. */
+struct At
+{
+    int row;
+    int col;
+};
+
 struct Table
 {
     int rows;
     int cols;
     QVector<Cell> cells;
 
-    bool has(int row, int col) const { return row >= 0 && row < rows && col >= 0 && col < cols; }
-    Cell &at(int row, int col) { return cells[row * cols + col]; }
-    const Cell &at(int row, int col) const { return cells.at(row * cols + col); }
+    bool has(At at) const { return at.row >= 0 && at.row < rows && at.col >= 0 && at.col < cols; }
+    Cell &at(At at) { return cells[at.row * cols + at.col]; }
+    const Cell &at(At at) const { return cells.at(at.row * cols + at.col); }
+    /** All of them, row by row. */
+    QVector<At> places() const;
 };
 
 /** What a layout tells of a control. */
@@ -183,8 +192,8 @@ void start(World &world);
 
 // tables
 QString colorName(const QString &kept);
-QString padTip(const World &world, int row, int col);
-QString keyTip(const World &world, int row, int col);
+QString padTip(const World &world, At at);
+QString keyTip(const World &world, At at);
 int padFlags(const Cell &pad);
 int keyFlags(const Cell &key);
 bool isRowHidden(const World &world, int button);
@@ -200,8 +209,8 @@ QMap<QString, Rule> rulesOfTables();
 
 // devices
 QVector<Device> readDevices();
-QString restingLabel(int row, int col);
-bool hasKey(const Device &device, int row, int col);
+QString restingLabel(At at);
+bool hasKey(const Device &device, At at);
 void readMappers(World &world);
 void pickDevice(World &world, int index);
 QMap<QString, Rule> rulesOfDevices();

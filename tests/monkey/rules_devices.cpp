@@ -99,8 +99,9 @@ QVector<Device> readDevices()
     return devices;
 }
 
-QString restingLabel(int row, int col)
+QString restingLabel(At at)
 {
+    const auto [row, col] = at;
     if (isGap(row) || isGap(col))
         return {};
     const bool isOutside = col == 0 || col == 11;
@@ -115,8 +116,9 @@ QString restingLabel(int row, int col)
     return "PAD " + QString::number(row * 8 + col - 17);
 }
 
-bool hasKey(const Device &device, int row, int col)
+bool hasKey(const Device &device, At at)
 {
+    const auto [row, col] = at;
     if (isGap(row) || isGap(col))
         return false;
     if (row == 0)
@@ -169,10 +171,8 @@ void pickDevice(World &world, int index)
         world.off = world.palette.isEmpty() ? -1 : device.off;
         world.on = world.palette.isEmpty() ? -1 : device.on;
     }
-    for (int row = 0; row < 12; ++row) {
-        for (int col = 0; col < 12; ++col)
-            world.keys.at(row, col).avail = hasKey(device, row, col) ? "1" : "0";
-    }
+    for (const At at : world.keys.places())
+        world.keys.at(at).avail = hasKey(device, at) ? "1" : "0";
 }
 
 namespace {

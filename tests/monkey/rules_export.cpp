@@ -24,11 +24,9 @@ QString color(const QString &name)
 QVector<int> usedBanks(const Table &pads)
 {
     QVector<int> used;
-    for (int row = 0; row < 64; ++row) {
-        for (int col = 0; col < 2; ++col) {
-            if (pads.at(row, col).page.toInt() > 0 && !used.contains(row / 8))
-                used.append(row / 8);
-        }
+    for (const At at : pads.places()) {
+        if (pads.at(at).page.toInt() > 0 && !used.contains(at.row / 8))
+            used.append(at.row / 8);
     }
     return used;
 }
@@ -44,7 +42,7 @@ PadScripts padScripts(const World &world, const QVector<int> &used, int slot)
 {
     PadScripts scripts;
     for (int i = 0; i < used.size(); ++i) {
-        const Cell &pad = world.pads.at(used.at(i) * 8 + slot % 8, slot / 8);
+        const Cell &pad = world.pads.at({used.at(i) * 8 + slot % 8, slot / 8});
         const QString bank = "var &apos;dmxbank&apos; " + QString::number(i) + " ? ";
         if (pad.page.toInt() > 0) {
             scripts.texts.append(bank + "get_text " + quoted(pad.name));
@@ -271,7 +269,7 @@ QString keyLines(const Mapping &mapping, const KeyRecord &record)
     const Control &control = record.control;
     if (control.kind != "pad" && control.kind != "button")
         return mapLine(control.name, otherScript(mapping, record));
-    const Cell &key = mapping.world.keys.at(control.row, control.col);
+    const Cell &key = mapping.world.keys.at({control.row, control.col});
     const Scripts scripts =
         key.id.toInt() >= 0 ? filledKey(mapping, record, key) : emptyKey(mapping, record, key);
     return mapLine(control.name, scripts.first) + mapLine(control.led, scripts.second);

@@ -40,10 +40,10 @@ QString head(const World &world)
            + page;
 }
 
-QString keyLine(const World &world, int row, int col)
+QString keyLine(const World &world, At at)
 {
-    const Cell &cell = (world.isMidi ? world.keys : world.pads).at(row, col);
-    QString line = attribute("row", row) + attribute("column", col) + attribute("name", cell.name)
+    const Cell &cell = (world.isMidi ? world.keys : world.pads).at(at);
+    QString line = attribute("row", at.row) + attribute("column", at.col) + attribute("name", cell.name)
                    + attribute("dspname", cell.dspname) + attribute("pagenr", cell.page)
                    + attribute("id", cell.id);
     if (world.isMidi)
@@ -56,10 +56,8 @@ QString projectText(const World &world)
 {
     QString text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<project " + head(world) + ">\n";
     const Table &table = world.isMidi ? world.keys : world.pads;
-    for (int row = 0; row < table.rows; ++row) {
-        for (int col = 0; col < table.cols; ++col)
-            text += keyLine(world, row, col);
-    }
+    for (const At at : table.places())
+        text += keyLine(world, at);
     return text + "</project>\n";
 }
 
@@ -193,11 +191,10 @@ bool loadProject(World &world, const QString &path)
     const bool isMidi = type == "midi";
     Table &table = isMidi ? world.keys : world.pads;
     for (const Attributes &key : document.keys) {
-        const int row = key.value("row").toInt();
-        const int col = key.value("column").toInt();
+        const At at{key.value("row").toInt(), key.value("column").toInt()};
         tick(world, key.value("id").toInt());
-        if (table.has(row, col))
-            layCell(table.at(row, col), key, row, isMidi);
+        if (table.has(at))
+            layCell(table.at(at), key, at.row, isMidi);
     }
     showOutput(world, isMidi, isMidi ? "MIDI Mapping" : "Pads Page");
     if (!isMidi) {

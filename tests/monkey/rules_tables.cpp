@@ -8,12 +8,6 @@ namespace Rules {
 
 namespace {
 
-struct At
-{
-    int row;
-    int col;
-};
-
 At place(const QString &text)
 {
     return {text.section(',', 0, 0).toInt(), text.section(',', 1).toInt()};
@@ -31,11 +25,11 @@ QString padLabel(int number)
 }
 
 /** The label of a key that was moved away or has a tip: unlike the resting one it counts the bands' corners. */
-QString movedLabel(int row, int col)
+QString movedLabel(At at)
 {
-    if ((row == 0 || row == 11) && (col == 1 || col == 11))
-        return (row == 0 ? "TOP " : "BOTTOM ") + QString::number(col - 1);
-    return restingLabel(row, col);
+    if ((at.row == 0 || at.row == 11) && (at.col == 1 || at.col == 11))
+        return (at.row == 0 ? "TOP " : "BOTTOM ") + QString::number(at.col - 1);
+    return restingLabel(at);
 }
 
 Outcome refused()
@@ -66,10 +60,10 @@ void fill(Cell &cell, const Cell &from)
     cell.textColor = textColor;
 }
 
-void fillPad(World &world, int row, int col, const Cell &from)
+void fillPad(World &world, At at, const Cell &from)
 {
-    fill(world.pads.at(row, col), from);
-    renamePad(world.pads.at(row, col), row, from.name);
+    fill(world.pads.at(at), from);
+    renamePad(world.pads.at(at), at.row, from.name);
 }
 
 void rest(Cell &cell, const QString &label)
@@ -91,7 +85,7 @@ void untick(World &world, int button)
 void untickUnlessOnPads(World &world, int button)
 {
     for (int row = 0; row < world.pads.rows; ++row) {
-        if (world.pads.at(row, 0).id.toInt() == button)
+        if (world.pads.at({row, 0}).id.toInt() == button)
             return;
     }
     untick(world, button);
@@ -106,24 +100,24 @@ void untickUnlessOnKeys(World &world, int button)
     untick(world, button);
 }
 
-void clearKey(World &world, int row, int col)
+void clearKey(World &world, At at)
 {
-    Cell &key = world.keys.at(row, col);
+    Cell &key = world.keys.at(at);
     const int button = key.id.toInt();
-    rest(key, restingLabel(row, col));
+    rest(key, restingLabel(at));
     key.textColor = "#ffffff";
     untickUnlessOnKeys(world, button);
 }
 
 bool isPadInSight(const World &world, At at)
 {
-    return !world.isMidi && world.pads.has(at.row, at.col) && at.row / 8 == world.bank
+    return !world.isMidi && world.pads.has(at) && at.row / 8 == world.bank
            && (at.col == 0 || world.has16Pads);
 }
 
 bool isFilledPadInSight(const World &world, At at)
 {
-    return isPadInSight(world, at) && world.pads.at(at.row, at.col).page != "0";
+    return isPadInSight(world, at) && world.pads.at(at).page != "0";
 }
 
 bool isButtonInSight(const World &world, int button)
@@ -134,8 +128,8 @@ bool isButtonInSight(const World &world, int button)
 /** A pad that takes a Live Button; whether it had another one. */
 bool layOnPad(World &world, int button, At at)
 {
-    const Cell before = world.pads.at(at.row, at.col);
-    fillPad(world, at.row, at.col, dragged(world, button));
+    const Cell before = world.pads.at(at);
+    fillPad(world, at, dragged(world, button));
     tick(world, button);
     if (before.page.toInt() < 1)
         return false;
@@ -145,7 +139,7 @@ bool layOnPad(World &world, int button, At at)
 
 void layOnKey(World &world, int button, At at)
 {
-    Cell &key = world.keys.at(at.row, at.col);
+    Cell &key = world.keys.at(at);
     const Cell before = key;
     fill(key, dragged(world, button));
     tick(world, button);
@@ -177,12 +171,12 @@ Outcome movePad(World &world, const Gesture &gesture)
     const At to = place(gesture, "to");
     if (!isFilledPadInSight(world, from) || !isPadInSight(world, to))
         return Impossible;
-    const Cell before = world.pads.at(to.row, to.col);
-    fillPad(world, to.row, to.col, world.pads.at(from.row, from.col));
+    const Cell before = world.pads.at(to);
+    fillPad(world, to, world.pads.at(from));
     if (before.id == "-1")
-        rest(world.pads.at(from.row, from.col), padLabel(from.row % 8 + 1));
+        rest(world.pads.at(from), padLabel(from.row % 8 + 1));
     else
-        fillPad(world, from.row, from.col, before);
+        fillPad(world, from, before);
     return {};
 }
 
@@ -191,7 +185,7 @@ Outcome movePadOntoLine(World &world, const Gesture &gesture)
     const At from = place(gesture, "from");
     if (!isFilledPadInSight(world, from) || !isPadInSight(world, {place(gesture, "to").row, 0}))
         return Impossible;
-    Cell &pad = world.pads.at(from.row, from.col);
+    Cell &pad = world.pads.at(from);
     renamePad(pad, from.row, {});
     pad.dspname = pad.page = pad.id = pad.color = "";
     return {};
@@ -203,7 +197,7 @@ Outcome rename(World &world, const Gesture &gesture)
     if (!isFilledPadInSight(world, at))
         return Impossible;
     if (gesture.text("key") == "Return")
-        renamePad(world.pads.at(at.row, at.col), at.row, gesture.text("name"));
+        renamePad(world.pads.at(at), at.row, gesture.text("name"));
     return {};
 }
 
@@ -211,9 +205,9 @@ Outcome dropOnKey(World &world, const Gesture &gesture)
 {
     const int button = gesture.number("button");
     const At at = place(gesture, "at");
-    if (!world.isMidi || !isButtonInSight(world, button) || !world.keys.has(at.row, at.col))
+    if (!world.isMidi || !isButtonInSight(world, button) || !world.keys.has(at))
         return Impossible;
-    if (world.keys.at(at.row, at.col).avail != "1")
+    if (world.keys.at(at).avail != "1")
         return refused();
     layOnKey(world, button, at);
     return focusOn("tablecontroller");
@@ -223,25 +217,25 @@ Outcome dropOnKeyLine(World &world, const Gesture &gesture)
 {
     const At at = place(gesture, "at");
     const bool isSeen = world.isMidi && isButtonInSight(world, gesture.number("button"));
-    return isSeen && world.keys.has(at.row, at.col) ? refused() : Impossible;
+    return isSeen && world.keys.has(at) ? refused() : Impossible;
 }
 
 Outcome moveKey(World &world, const Gesture &gesture)
 {
     const At from = place(gesture, "from");
     const At to = place(gesture, "to");
-    if (!world.isMidi || !world.keys.has(from.row, from.col) || !world.keys.has(to.row, to.col))
+    if (!world.isMidi || !world.keys.has(from) || !world.keys.has(to))
         return Impossible;
-    const Cell moved = world.keys.at(from.row, from.col);
-    const Cell before = world.keys.at(to.row, to.col);
+    const Cell moved = world.keys.at(from);
+    const Cell before = world.keys.at(to);
     if (moved.page == "0" || moved.avail != "1")
         return Impossible;
     if (before.avail != "1")
         return refused();
-    fill(world.keys.at(to.row, to.col), moved);
-    Cell &source = world.keys.at(from.row, from.col);
+    fill(world.keys.at(to), moved);
+    Cell &source = world.keys.at(from);
     if (before.id == "-1") {
-        rest(source, movedLabel(from.row, from.col));
+        rest(source, movedLabel(from));
         source.off = source.on = source.blink = "";
     } else {
         fill(source, before);
@@ -255,7 +249,7 @@ int copied(const World &world, const Table &table, const Gesture &gesture)
     if (gesture.words.contains("button"))
         return gesture.number("button");
     const At from = place(gesture, "from");
-    const QString id = table.at(from.row, from.col).id;
+    const QString id = table.at(from).id;
     const int button = id.toInt();
     return id == QString::number(button) && button < world.buttons.size() ? button : -1;
 }
@@ -279,7 +273,7 @@ Outcome pasteOnKey(World &world, const Gesture &gesture)
     const int button = copied(world, world.keys, gesture);
     if (!world.isMidi || (gesture.words.contains("button") && !isButtonInSight(world, button)))
         return Impossible;
-    if (button >= 0 && world.keys.at(at.row, at.col).avail == "1")
+    if (button >= 0 && world.keys.at(at).avail == "1")
         layOnKey(world, button, at);
     return focusOn("tablecontroller");
 }
@@ -298,7 +292,7 @@ Outcome menuOfPad(World &world, const Gesture &gesture)
     const At at = place(gesture, "at");
     if (!isPadInSight(world, at))
         return Impossible;
-    Cell &pad = world.pads.at(at.row, at.col);
+    Cell &pad = world.pads.at(at);
     Outcome outcome;
     if (pad.id.toInt() < 0)
         return outcome;
@@ -327,10 +321,10 @@ QStringList colorEntries(const World &world, const QString &menu, const QString 
     return entries;
 }
 
-QStringList keyMenu(const World &world, int row, int col)
+QStringList keyMenu(const World &world, At at)
 {
-    const Cell &key = world.keys.at(row, col);
-    const bool isSwitch = world.switchRow == row && world.switchCol == col;
+    const Cell &key = world.keys.at(at);
+    const bool isSwitch = world.switchRow == at.row && world.switchCol == at.col;
     QStringList menu;
     if (key.id.toInt() >= 0) {
         menu << "Remove"
@@ -347,7 +341,7 @@ QVector<At> usable(const World &world, const QString &selected)
     QVector<At> cells;
     const QStringList places = selected.split(' ', Qt::SkipEmptyParts);
     for (const QString &text : places) {
-        if (world.keys.at(place(text).row, place(text).col).avail == "1")
+        if (world.keys.at(place(text)).avail == "1")
             cells.append(place(text));
     }
     return cells;
@@ -357,14 +351,14 @@ QVector<At> usable(const World &world, const QString &selected)
 QVector<At> selection(const World &world, const Gesture &gesture)
 {
     const At clicked = place(gesture, "at");
-    const bool isKey = world.keys.at(clicked.row, clicked.col).avail == "1";
+    const bool isKey = world.keys.at(clicked).avail == "1";
     return isKey ? usable(world, gesture.text("selected")) : QVector<At>();
 }
 
 void markSwitch(World &world, At at)
 {
-    clearKey(world, at.row, at.col);
-    Cell &key = world.keys.at(at.row, at.col);
+    clearKey(world, at);
+    Cell &key = world.keys.at(at);
     key.name = key.dspname = "SWITCH";
     key.avail = "0";
     key.textColor = "green";
@@ -376,7 +370,7 @@ void toggleSwitch(World &world, At at)
 {
     const At old{world.switchRow, world.switchCol};
     if (old.row >= 0)
-        clearKey(world, old.row, old.col);
+        clearKey(world, old);
     if (old.row == at.row && old.col == at.col)
         world.switchRow = world.switchCol = -1;
     else
@@ -405,7 +399,7 @@ bool pickColor(World &world, const Gesture &gesture, const Cell &clicked, Outcom
             return true;
     }
     for (const At &at : selection(world, gesture)) {
-        Cell &key = world.keys.at(at.row, at.col);
+        Cell &key = world.keys.at(at);
         (isOff ? key.off : key.on) = color;
     }
     return true;
@@ -416,14 +410,14 @@ void pickBlink(World &world, const Gesture &gesture, const Cell &clicked, Outcom
     outcome.pick = QStringList("Blink");
     const QString blink = clicked.blink == "1" ? "" : "1";
     for (const At &at : selection(world, gesture))
-        world.keys.at(at.row, at.col).blink = blink;
+        world.keys.at(at).blink = blink;
 }
 
 void pickRemove(World &world, const Gesture &gesture, Outcome &outcome)
 {
     outcome.pick = QStringList("Remove");
     for (const At &at : selection(world, gesture))
-        clearKey(world, at.row, at.col);
+        clearKey(world, at);
     outcome.focus = "tablecontroller";
 }
 
@@ -432,7 +426,7 @@ Outcome deletePad(World &world, const Gesture &gesture)
     const At at = place(gesture, "selected");
     if (!isPadInSight(world, at))
         return Impossible;
-    Cell &pad = world.pads.at(at.row, at.col);
+    Cell &pad = world.pads.at(at);
     const int button = pad.id.toInt();
     if (button >= 0) {
         rest(pad, padLabel(at.row % 8 + 1));
@@ -446,12 +440,11 @@ Outcome deleteKeys(World &world, const Gesture &gesture)
     if (!world.isMidi)
         return Impossible;
     const QVector<At> cells = usable(world, gesture.text("selected"));
-    const bool isFilled = std::any_of(cells.cbegin(), cells.cend(), [&world](const At &at) {
-        return world.keys.at(at.row, at.col).id.toInt() >= 0;
-    });
+    const bool isFilled = std::any_of(cells.cbegin(), cells.cend(),
+                                      [&world](const At &at) { return world.keys.at(at).id.toInt() >= 0; });
     for (const At &at : cells) {
         if (isFilled)
-            clearKey(world, at.row, at.col);
+            clearKey(world, at);
     }
     return focusOn("tablecontroller");
 }
@@ -461,14 +454,14 @@ Outcome menuOfKey(World &world, const Gesture &gesture)
     const At at = place(gesture, "at");
     const QString pick = gesture.text("pick");
     // The corner lies under the button "Clean". A cell that can be selected is, by the click.
-    if (!world.isMidi || !world.keys.has(at.row, at.col) || (at.row == 0 && at.col == 0))
+    if (!world.isMidi || !world.keys.has(at) || (at.row == 0 && at.col == 0))
         return Impossible;
-    const Cell clicked = world.keys.at(at.row, at.col);
+    const Cell clicked = world.keys.at(at);
     const QStringList selected = gesture.text("selected").split(' ', Qt::SkipEmptyParts);
     if (clicked.avail == "1" && !selected.contains(gesture.text("at")))
         return Impossible;
     Outcome outcome;
-    outcome.menu = keyMenu(world, at.row, at.col);
+    outcome.menu = keyMenu(world, at);
     if (pick == "none")
         return outcome;
     if (pick == "switch") {
@@ -490,6 +483,14 @@ Outcome menuOfKey(World &world, const Gesture &gesture)
 
 } // namespace
 
+QVector<At> Table::places() const
+{
+    QVector<At> all;
+    for (int place = 0; place < rows * cols; ++place)
+        all.append({place / cols, place % cols});
+    return all;
+}
+
 /** The text form of a kept colour: a hash and six small digits. What is no colour counts as black. */
 QString colorName(const QString &kept)
 {
@@ -497,22 +498,22 @@ QString colorName(const QString &kept)
     return digits.match(kept).hasMatch() ? kept.toLower() : "#000000";
 }
 
-QString padTip(const World &world, int row, int col)
+QString padTip(const World &world, At at)
 {
-    const Cell &pad = world.pads.at(row, col);
+    const Cell &pad = world.pads.at(at);
     if (pad.id == "-1")
         return {};
-    return padLabel(row + 1) + " \nLive Button: " + pad.dspname + " \nDisplay Text: " + pad.name
+    return padLabel(at.row + 1) + " \nLive Button: " + pad.dspname + " \nDisplay Text: " + pad.name
            + "\n\nDouble-click to edit Text\nRight-click to Remove";
 }
 
 /** Its pictures told as "<img COLOR>". */
-QString keyTip(const World &world, int row, int col)
+QString keyTip(const World &world, At at)
 {
-    const Cell &key = world.keys.at(row, col);
+    const Cell &key = world.keys.at(at);
     if (key.id == "-1" || key.avail == "0")
         return {};
-    QString tip = movedLabel(row, col) + "<br>Live Button: " + key.name;
+    QString tip = movedLabel(at) + "<br>Live Button: " + key.name;
     if (!key.off.isEmpty())
         tip += "<br>Off Color : <img " + key.off + ">";
     if (!key.on.isEmpty())
@@ -567,11 +568,9 @@ void retick(World &world)
 {
     QStringList numbers;
     const Table &table = world.isMidi ? world.keys : world.pads;
-    for (int row = 0; row < table.rows; ++row) {
-        for (int col = 0; col < (world.isMidi ? table.cols : 1); ++col) {
-            if (table.at(row, col).id.toInt() >= 0)
-                numbers.append(table.at(row, col).id);
-        }
+    for (const At at : table.places()) {
+        if (table.at(at).id.toInt() >= 0 && (world.isMidi || at.col == 0))
+            numbers.append(table.at(at).id);
     }
     for (int i = 0; i < world.buttons.size(); ++i)
         world.buttons[i].isTicked = numbers.contains(QString::number(i));
@@ -579,28 +578,19 @@ void retick(World &world)
 
 void emptyPads(World &world)
 {
-    world.pads.cells.clear();
-    for (int row = 0; row < 64; ++row) {
-        for (int col = 0; col < 2; ++col) {
-            Cell pad;
-            rest(pad, padLabel(row % 8 + 1 + 8 * col));
-            world.pads.cells.append(pad);
-        }
-    }
+    world.pads.cells = QVector<Cell>(world.pads.rows * world.pads.cols);
+    for (const At at : world.pads.places())
+        rest(world.pads.at(at), padLabel(at.row % 8 + 1 + 8 * at.col));
     world.bank = 0;
     world.bankField = world.banks.value(0);
 }
 
 void emptyKeys(World &world)
 {
-    world.keys.cells.clear();
-    for (int row = 0; row < 12; ++row) {
-        for (int col = 0; col < 12; ++col) {
-            Cell key;
-            rest(key, restingLabel(row, col));
-            key.avail = hasKey(world.devices.value(world.device), row, col) ? "1" : "0";
-            world.keys.cells.append(key);
-        }
+    world.keys.cells = QVector<Cell>(world.keys.rows * world.keys.cols);
+    for (const At at : world.keys.places()) {
+        rest(world.keys.at(at), restingLabel(at));
+        world.keys.at(at).avail = hasKey(world.devices.value(world.device), at) ? "1" : "0";
     }
 }
 
