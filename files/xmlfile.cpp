@@ -3,6 +3,7 @@
 #include "files/digit.h"
 #include "files/readfile.h"
 
+#include <QRegularExpression>
 #include <QStringView>
 #include <QTextCodec>
 #include <QXmlStreamReader>
@@ -182,6 +183,37 @@ bool isForTheParser(QStringView text)
     return false;
 }
 
+/**
+ * What all readers read alike: in ASCII, a root with empty elements of other names, few attributes in each, no signs
+ * by number. Each piece is taken for good, so that a document of any kind is looked through but once.
+ */
+QRegularExpression plainDocument()
+{
+    const QString blank = R"([ \t\r\n])";
+    const QString signs = "[ !#-%'-;=?-~]*+";
+    const QString value = '"' + signs + "(?:&(?:amp|lt|gt|quot|apos);" + signs + ")*+\"";
+    const QString again = "(?:" + blank + R"(++[a-z]++="[^"]*+")*?)" + blank + R"(++\g{-1}=)";
+    const QString attribute = blank + "++([a-z]++)=" + value + "(?!" + again + ")";
+    const QString attributes = "(?:" + attribute + "){0,8}+" + blank + "*+";
+    const QString element = blank + "*+<(?!\\k<root>\\b)[a-z]++" + attributes + "/>";
+    return QRegularExpression(R"(\A(?:<\?xml version="1\.0"(?: encoding="(?:UTF|utf)-8")?\?>)?)" + blank
+                              + "*+<(?<root>[a-z]++)(?<attributes>" + attributes + ")>(?:" + element + ")*+"
+                              + blank + "*+</\\k<root>>" + blank + R"(*+\z)");
+}
+
+/** What streamXmlAttributes() finds in a plain document; nothing where a document is not one, or has another root. */
+std::optional<QStringList> plainXmlAttributes(const QByteArray &bytes, const QString &element,
+                                              const QString &attribute)
+{
+    static const QRegularExpression plain = plainDocument();
+    const QRegularExpressionMatch match = plain.match(QString::fromLatin1(bytes));
+    if (!match.hasMatch() || match.captured("root") != element)
+        return {};
+    QXmlStreamReader root("<root" + match.captured("attributes") + "/>");
+    root.readNextStartElement();
+    return {{root.attributes().value(attribute).toString()}};
+}
+
 } // namespace
 
 QDomDocument parseXml(const QByteArray &bytes)
@@ -196,6 +228,9 @@ QDomDocument parseXml(const QByteArray &bytes)
 std::optional<QStringList> streamXmlAttributes(const QByteArray &bytes, const QString &element,
                                                const QString &attribute)
 {
+    if (const auto values = plainXmlAttributes(bytes, element, attribute))
+        return values;
+
     const QString text = decoded(bytes);
     if (holdsNull(text) || isForTheParser(text))
         return {};

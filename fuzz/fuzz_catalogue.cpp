@@ -61,6 +61,10 @@ void tryInput(const QByteArray &input)
     expect(!document.toString().contains(QChar::Null), "no document holds U+0000");
     expect(document.doctype().entities().isEmpty(), "no document declares entities");
 
+    const auto streamed = streamXmlAttributes(input, "mapper", "device");
+    expect(!streamed || *streamed == xmlAttributes(document, "mapper", "device"),
+           "a stream tells what the parser tells");
+
     for (const CatalogueEntry &entry : readCatalogue(file.path()))
         expectEntry(entry, file);
 

@@ -143,6 +143,19 @@ void TestMappers::finds_data()
         << Files{{"A.xml", "<a>" + mapper("ONE") + "<b>" + mapper("TWO", mapper("THREE")) + "</b></a>"}}
         << QStringList{"device=ONE | name=A | path=A.xml", "device=TWO | name=A | path=A.xml",
                        "device=THREE | name=A | path=A.xml"};
+    QTest::newRow("as VirtualDJ writes it")
+        << Files{{"A.xml", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"
+                           "<mapper author=\" device=\" device=\"&quot;A &amp; B&quot;\" version=\"850\">\r\n"
+                           "\t<map value=\"PLAY\" action=\"play &amp; sync\" />\r\n</mapper>\r\n"}}
+        << QStringList{"device=\"A & B\" | name=A | path=A.xml"};
+    QTest::newRow("one mapper within the other, as VirtualDJ writes them")
+        << Files{{"A.xml", "<mapper device=\"ONE\"><map value=\"A\"/><mapper device=\"TWO\"/></mapper>"}}
+        << QStringList{"device=ONE | name=A | path=A.xml", "device=TWO | name=A | path=A.xml"};
+    QTest::newRow("of an attribute told twice the last")
+        << Files{{"A.xml", "<mapper device=\"ONE\" device=\"TWO\"></mapper>"},
+                 {"B.xml", "<mapper device=\"ONE\"><map value=\"A\" action=\"b\" value=\"B\"/></mapper>"},
+                 {"C.xml", "<mapper device=\"ONE\"><map value=\"A\"/></mapper><mapper device=\"TWO\"/>"}}
+        << QStringList{"device=TWO | name=A | path=A.xml", "device=ONE | name=B | path=B.xml"};
     QTest::newRow("by file name without case")
         << Files{{"delta.xml", mapper("D")},
                  {"Charlie.xml", mapper("C")},

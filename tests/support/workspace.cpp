@@ -3,6 +3,7 @@
 #include "support/files.h"
 #include "support/home.h"
 #include "support/models.h"
+#include "support/texts.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -26,9 +27,9 @@ QString leftIn(const QModelIndex &cell, const QString &label)
         {Qt::DisplayRole, label},
         {Qt::EditRole, label},
         {DisplayNameRole, label},
-        {PageRole, "0"},
-        {Qt::DecorationRole, QColor(Qt::black)},
-        {ButtonRole, "-1"},
+        {PageRole, Texts::NoPage},
+        {Qt::DecorationRole, QColor(Texts::NoColor)},
+        {ButtonRole, Texts::NoButton},
     };
     for (const auto &[role, value] : expected) {
         if (cell.data(role) != value)
@@ -39,26 +40,6 @@ QString leftIn(const QModelIndex &cell, const QString &label)
                 .arg(cell.data(role).toString());
     }
     return {};
-}
-
-/** The labels of the grid, cell by cell. */
-QVector<QStringList> gridLabels()
-{
-    QStringList row;
-    for (int col = 0; col < 12; ++col)
-        row.append(QString());
-    QVector<QStringList> labels(12, row);
-    int pad = 0;
-    for (int i = 1; i <= 8; ++i) {
-        const QString number = QString::number(i);
-        labels[0][i + 1] = "TOP " + number;
-        labels[11][i + 1] = "BOTTOM " + number;
-        labels[i + 1][0] = "LEFT " + number;
-        labels[i + 1][11] = "RIGHT " + number;
-        for (int col = 2; col <= 9; ++col)
-            labels[i + 1][col] = "PAD " + QString::number(++pad);
-    }
-    return labels;
 }
 
 } // namespace
@@ -293,8 +274,7 @@ QString Workspace::leftOnPads()
         return QString("%1 rows, %2 columns").arg(pads()->rowCount()).arg(pads()->columnCount());
     for (int row = 0; row < 64; ++row) {
         for (int col = 0; col < 2; ++col) {
-            const QString label = "PAD " + QString::number(row % 8 + 1 + col * 8);
-            if (QString left = leftIn(pads()->index(row, col), label); !left.isEmpty())
+            if (QString left = leftIn(pads()->index(row, col), Texts::padLabel(row, col)); !left.isEmpty())
                 return left;
         }
     }
@@ -305,11 +285,10 @@ QString Workspace::leftOnGrid()
 {
     if (grid()->rowCount() != 12 || grid()->columnCount() != 12)
         return QString("%1 rows, %2 columns").arg(grid()->rowCount()).arg(grid()->columnCount());
-    const QVector<QStringList> labels = gridLabels();
     for (int row = 0; row < 12; ++row) {
         for (int col = 0; col < 12; ++col) {
             const QModelIndex key = grid()->index(row, col);
-            if (QString left = leftIn(key, labels.at(row).at(col)); !left.isEmpty())
+            if (QString left = leftIn(key, Texts::keyLabel(row, col)); !left.isEmpty())
                 return left;
             if (!key.data(OffColorRole).toString().isEmpty() || !key.data(OnColorRole).toString().isEmpty()
                 || key.data(BlinkRole) != QVariant("0"))

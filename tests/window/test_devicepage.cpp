@@ -11,11 +11,6 @@
 
 namespace {
 
-const QStringList AkaiPalette = {"black", "green", "red", "yellow"};
-const QStringList ClassicPalette = {"#000000", "#550000", "#AA0000", "#FF0000", "#005500", "#00AA00",
-                                    "#00FF00", "#555500", "#AA5500", "#FF5500", "#55AA00", "#AAAA00",
-                                    "#FFAA00", "#55FF00", "#AAFF00", "#FFFF00"};
-
 using namespace Devices;
 
 const QStringList AkaiKeys = {

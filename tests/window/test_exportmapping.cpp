@@ -87,10 +87,6 @@ struct Device
     QList<Control> controls; ///< in the order of the file
 };
 
-const QStringList ClassicPalette = {"#000000", "#550000", "#AA0000", "#FF0000", "#005500", "#00AA00",
-                                    "#00FF00", "#555500", "#AA5500", "#FF5500", "#55AA00", "#AAAA00",
-                                    "#FFAA00", "#55FF00", "#AAFF00", "#FFFF00"};
-
 QStringList numbered(const QString &word, int count)
 {
     QStringList names;

@@ -16,11 +16,6 @@ namespace {
 
 using namespace Devices;
 
-const QStringList AkaiPalette = {"black", "green", "red", "yellow"};
-const QStringList ClassicPalette = {"#000000", "#550000", "#AA0000", "#FF0000", "#005500", "#00AA00",
-                                    "#00FF00", "#555500", "#AA5500", "#FF5500", "#55AA00", "#AAAA00",
-                                    "#FFAA00", "#55FF00", "#AAFF00", "#FFFF00"};
-
 const char MenuSheet[] = "QMenu {padding: 2px; background-color: black; border:1px solid #505050;}"
                          "QMenu::item{color:#aaaaaa; background-color: #101010;}"
                          "QMenu::item:selected{color:white;background: #404040;}"
