@@ -240,127 +240,102 @@ void TestKeyRecords::merges_data()
     QTest::addColumn<QByteArray>("layout");
     QTest::addColumn<QByteArray>("mapper");
     QTest::addColumn<QStringList>("records");
+    const auto row = [](const char *name, const QByteArray &layout, const QByteArray &mapper,
+                        const QStringList &records) { QTest::newRow(name) << layout << mapper << records; };
     const QByteArray both = map("A", "play") + map("LED_A", "loaded");
-
-    QTest::newRow("pad") << QByteArray("<pad name='A' row='2' col='9' colorled='LED_' group='top'/>") << both
-                         << QStringList{pad("A", "LED_A", "play", "loaded", "2", "9")};
-    QTest::newRow("button with a simple LED")
-        << QByteArray("<button name='A' row='11' col='2' led='LED_' group='bottom'/>") << both
-        << QStringList{button("A", "led", "LED_A", "play", "loaded", "11", "2")};
-    QTest::newRow("button with a colour LED")
-        << QByteArray("<button name='A' row='0' col='2' colorled='LED_'/>") << both
-        << QStringList{button("A", "color", "LED_A", "play", "loaded", "0", "2")};
-    QTest::newRow("slider has no LED")
-        << QByteArray("<slider name='A' row='10' col='0' led='LED_' colorled='LED_'/>") << both
-        << QStringList{plain("slider", "A", "play", "10", "0")};
-    QTest::newRow("ignored control has no LED") << QByteArray("<ignore name='A' led='LED_' colorled='LED_'/>")
-                                                << both << QStringList{plain("ignore", "A", "play")};
-    QTest::newRow("ignored control with a cell") << QByteArray("<ignore name='A' row='3' col='4'/>") << both
-                                                 << QStringList{plain("ignore", "A", "play", "3", "4")};
-    QTest::newRow("empty control has no LED") << QByteArray("<empty name='A' led='LED_' colorled='LED_'/>")
-                                              << both << QStringList{plain("empty", "A", "play")};
-    QTest::newRow("empty control with a cell") << QByteArray("<empty name='A' row='3' col='4'/>") << both
-                                               << QStringList{plain("empty", "A", "play", "3", "4")};
-    QTest::newRow("all kinds without a row in the mapper")
-        << QByteArray(
-               "<empty name='E'/><ignore name='I'/><slider name='S'/><button name='B'/><pad name='P'/>")
-        << both
-        << QStringList{pad("P", "P", "", ""), button("B", "led", "B", "", ""), plain("slider", "S", ""),
-                       plain("ignore", "I", ""), plain("empty", "E", "")};
-    QTest::newRow("all kinds without attributes")
-        << QByteArray("<empty/><ignore/><slider/><button/><pad/>") << both
-        << QStringList{pad("", "", "", ""), button("", "led", "", "", ""), plain("slider", "", ""),
-                       plain("ignore", "", ""), plain("empty", "", "")};
-    QTest::newRow("kind by kind, each in the order of the layout")
-        << QByteArray(
-               "<empty name='1'/><pad name='2'/><ignore name='3'/><button name='4'/><slider name='5'/>"
-               "<button name='6'/><pad name='7'/><slider name='8'/><empty name='9'/><ignore name='0'/>")
-        << QByteArray() << QStringList{pad("2", "2", "", ""),           pad("7", "7", "", ""),
-                                       button("4", "led", "4", "", ""), button("6", "led", "6", "", ""),
-                                       plain("slider", "5", ""),        plain("slider", "8", ""),
-                                       plain("ignore", "3", ""),        plain("ignore", "0", ""),
-                                       plain("empty", "1", ""),         plain("empty", "9", "")};
-    QTest::newRow("controls in controls and in foreign elements")
-        << QByteArray("<pad name='1'><pad name='2'/><x><y><pad name='3'/></y></x></pad><pad name='4'/>")
-        << QByteArray()
-        << QStringList{pad("1", "1", "", ""), pad("2", "2", "", ""), pad("3", "3", "", ""),
-                       pad("4", "4", "", "")};
-    QTest::newRow("rows in rows and in foreign elements of the mapper")
-        << QByteArray("<slider name='A'/><slider name='B'/>")
-        << QByteArray("<x><map value='A' action='play'><map value='B' action='cue'/></map></x>")
-        << QStringList{plain("slider", "A", "play"), plain("slider", "B", "cue")};
-    QTest::newRow("last row of a name counts, even an empty one")
-        << QByteArray("<pad name='A' colorled='LED_'/><slider name='B'/><button name='C' led='LED_'/>")
-        << map("A", "1") + map("LED_A", "2") + map("B", "3") + map("LED_C", "4") + map("A", "5")
-               + map("LED_A", "6") + map("B", "") + map("LED_C", "7")
-        << QStringList{pad("A", "LED_A", "5", "6"), button("C", "led", "LED_C", "", "7"),
-                       plain("slider", "B", "")};
-    QTest::newRow("last row of a name counts, even without an action")
-        << QByteArray("<slider name='A'/>") << map("A", "1") + "<map value='A'/>"
-        << QStringList{plain("slider", "A", "")};
-    QTest::newRow("last row of a name counts, even in a row before it")
-        << QByteArray("<slider name='A'/>")
-        << QByteArray("<map value='A' action='outer'><map value='A' action='inner'/></map>")
-        << QStringList{plain("slider", "A", "inner")};
-    QTest::newRow("pad without a LED prefix: one row fills both")
-        << QByteArray("<pad name='A'/>") << both << QStringList{pad("A", "A", "play", "play")};
-    QTest::newRow("pad with an empty LED prefix: one row fills both")
-        << QByteArray("<pad name='A' colorled=''/>") << both << QStringList{pad("A", "A", "play", "play")};
-    QTest::newRow("pad with the prefix of a simple LED only")
-        << QByteArray("<pad name='A' led='LED_'/>") << both << QStringList{pad("A", "A", "play", "play")};
-    QTest::newRow("button without a LED prefix: one row fills both")
-        << QByteArray("<button name='A'/>") << both << QStringList{button("A", "led", "A", "play", "play")};
-    QTest::newRow("button with both prefixes")
-        << QByteArray("<button name='A' led='L_' colorled='LED_'/>") << both + map("L_A", "wrong")
-        << QStringList{button("A", "color", "LED_A", "play", "loaded")};
-    QTest::newRow("button with an empty colour prefix")
-        << QByteArray("<button name='A' led='LED_' colorled=''/>") << both
-        << QStringList{button("A", "led", "LED_A", "play", "loaded")};
-    QTest::newRow("row without a name belongs to the control without a name")
-        << QByteArray("<slider/><slider name=''/><slider name='A'/>") << QByteArray("<map action='play'/>")
-        << QStringList{plain("slider", "", "play"), plain("slider", "", "play"), plain("slider", "A", "")};
-    QTest::newRow("pad without a name has its prefix for a LED")
-        << QByteArray("<pad colorled='LED_'/>") << map("LED_", "loaded") + map("", "play")
-        << QStringList{pad("", "LED_", "play", "loaded")};
-    QTest::newRow("same name in several controls")
-        << QByteArray("<pad name='A' row='1'/><pad name='A' row='2'/><ignore name='A'/><ignore name='A'/>")
-        << both
-        << QStringList{pad("A", "A", "play", "play", "1"), pad("A", "A", "play", "play", "2"),
-                       plain("ignore", "A", "play"), plain("ignore", "A", "play")};
-    QTest::newRow("LED name of one control is the name of another")
-        << QByteArray("<pad name='A' colorled='LED_'/><pad name='LED_A'/>") << both
-        << QStringList{pad("A", "LED_A", "play", "loaded"), pad("LED_A", "LED_A", "loaded", "loaded")};
-    QTest::newRow("names in another case")
-        << QByteArray("<pad name='a' colorled='led_'/><slider name='A '/><slider name='A'/>") << both
-        << QStringList{pad("a", "led_a", "", ""), plain("slider", "A ", ""), plain("slider", "A", "play")};
-    QTest::newRow("elements and attributes in another case")
-        << QByteArray("<Pad name='A'/><PAD name='A'/><slider Name='A' ROW='1'/>")
-        << QByteArray("<Map value='' action='x'/><map Value='A' action='y'/><map value='A' Action='z'/>")
-        << QStringList{plain("slider", "", "y")};
-    QTest::newRow("elements with a prefix are others")
-        << QByteArray("<x:pad xmlns:x='urn:x' name='A'/>") << both << QStringList();
-    QTest::newRow("entities are decoded")
-        << QByteArray("<slider name='A&amp;B' row='&lt;1&gt;' col='&#50;'/>")
-        << QByteArray("<map value='A&#38;B' action='set &apos;x&apos; &amp; say &quot;&#xFC;&quot; &lt;'/>")
-        << QStringList{plain("slider", "A&B", QString::fromUtf8("set 'x' & say \"ü\" <"), "<1>", "2")};
-    QTest::newRow("an entity is decoded once")
-        << QByteArray("<slider name='A'/>") << map("A", "set &amp;apos;x&amp;apos;")
-        << QStringList{plain("slider", "A", "set &apos;x&apos;")};
-    QTest::newRow("line breaks and tabs in attributes stay")
-        << QByteArray("<slider name='A\tB' row='1\n2'/>") << map("A\tB", "play\n\t&amp; sync")
-        << QStringList{plain("slider", "A\tB", "play\n\t& sync", "1\n2")};
-    QTest::newRow("numbers are texts") << QByteArray("<slider name='A' row=' 02 ' col='two'/>") << both
-                                       << QStringList{plain("slider", "A", "play", " 02 ", "two")};
-    QTest::newRow("comments hold no controls and no rows")
-        << QByteArray("<!--<pad name='B'/>--><slider name='A'/>") << "<!--" + map("A", "no") + "-->"
-        << QStringList{plain("slider", "A", "")};
-    QTest::newRow("marked text holds no controls and no rows")
-        << QByteArray("<![CDATA[<pad name='B'/>]]><slider name='A'/>") << "<![CDATA[" + map("A", "no") + "]]>"
-        << QStringList{plain("slider", "A", "")};
-    QTest::newRow("letters beyond ASCII")
-        << QByteArray("<slider name='\xC3\x9C'/>") << map("\xC3\x9C", "\xE2\x82\xAC")
-        << QStringList{plain("slider", QString::fromUtf8("Ü"), QString::fromUtf8("€"))};
-    QTest::newRow("no controls") << QByteArray("<other name='A'/><led name='A'/>") << both << QStringList();
+    row("pad", "<pad name='A' row='2' col='9' colorled='LED_' group='top'/>", both,
+        {pad("A", "LED_A", "play", "loaded", "2", "9")});
+    row("button with a simple LED", "<button name='A' row='11' col='2' led='LED_' group='bottom'/>", both,
+        {button("A", "led", "LED_A", "play", "loaded", "11", "2")});
+    row("button with a colour LED", "<button name='A' row='0' col='2' colorled='LED_'/>", both,
+        {button("A", "color", "LED_A", "play", "loaded", "0", "2")});
+    row("slider has no LED", "<slider name='A' row='10' col='0' led='LED_' colorled='LED_'/>", both,
+        {plain("slider", "A", "play", "10", "0")});
+    row("ignored control has no LED", "<ignore name='A' led='LED_' colorled='LED_'/>", both,
+        {plain("ignore", "A", "play")});
+    row("ignored control with a cell", "<ignore name='A' row='3' col='4'/>", both,
+        {plain("ignore", "A", "play", "3", "4")});
+    row("empty control has no LED", "<empty name='A' led='LED_' colorled='LED_'/>", both,
+        {plain("empty", "A", "play")});
+    row("empty control with a cell", "<empty name='A' row='3' col='4'/>", both,
+        {plain("empty", "A", "play", "3", "4")});
+    row("all kinds without a row in the mapper",
+        "<empty name='E'/><ignore name='I'/><slider name='S'/><button name='B'/><pad name='P'/>", both,
+        {pad("P", "P", "", ""), button("B", "led", "B", "", ""), plain("slider", "S", ""),
+         plain("ignore", "I", ""), plain("empty", "E", "")});
+    row("all kinds without attributes", "<empty/><ignore/><slider/><button/><pad/>", both,
+        {pad("", "", "", ""), button("", "led", "", "", ""), plain("slider", "", ""), plain("ignore", "", ""),
+         plain("empty", "", "")});
+    row("kind by kind, each in the order of the layout",
+        "<empty name='1'/><pad name='2'/><ignore name='3'/><button name='4'/><slider name='5'/>"
+        "<button name='6'/><pad name='7'/><slider name='8'/><empty name='9'/><ignore name='0'/>",
+        "",
+        {pad("2", "2", "", ""), pad("7", "7", "", ""), button("4", "led", "4", "", ""),
+         button("6", "led", "6", "", ""), plain("slider", "5", ""), plain("slider", "8", ""),
+         plain("ignore", "3", ""), plain("ignore", "0", ""), plain("empty", "1", ""),
+         plain("empty", "9", "")});
+    row("controls in controls and in foreign elements",
+        "<pad name='1'><pad name='2'/><x><y><pad name='3'/></y></x></pad><pad name='4'/>", "",
+        {pad("1", "1", "", ""), pad("2", "2", "", ""), pad("3", "3", "", ""), pad("4", "4", "", "")});
+    row("rows in rows and in foreign elements of the mapper", "<slider name='A'/><slider name='B'/>",
+        "<x><map value='A' action='play'><map value='B' action='cue'/></map></x>",
+        {plain("slider", "A", "play"), plain("slider", "B", "cue")});
+    row("last row of a name counts, even an empty one",
+        "<pad name='A' colorled='LED_'/><slider name='B'/><button name='C' led='LED_'/>",
+        map("A", "1") + map("LED_A", "2") + map("B", "3") + map("LED_C", "4") + map("A", "5")
+            + map("LED_A", "6") + map("B", "") + map("LED_C", "7"),
+        {pad("A", "LED_A", "5", "6"), button("C", "led", "LED_C", "", "7"), plain("slider", "B", "")});
+    row("last row of a name counts, even without an action", "<slider name='A'/>",
+        map("A", "1") + "<map value='A'/>", {plain("slider", "A", "")});
+    row("last row of a name counts, even in a row before it", "<slider name='A'/>",
+        "<map value='A' action='outer'><map value='A' action='inner'/></map>",
+        {plain("slider", "A", "inner")});
+    row("pad without a LED prefix: one row fills both", "<pad name='A'/>", both,
+        {pad("A", "A", "play", "play")});
+    row("pad with an empty LED prefix: one row fills both", "<pad name='A' colorled=''/>", both,
+        {pad("A", "A", "play", "play")});
+    row("pad with the prefix of a simple LED only", "<pad name='A' led='LED_'/>", both,
+        {pad("A", "A", "play", "play")});
+    row("button without a LED prefix: one row fills both", "<button name='A'/>", both,
+        {button("A", "led", "A", "play", "play")});
+    row("button with both prefixes", "<button name='A' led='L_' colorled='LED_'/>",
+        both + map("L_A", "wrong"), {button("A", "color", "LED_A", "play", "loaded")});
+    row("button with an empty colour prefix", "<button name='A' led='LED_' colorled=''/>", both,
+        {button("A", "led", "LED_A", "play", "loaded")});
+    row("row without a name belongs to the control without a name",
+        "<slider/><slider name=''/><slider name='A'/>", "<map action='play'/>",
+        {plain("slider", "", "play"), plain("slider", "", "play"), plain("slider", "A", "")});
+    row("pad without a name has its prefix for a LED", "<pad colorled='LED_'/>",
+        map("LED_", "loaded") + map("", "play"), {pad("", "LED_", "play", "loaded")});
+    row("same name in several controls",
+        "<pad name='A' row='1'/><pad name='A' row='2'/><ignore name='A'/><ignore name='A'/>", both,
+        {pad("A", "A", "play", "play", "1"), pad("A", "A", "play", "play", "2"), plain("ignore", "A", "play"),
+         plain("ignore", "A", "play")});
+    row("LED name of one control is the name of another",
+        "<pad name='A' colorled='LED_'/><pad name='LED_A'/>", both,
+        {pad("A", "LED_A", "play", "loaded"), pad("LED_A", "LED_A", "loaded", "loaded")});
+    row("names in another case", "<pad name='a' colorled='led_'/><slider name='A '/><slider name='A'/>", both,
+        {pad("a", "led_a", "", ""), plain("slider", "A ", ""), plain("slider", "A", "play")});
+    row("elements and attributes in another case", "<Pad name='A'/><PAD name='A'/><slider Name='A' ROW='1'/>",
+        "<Map value='' action='x'/><map Value='A' action='y'/><map value='A' Action='z'/>",
+        {plain("slider", "", "y")});
+    row("elements with a prefix are others", "<x:pad xmlns:x='urn:x' name='A'/>", both, {});
+    row("entities are decoded", "<slider name='A&amp;B' row='&lt;1&gt;' col='&#50;'/>",
+        "<map value='A&#38;B' action='set &apos;x&apos; &amp; say &quot;&#xFC;&quot; &lt;'/>",
+        {plain("slider", "A&B", QString::fromUtf8("set 'x' & say \"ü\" <"), "<1>", "2")});
+    row("an entity is decoded once", "<slider name='A'/>", map("A", "set &amp;apos;x&amp;apos;"),
+        {plain("slider", "A", "set &apos;x&apos;")});
+    row("line breaks and tabs in attributes stay", "<slider name='A\tB' row='1\n2'/>",
+        map("A\tB", "play\n\t&amp; sync"), {plain("slider", "A\tB", "play\n\t& sync", "1\n2")});
+    row("numbers are texts", "<slider name='A' row=' 02 ' col='two'/>", both,
+        {plain("slider", "A", "play", " 02 ", "two")});
+    row("comments hold no controls and no rows", "<!--<pad name='B'/>--><slider name='A'/>",
+        "<!--" + map("A", "no") + "-->", {plain("slider", "A", "")});
+    row("marked text holds no controls and no rows", "<![CDATA[<pad name='B'/>]]><slider name='A'/>",
+        "<![CDATA[" + map("A", "no") + "]]>", {plain("slider", "A", "")});
+    row("letters beyond ASCII", "<slider name='\xC3\x9C'/>", map("\xC3\x9C", "\xE2\x82\xAC"),
+        {plain("slider", QString::fromUtf8("Ü"), QString::fromUtf8("€"))});
+    row("no controls", "<other name='A'/><led name='A'/>", both, {});
 }
 
 void TestKeyRecords::merges()
