@@ -1,6 +1,7 @@
 #include "project/projectfile.h"
 #include "support/files.h"
 #include "support/processortime.h"
+#include "support/texts.h"
 #include "tables/controller.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
@@ -8,6 +9,7 @@
 #include <QColor>
 #include <QDomDocument>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QStandardItemModel>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -50,28 +52,13 @@ bool fillWithEmptyPads(QAbstractItemModel &pads)
     bool isFilled = pads.insertRows(0, 64);
     for (int row = 0; row < 64; ++row) {
         for (int column = 0; column < 2; ++column) {
-            const QString label = "PAD " + QString::number(row % 8 + 1 + 8 * column);
-            isFilled = isFilled && set(pads, row, column, PadRoles, {label, label, "0", "-1", "#000000"});
+            const QString label = Texts::padLabel(row, column);
+            isFilled = isFilled
+                       && set(pads, row, column, PadRoles,
+                              {label, label, Texts::NoPage, Texts::NoButton, Texts::NoColor});
         }
     }
     return isFilled;
-}
-
-QString gridLabel(int row, int column)
-{
-    const bool isGap = row == 1 || row == 10 || column == 1 || column == 10;
-    const bool isCorner = (row == 0 || row == 11) && (column == 0 || column == 11);
-    if (isGap || isCorner)
-        return {};
-    if (row == 0)
-        return "TOP " + QString::number(column - 1);
-    if (row == 11)
-        return "BOTTOM " + QString::number(column - 1);
-    if (column == 0)
-        return "LEFT " + QString::number(row - 1);
-    if (column == 11)
-        return "RIGHT " + QString::number(row - 1);
-    return "PAD " + QString::number((row - 2) * 8 + column - 1);
 }
 
 /** Fills a grid with the empty keys of the AKAI: a band at the bottom, another at the right. */
@@ -83,10 +70,11 @@ bool fillWithEmptyKeys(QAbstractItemModel &grid)
             const bool inRows = row >= 2 && row <= 9;
             const bool inColumns = column >= 2 && column <= 9;
             const bool isKey = (inRows && (inColumns || column == 11)) || (row == 11 && inColumns);
-            const QString label = gridLabel(row, column);
+            const QString label = Texts::keyLabel(row, column);
             isFilled = isFilled
                        && set(grid, row, column, KeyRoles,
-                              {label, label, "0", "-1", isKey ? "1" : "0", "", "", "0", "#000000"});
+                              {label, label, Texts::NoPage, Texts::NoButton, isKey ? "1" : "0", "", "", "0",
+                               Texts::NoColor});
         }
     }
     return isFilled;
@@ -107,21 +95,6 @@ QDomDocument parsed(const QByteArray &xml)
 {
     QDomDocument document;
     return document.setContent(xml) ? document : QDomDocument();
-}
-
-/** All that a table keeps, one text a cell. */
-QStringList contentOf(const QAbstractItemModel &table)
-{
-    QStringList cells;
-    for (int row = 0; row < table.rowCount(); ++row) {
-        for (int column = 0; column < table.columnCount(); ++column) {
-            QString cell = QString("%1,%2").arg(row).arg(column);
-            for (const int role : KeyRoles)
-                cell += "|" + table.index(row, column).data(role).toString();
-            cells += cell;
-        }
-    }
-    return cells;
 }
 
 /** A table that notes what is written into it; twelve rows and columns. */
@@ -161,6 +134,20 @@ QByteArray keyAt(const QByteArray &row, const QByteArray &column, const QByteArr
 QByteArray projectOf(const QByteArray &content)
 {
     return "<project type=\"pads\" show=\"s\" >" + content + "</project>";
+}
+
+/** The settings of a document's first project. */
+ProjectSettings settingsOf(const QByteArray &xml)
+{
+    return projectSettings(parsed(xml)).value(0);
+}
+
+/** Lays a document's cells onto a table; the numbers of the buttons that were ticked. */
+QList<int> laid(const QByteArray &xml, QAbstractItemModel &table, Lay lay = &layOnPads)
+{
+    QList<int> ticked;
+    lay(parsed(xml), table, [&ticked](int button) { ticked += button; });
+    return ticked;
 }
 
 /** A text of any characters that a project keeps. */
@@ -252,14 +239,11 @@ class TestProjectFile final : public QObject
 
 private slots:
     void initTestCase();
-
     void writesEmptyPads();
     void writesFilledPads();
-    void writesFreshGrid();
     void writesFilledGrid();
     void writesRowByRow();
     void writesColumnOfHiddenPads();
-    void writesTypedNameOfAnEmptyPad();
     void writesColors_data();
     void writesColors();
     void writesSwitch_data();
@@ -268,32 +252,19 @@ private slots:
     void writesBanks();
     void writesInTheCodecOfTheStream_data();
     void writesInTheCodecOfTheStream();
-    void writesInTheDefaultCodec_data();
-    void writesInTheDefaultCodec();
     void flushesEveryLine();
-    void writingChangesNothing();
-
     void readsSettings_data();
     void readsSettings();
-    void readsSettingsOfMidiInFull();
-    void readsSettingsOfPadsInFull();
     void readsSettingsOfAllProjects();
-
     void laysInOrder_data();
     void laysInOrder();
-    void laysMissingAsEmpty_data();
-    void laysMissingAsEmpty();
     void emptyNameOfAPadBecomesItsNumber();
     void laysOnTheRightCell_data();
     void laysOnTheRightCell();
-    void laterKeyWins();
     void ticks_data();
     void ticks();
     void laysAllKeysOfTheDocument();
-    void laysOnNoRows();
-
-    void readsGoldenFiles_data();
-    void readsGoldenFiles();
+    void readsGoldenFile();
     void readsDocuments_data();
     void readsDocuments();
     void readsWhatAnotherLocaleWrote_data();
@@ -306,7 +277,6 @@ private slots:
     void cannotBeOpened();
     void pipeIsNoFile();
     void readsThousandsOfKeys();
-
     void thousandRoundTrips_data();
     void thousandRoundTrips();
     void everyCharacterSurvives_data();
@@ -358,15 +328,6 @@ void TestProjectFile::writesFilledPads()
     QCOMPARE(difference(bytes, golden("project-pads-filled.zarvex")), QString());
 }
 
-void TestProjectFile::writesFreshGrid()
-{
-    Controller grid;
-    QVERIFY(grid.insertRows(0, 12));
-    const QByteArray bytes = written(MidiProject{"LAUNCHPAD2", "", "", {-1, -1}, -1, -1, "OS2L DMX", grid});
-    QCOMPARE(difference(bytes, golden("project-midi-empty.zarvex")), QString());
-    QCOMPARE(bytes.count("\t<key "), 144);
-}
-
 void TestProjectFile::writesFilledGrid()
 {
     Controller grid;
@@ -404,23 +365,9 @@ void TestProjectFile::writesColumnOfHiddenPads()
     QVERIFY(set(pads, 3, 1, PadRoles, {"Twelve", "Fog", "1", "5", "#0000ff"}));
     const QByteArray eight = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
     const QByteArray sixteen = written(PadsProject{Club, "Club", "Page", true, defaultBanks(), pads});
-    const QByteArray hidden =
-        "\t<key row=\"3\" column=\"1\" name=\"Twelve\" dspname=\"Fog\" pagenr=\"1\" id=\"5\" "
-        "color=\"#0000ff\" />\n";
-    QVERIFY(eight.contains(hidden));
+    QVERIFY(eight.contains(R"(<key row="3" column="1" name="Twelve" dspname="Fog" pagenr="1" id="5" )"
+                           R"(color="#0000ff" />)"));
     QCOMPARE(QByteArray(eight).replace(R"( layout="0" )", R"( layout="1" )"), sixteen);
-}
-
-void TestProjectFile::writesTypedNameOfAnEmptyPad()
-{
-    VDJModel pads;
-    QVERIFY(fillWithEmptyPads(pads));
-    QVERIFY(set(pads, 0, 1, {Qt::EditRole}, {"Mine"}));
-    const QByteArray bytes = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
-    QCOMPARE(bytes.split('\n').value(3),
-             QByteArray("\t"
-                        R"(<key row="0" column="1" name="Mine" dspname="PAD 9" pagenr="0" id="-1" )"
-                        R"(color="#000000" />)"));
 }
 
 void TestProjectFile::writesColors_data()
@@ -511,38 +458,27 @@ void TestProjectFile::writesInTheCodecOfTheStream_data()
     QTest::newRow("Latin 1") << QByteArray("ISO-8859-1") << QByteArray("Caf\xE9");
 }
 
+/** Both kinds of projects; without a codec of the stream, that of the locale counts. */
 void TestProjectFile::writesInTheCodecOfTheStream()
 {
     QFETCH(const QByteArray, codec);
     QFETCH(const QByteArray, name);
-    QStandardItemModel table(1, 1);
+    const QStandardItemModel table(1, 1);
     const QString cafe = QString::fromUtf8("Caf\xC3\xA9");
-    QVERIFY(table.setData(table.index(0, 0), cafe, Qt::EditRole));
-    QCOMPARE(written(PadsProject{cafe, cafe, cafe, false, {cafe, cafe}, table}, codec),
-             R"(<?xml version="1.0" encoding="UTF-8"?>)"
-             "\n<project type=\"pads\" show=\""
-                 + name + "\" showname=\"" + name + "\" export=\"" + name + R"(" layout="0" banks=")" + name
-                 + "," + name + "\" >\n\t<key row=\"0\" column=\"0\" name=\"" + name
-                 + R"(" dspname="" pagenr="" id="" color="" />)"
-                   "\n</project>\n");
-}
-
-void TestProjectFile::writesInTheDefaultCodec_data()
-{
-    writesInTheCodecOfTheStream_data();
-}
-
-void TestProjectFile::writesInTheDefaultCodec()
-{
-    QFETCH(const QByteArray, codec);
-    QFETCH(const QByteArray, name);
+    const QByteArray declaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
+    const QByteArray pads = written(PadsProject{cafe, cafe, cafe, false, {cafe, cafe}, table}, codec);
+    QCOMPARE(pads.split('\n').value(0), declaration);
+    QCOMPARE(pads.split('\n').value(1),
+             QByteArray(R"(<project type="pads" show="%" showname="%" export="%" layout="0" banks="%,%" >)")
+                 .replace("%", name));
     const DefaultCodec inUse(codec);
-    const QStandardItemModel grid(1, 1);
-    const QString cafe = QString::fromUtf8("Caf\xC3\xA9");
-    const QByteArray bytes = written(MidiProject{"D", "s", cafe, {0, 0}, 0, 0, "e", grid}, nullptr);
-    QCOMPARE(bytes.split('\n').value(0), QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>)"));
-    QCOMPARE(bytes.split('\n').value(1), R"(<project deviceid="D" type="midi" show="s" showname=")" + name
-                                             + R"(" switch="0,0" offcolor="0" oncolor="0" export="e" >)");
+    const QByteArray midi = written(MidiProject{"D", "s", cafe, {0, 0}, 0, 0, "e", table}, nullptr);
+    QCOMPARE(midi.split('\n').value(0), declaration);
+    QCOMPARE(
+        midi.split('\n').value(1),
+        QByteArray(
+            R"(<project deviceid="D" type="midi" show="s" showname="%" switch="0,0" offcolor="0" oncolor="0" export="e" >)")
+            .replace("%", name));
 }
 
 /** Each line has reached the device before the next one begins. */
@@ -562,22 +498,10 @@ void TestProjectFile::flushesEveryLine()
     QCOMPARE(ofMidi.join(), written(midi));
 }
 
-void TestProjectFile::writingChangesNothing()
-{
-    VDJModel pads;
-    QVERIFY(fillWithEmptyPads(pads));
-    QVERIFY(set(pads, 9, 1, PadRoles, {"Strobe", "Strobe", "1", "3", "#FF0000"}));
-    const QStringList before = contentOf(pads);
-    const QByteArray once = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
-    QCOMPARE(contentOf(pads), before);
-    QCOMPARE(written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads}), once);
-}
-
 void TestProjectFile::readsSettings_data()
 {
     QTest::addColumn<QByteArray>("attributes");
     QTest::addColumn<QString>("expected");
-
     const auto row = [](const char *name, const QByteArray &attributes, const QString &expected) {
         QTest::newRow(name) << attributes << expected;
     };
@@ -587,23 +511,17 @@ void TestProjectFile::readsSettings_data()
         R"(layout="" banks="")",
         "");
     row("show", R"(show="/a b/Live/live.ini")", "show=/a b/Live/live.ini");
-    row("show name", R"(showname="Club")", "showname=Club");
-    row("export name", R"(export=" Friday ")", "export= Friday ");
     row("device", R"(deviceid="APCMINI")", "device=APCMINI");
-    row("device of nobody", R"(deviceid="-1")", "device=-1");
 
     row("type midi", R"(type="midi")", "midi");
     row("type pads", R"(type="pads")", "");
     row("type in upper case", R"(type="MIDI")", "");
     row("type with a blank", R"(type="midi ")", "");
-    row("unknown type", R"(type="keys")", "");
 
     row("layout of 16 pads", R"(layout="1")", "16");
     row("layout of 8 pads", R"(layout="0")", "");
     row("unknown layout", R"(layout="2")", "");
-    row("layout told as pads", R"(layout="16")", "");
     row("layout not told exactly", R"(layout="01")", "");
-    row("layout in a word", R"(layout="true")", "");
 
     row("banks", R"(banks="A,B,C,D,E,F,G,H")", "banks=A|B|C|D|E|F|G|H");
     row("three banks", R"(banks="A,B,C")", "banks=A|B|C");
@@ -611,30 +529,28 @@ void TestProjectFile::readsSettings_data()
     row("empty names are kept", R"(banks=",,B,")", "banks=||B|");
     row("one comma", R"(banks=",")", "banks=|");
     row("blanks are kept", R"(banks="A , B")", "banks=A | B");
-    row("one blank", R"(banks=" ")", "banks= ");
 
     row("Switch", R"(switch="3,4")", "switch=3,4");
     row("Switch at the first cell", R"(switch="0,0")", "switch=0,0");
     row("no Switch", R"(switch="-1,-1")", "");
     row("Switch of one part", R"(switch="3")", "");
-    row("Switch of a word", R"(switch="none")", "");
-    row("Switch of two words", R"(switch="a,b")", "switch=0,0");
     row("Switch of a comma", R"(switch=",")", "switch=0,0");
     row("Switch of a number and nothing", R"(switch="3,")", "switch=3,0");
-    row("Switch of nothing and a number", R"(switch=",4")", "switch=0,4");
     row("Switch of three parts", R"(switch="3,4,5")", "switch=3,4");
     row("Switch beyond the grid", R"(switch="99,-7")", "switch=99,-7");
     row("Switch with a fraction", R"(switch="1.5,2")", "switch=0,2");
-    row("Switch beyond all numbers", R"(switch="99999999999,2")", "switch=0,2");
     row("Switch by a semicolon", R"(switch="3;4")", "");
 
     row("off colour", R"(offcolor="2")", "off=2");
     row("on colour", R"(oncolor="15")", "on=15");
     row("colours of position 0", R"(offcolor="0" oncolor="0")", "off=0 on=0");
     row("colours of none", R"(offcolor="-1" oncolor="-1")", "off=-1 on=-1");
-    row("colours of words", R"(offcolor="red" oncolor="green")", "off=0 on=0");
     row("colours beyond", R"(offcolor="1000" oncolor="99999999999")", "off=1000 on=0");
     row("colours not in base 10", R"(offcolor="0x3" oncolor="010")", "off=0 on=10");
+    row("all of a midi project",
+        R"(deviceid="APCMINI" type="midi" show="/Live/live.ini" showname="Show" switch="-1,-1" offcolor="0" )"
+        R"(oncolor="1" export="OS2L DMX")",
+        "show=/Live/live.ini showname=Show export=OS2L DMX device=APCMINI midi off=0 on=1");
     row("attributes of neither kind", R"(version="2" color="red" name="x" row="1")", "");
 }
 
@@ -642,12 +558,7 @@ void TestProjectFile::readsSettings()
 {
     QFETCH(const QByteArray, attributes);
     QFETCH(const QString, expected);
-    const QDomDocument document = parsed("<project " + attributes + "/>");
-    QVERIFY(!document.isNull());
-    const QList<ProjectSettings> all = projectSettings(document);
-    QCOMPARE(all.size(), 1);
-    const ProjectSettings &settings = all.first();
-
+    const ProjectSettings settings = settingsOf("<project " + attributes + "/>");
     QStringList read; // what is not empty
     const auto add = [&read](bool isThere, const QString &text) {
         if (isThere)
@@ -668,41 +579,6 @@ void TestProjectFile::readsSettings()
     QCOMPARE(read.join(" "), expected);
 }
 
-void TestProjectFile::readsSettingsOfMidiInFull()
-{
-    const QList<ProjectSettings> all = projectSettings(
-        parsed(R"(<project deviceid="APCMINI" type="midi" show="/home/u/Show/Live/live.ini" showname="Show" )"
-               R"(switch="-1,-1" offcolor="0" oncolor="1" export="OS2L DMX" ></project>)"));
-    QCOMPARE(all.size(), 1);
-    QCOMPARE(all.first().device, QString("APCMINI"));
-    QVERIFY(all.first().isMidi);
-    QCOMPARE(all.first().show, QString("/home/u/Show/Live/live.ini"));
-    QCOMPARE(all.first().showName, QString("Show"));
-    QCOMPARE(all.first().switchKey, QList<int>({-1, -1}));
-    QVERIFY(all.first().offColor == 0);
-    QVERIFY(all.first().onColor == 1);
-    QCOMPARE(all.first().exportName, QString("OS2L DMX"));
-    QCOMPARE(all.first().banks, QStringList());
-}
-
-void TestProjectFile::readsSettingsOfPadsInFull()
-{
-    const QList<ProjectSettings> all = projectSettings(
-        parsed(R"(<project type="pads" show="/home/u/Show/Live/live.ini" showname="Show" export="OS2L DMX" )"
-               R"(layout="0" banks="BANK 1,BANK 2,BANK 3,BANK 4,BANK 5,BANK 6,BANK 7,BANK 8" ></project>)"));
-    QCOMPARE(all.size(), 1);
-    QVERIFY(!all.first().isMidi);
-    QVERIFY(!all.first().has16Pads);
-    QCOMPARE(all.first().show, QString("/home/u/Show/Live/live.ini"));
-    QCOMPARE(all.first().showName, QString("Show"));
-    QCOMPARE(all.first().exportName, QString("OS2L DMX"));
-    QCOMPARE(all.first().banks, defaultBanks());
-    QCOMPARE(all.first().device, QString());
-    QCOMPARE(all.first().switchKey, QList<int>({-1, -1}));
-    QVERIFY(!all.first().offColor.has_value());
-    QVERIFY(!all.first().onColor.has_value());
-}
-
 void TestProjectFile::readsSettingsOfAllProjects()
 {
     const QList<ProjectSettings> all = projectSettings(
@@ -719,75 +595,49 @@ void TestProjectFile::readsSettingsOfAllProjects()
 void TestProjectFile::laysInOrder_data()
 {
     QTest::addColumn<Lay>("lay");
+    QTest::addColumn<QByteArray>("key");
     QTest::addColumn<QStringList>("expected");
     // Attributes stand in another order in the file, and those of the grid are there for both.
-    QTest::newRow("pads") << &layOnPads
-                          << QStringList{"3,4 2=n", "3,4 257=d", "3,4 256=7", "3,4 259=8", "3,4 1=#ff0000"};
-    QTest::newRow("grid") << &layOnGrid << QStringList{"3,4 2=n",      "3,4 257=d", "3,4 256=7",
-                                                       "3,4 259=8",    "3,4 260=1", "3,4 261=red",
-                                                       "3,4 262=blue", "3,4 263=1", "3,4 1=#ff0000"};
+    const QByteArray whole =
+        R"(<key color="#ff0000" blink="1" coloron="blue" coloroff="red" avail="1" id="8" pagenr="7" )"
+        R"(dspname="d" name="n" column="4" row="3" other="x" textcolor="#123456" />)";
+    QTest::newRow("pads") << &layOnPads << whole
+                          << QStringList{"2=n", "257=d", "256=7", "tick 8", "259=8", "1=#ff0000"};
+    QTest::newRow("grid") << &layOnGrid << whole
+                          << QStringList{"2=n",   "257=d",   "256=7",    "tick 8", "259=8",
+                                         "260=1", "261=red", "262=blue", "263=1",  "1=#ff0000"};
+    const QByteArray bare = R"(<key column="4" row="3"/>)";
+    QTest::newRow("pads, what is missing is empty")
+        << &layOnPads << bare << QStringList{"2=", "257=", "256=", "tick 0", "259=", "1="};
+    QTest::newRow("grid, what is missing is empty")
+        << &layOnGrid << bare
+        << QStringList{"2=", "257=", "256=", "tick 0", "259=", "260=", "261=", "262=", "263=", "1="};
 }
 
+/** The tick comes before the cell takes its number; where it stands among the other texts does not matter. */
 void TestProjectFile::laysInOrder()
 {
     QFETCH(const Lay, lay);
-    QFETCH(QStringList, expected);
-    const QDomDocument document = parsed(projectOf(
-        R"(<key color="#ff0000" blink="1" coloron="blue" coloroff="red" avail="1" id="8" pagenr="7" )"
-        R"(dspname="d" name="n" column="4" row="3" other="x" textcolor="#123456" />)"));
-    Notebook table;
-    lay(document, table, [&table](int button) { table.notes += "tick " + QString::number(button); });
-
-    const int tick = table.notes.indexOf("tick 8");
-    QVERIFY(tick >= 0);
-    QVERIFY(tick < table.notes.indexOf("3,4 259=8 (QString)")); // before the cell takes the number
-    table.notes.removeAll("tick 8");
-    for (QString &note : expected)
-        note += " (QString)";
-    QCOMPARE(table.notes, expected);
-}
-
-void TestProjectFile::laysMissingAsEmpty_data()
-{
-    QTest::addColumn<Lay>("lay");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("pads") << &layOnPads
-                          << QStringList{"tick 0", "0,0 2=", "0,0 257=", "0,0 256=", "0,0 259=", "0,0 1="};
-    QTest::newRow("grid") << &layOnGrid
-                          << QStringList{"tick 0",   "0,0 2=",   "0,0 257=", "0,0 256=", "0,0 259=",
-                                         "0,0 260=", "0,0 261=", "0,0 262=", "0,0 263=", "0,0 1="};
-}
-
-void TestProjectFile::laysMissingAsEmpty()
-{
-    QFETCH(const Lay, lay);
+    QFETCH(const QByteArray, key);
     QFETCH(QStringList, expected);
     Notebook table;
-    lay(parsed(projectOf("<key/>")), table,
+    lay(parsed(projectOf(key)), table,
         [&table](int button) { table.notes += "tick " + QString::number(button); });
-    for (QString &note : table.notes)
-        note.remove(" (QString)");
-    table.notes.sort();
-    expected.sort();
-    QCOMPARE(table.notes, expected);
+    QStringList notes = table.notes;
+    notes.replaceInStrings("3,4 ", "").replaceInStrings(" (QString)", "");
+    const auto tick = [](const QStringList &list) { return list.indexOf(QRegularExpression("tick .*")); };
+    QVERIFY(tick(notes) >= 0 && tick(notes) < notes.indexOf(QRegularExpression("259=.*")));
+    notes.move(tick(notes), tick(expected));
+    QCOMPARE(notes, expected);
 }
 
 void TestProjectFile::emptyNameOfAPadBecomesItsNumber()
 {
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
-    layOnPads(
-        parsed(projectOf(R"(<key row="9" column="1" dspname="Fog" pagenr="1" id="4" color="#00ff00"/>)")),
-        pads, [](int) {});
+    laid(projectOf(R"(<key row="9" column="1" dspname="Fog" pagenr="1" id="4" color="#00ff00"/>)"), pads);
     QCOMPARE(pads.index(9, 1).data(Qt::EditRole).toString(), QString("PAD 10"));
     QCOMPARE(pads.index(9, 1).data(DisplayNameRole).toString(), QString("Fog"));
-
-    Controller grid;
-    QVERIFY(fillWithEmptyKeys(grid));
-    layOnGrid(parsed(projectOf(R"(<key row="2" column="2" dspname="Fog"/>)")), grid, [](int) {});
-    QCOMPARE(grid.index(2, 2).data(Qt::EditRole).toString(), QString());
-    QCOMPARE(grid.index(2, 2).data(DisplayNameRole).toString(), QString("Fog"));
-    QCOMPARE(grid.index(2, 2).data(AvailableRole).toString(), QString());
 }
 
 void TestProjectFile::laysOnTheRightCell_data()
@@ -796,7 +646,6 @@ void TestProjectFile::laysOnTheRightCell_data()
     QTest::addColumn<QByteArray>("column");
     QTest::addColumn<QString>("onPads"); // the cell that took it, empty for none
     QTest::addColumn<QString>("onGrid");
-
     const auto add = [](const char *name, const QByteArray &row, const QByteArray &column,
                         const QString &onPads,
                         const QString &onGrid) { QTest::newRow(name) << row << column << onPads << onGrid; };
@@ -827,18 +676,14 @@ void TestProjectFile::laysOnTheRightCell()
     QFETCH(const QByteArray, column);
     QFETCH(const QString, onPads);
     QFETCH(const QString, onGrid);
-    const QDomDocument document = parsed(projectOf(keyAt(row, column, "Strobe")));
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
     Controller grid;
     QVERIFY(fillWithEmptyKeys(grid));
-
-    for (QAbstractItemModel *table :
-         {static_cast<QAbstractItemModel *>(&pads), static_cast<QAbstractItemModel *>(&grid)}) {
+    for (QAbstractItemModel *table : QList<QAbstractItemModel *>{&pads, &grid}) {
         const bool isGrid = table == &grid;
-        QList<int> ticked;
-        const auto tick = [&ticked](int button) { ticked += button; };
-        isGrid ? layOnGrid(document, *table, tick) : layOnPads(document, *table, tick);
+        const QByteArray project = projectOf(keyAt(row, column, "Strobe"));
+        QCOMPARE(laid(project, *table, isGrid ? &layOnGrid : &layOnPads), QList<int>{5}); // wherever it lies
         QStringList taken;
         for (int r = 0; r < table->rowCount(); ++r) {
             for (int c = 0; c < table->columnCount(); ++c) {
@@ -847,20 +692,7 @@ void TestProjectFile::laysOnTheRightCell()
             }
         }
         QCOMPARE(taken.join(" "), isGrid ? onGrid : onPads);
-        QCOMPARE(ticked, QList<int>{5}); // wherever it lies
     }
-}
-
-void TestProjectFile::laterKeyWins()
-{
-    VDJModel pads;
-    QVERIFY(fillWithEmptyPads(pads));
-    layOnPads(
-        parsed(projectOf(keyAt("1", "0", "First") + keyAt("2", "0", "Other") + keyAt("1", "0", "Second"))),
-        pads, [](int) {});
-    QCOMPARE(pads.index(1, 0).data(Qt::EditRole).toString(), QString("Second"));
-    QCOMPARE(pads.index(2, 0).data(Qt::EditRole).toString(), QString("Other"));
-    QCOMPARE(pads.index(0, 0).data(Qt::EditRole).toString(), QString("PAD 1"));
 }
 
 void TestProjectFile::ticks_data()
@@ -882,103 +714,55 @@ void TestProjectFile::ticks()
 {
     QFETCH(const QByteArray, id);
     QFETCH(const int, button);
-    const QDomDocument document = parsed(projectOf(R"(<key id="3"/><key )" + id + R"(/><key id="3"/>)"));
+    const QByteArray project = projectOf(R"(<key id="3"/><key )" + id + R"(/><key id="3"/>)");
     for (const Lay lay : {&layOnPads, &layOnGrid}) {
-        Notebook table;
-        QList<int> ticked;
-        lay(document, table, [&ticked](int ticks) { ticked += ticks; });
-        QCOMPARE(ticked, QList<int>({3, button, 3}));
+        VDJModel none;
+        QCOMPARE(laid(project, none, lay), QList<int>({3, button, 3}));
+        QCOMPARE(none.rowCount(), 0);
     }
 }
 
+/** Of two for one cell, the later one counts. */
 void TestProjectFile::laysAllKeysOfTheDocument()
 {
-    const QDomDocument document =
-        parsed("<all>" + keyAt("0", "0", "before") + "<project>" + keyAt("1", "0", "inside") + "<project>"
-               + keyAt("2", "0", "deep") + "</project></project><pad>" + keyAt("3", "0", "elsewhere")
-               + "</pad><Key row=\"4\" column=\"0\" name=\"other\"/></all>");
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
-    layOnPads(document, pads, [](int) {});
+    laid("<all>" + keyAt("0", "0", "before") + "<project>" + keyAt("1", "0", "inside") + "<project>"
+             + keyAt("2", "0", "deep") + "</project></project><pad>" + keyAt("3", "0", "elsewhere") + "</pad>"
+             + keyAt("0", "0", "later") + "<Key row=\"4\" column=\"0\" name=\"other\"/></all>",
+         pads);
     QStringList names;
-    for (int row = 0; row < 6; ++row)
+    for (int row = 0; row < 5; ++row)
         names += pads.index(row, 0).data(Qt::EditRole).toString();
-    QCOMPARE(names, QStringList({"before", "inside", "deep", "elsewhere", "PAD 5", "PAD 6"}));
+    QCOMPARE(names, QStringList({"later", "inside", "deep", "elsewhere", "PAD 5"}));
 }
 
-void TestProjectFile::laysOnNoRows()
+void TestProjectFile::readsGoldenFile()
 {
-    const QDomDocument document = parsed(projectOf(keyAt("0", "0", "Strobe")));
-    VDJModel pads;
-    Controller grid;
-    QList<int> ticked;
-    layOnPads(document, pads, [&ticked](int button) { ticked += button; });
-    layOnGrid(document, grid, [&ticked](int button) { ticked += button; });
-    QCOMPARE(ticked, QList<int>({5, 5}));
-    QCOMPARE(pads.rowCount(), 0);
-    QCOMPARE(grid.rowCount(), 0);
-}
-
-void TestProjectFile::readsGoldenFiles_data()
-{
-    QTest::addColumn<bool>("isMidi");
-    QTest::newRow("project-pads-empty.zarvex") << false;
-    QTest::newRow("project-midi-empty.zarvex") << true;
-}
-
-void TestProjectFile::readsGoldenFiles()
-{
-    QFETCH(const bool, isMidi);
-    const QByteArray file = golden(QTest::currentDataTag());
-    const QString path = write(file);
-    QCOMPARE(difference(isMidi ? rewritten<Controller>(path, &layOnGrid, true)
-                               : rewritten<VDJModel>(path, &layOnPads, false),
-                        file),
-             QString());
+    const QByteArray file = golden("project-pads-empty.zarvex");
+    QCOMPARE(difference(rewritten<VDJModel>(write(file), &layOnPads, false), file), QString());
 }
 
 void TestProjectFile::readsDocuments_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("name");
-
     const QByteArray declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
     const QByteArray cafe = "<project showname=\"Caf\xC3\xA9\" />\n";
     const QString name = QString::fromUtf8("Caf\xC3\xA9");
     QTest::newRow("as written") << declaration + cafe << name;
-    QTest::newRow("no declaration") << cafe << name;
-    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF") + declaration + cafe << name;
-    QTest::newRow("carriage returns") << QByteArray(declaration + cafe).replace("\n", "\r\n") << name;
-    QTest::newRow("no line end") << declaration + cafe.trimmed() << name;
+    QTest::newRow("byte order mark and carriage returns")
+        << "\xEF\xBB\xBF" + QByteArray(declaration + cafe).replace("\n", "\r\n") << name;
     QTest::newRow("Latin 1 as declared")
         << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<project showname=\"Caf\xE9\" />")
         << name;
-    const QString declared16 = QString::fromUtf8(
-        "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<project showname=\"Caf\xC3\xA9\" />\n");
-    QByteArray little("\xFF\xFE");
-    QByteArray big("\xFE\xFF");
-    for (const QChar character : declared16) {
-        little += char(character.cell());
-        little += char(character.row());
-        big += char(character.row());
-        big += char(character.cell());
-    }
-    QTest::newRow("UTF-16, low byte first") << little << name;
-    QTest::newRow("UTF-16, high byte first") << big << name;
-    QTest::newRow("single quotes") << QByteArray("<project showname='Caf\xC3\xA9'/>") << name;
-    QTest::newRow("comment before") << "<!-- <project> & -->" + cafe << name;
-    QTest::newRow("document type") << "<!DOCTYPE project>" + cafe << name;
     QTest::newRow("document type elsewhere")
         << "<!DOCTYPE project SYSTEM \"file:///etc/hostname\">" + cafe << name;
     QTest::newRow("square brackets behind a document type")
-        << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                      "<!DOCTYPE project>\n<project showname=\"[A]\"/>\n")
+        << declaration + "<!DOCTYPE project>\n<project showname=\"[A]\"/>\n"
         << "[A]";
     QTest::newRow("escapes") << QByteArray("<project showname=\"&lt;&amp;&quot;&apos;&gt;&#233;\"/>")
                              << QString::fromUtf8("<&\"'>\xC3\xA9");
-    QTest::newRow("bracket in a value") << QByteArray("<project showname=\"a > b /> c\"/>") << "a > b /> c";
-    QTest::newRow("text beside") << QByteArray("<project showname=\"A\">words<![CDATA[<key>]]></project>")
-                                 << "A";
     QTest::newRow("some levels deep")
         << QByteArray("<a>").repeated(50) + cafe + QByteArray("</a>").repeated(50) << name;
 }
@@ -998,10 +782,7 @@ void TestProjectFile::readsWhatAnotherLocaleWrote_data()
 {
     QTest::addColumn<QByteArray>("codec");
     QTest::addColumn<QString>("name");
-
     QTest::newRow("western Europe") << QByteArray("ISO-8859-1") << QString::fromUtf8("Café Größe");
-    QTest::newRow("Windows, western Europe") << QByteArray("windows-1252") << QString::fromUtf8("Café 5 €");
-    QTest::newRow("Poland") << QByteArray("ISO-8859-2") << QString::fromUtf8("Łóżko");
     QTest::newRow("Russia") << QByteArray("KOI8-R") << QString::fromUtf8("Свет");
     QTest::newRow("Japan") << QByteArray("EUC-JP") << QString::fromUtf8("照明");
     QTest::newRow("UTF-8") << QByteArray("UTF-8") << QString::fromUtf8("Café 照明");
@@ -1011,7 +792,6 @@ void TestProjectFile::readsWhatAnotherLocaleWrote()
 {
     QFETCH(const QByteArray, codec);
     QFETCH(const QString, name);
-
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
     const PadsProject project = {"live.ini", name, name, false, {name}, pads};
@@ -1030,9 +810,7 @@ void TestProjectFile::refusesDocuments_data()
     const QByteArray whole = golden("project-pads-empty.zarvex");
     QVERIFY(whole.size() > 1000);
     QTest::newRow("empty") << QByteArray();
-    QTest::newRow("blanks") << QByteArray(" \n\t\n");
     QTest::newRow("declaration alone") << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
-    QTest::newRow("words") << QByteArray("Save Project");
     QTest::newRow("zeros") << QByteArray(5000, '\0');
     QByteArray bytes;
     for (int i = 0; i < 2048; ++i)
@@ -1041,16 +819,10 @@ void TestProjectFile::refusesDocuments_data()
     QTest::newRow("half of it") << whole.left(whole.size() / 2);
     QTest::newRow("last sign missing") << whole.left(whole.size() - 2);
     QTest::newRow("end tag missing") << QByteArray(whole).replace("</project>", "");
-    QTest::newRow("other end tag") << QByteArray(whole).replace("</project>", "</projekt>");
-    QTest::newRow("cut off in the first tag") << whole.left(80);
-    QTest::newRow("two projects side by side") << QByteArray("<project/><project/>");
-    QTest::newRow("words behind") << whole + "words";
     QTest::newRow("double quote in a name") << QByteArray(whole).replace("PAD 3\"", "PAD \"3\"\"");
     QTest::newRow("ampersand in a name") << QByteArray(whole).replace("PAD 3\"", "PAD & 3\"");
     QTest::newRow("bracket in a name") << QByteArray(whole).replace("PAD 3\"", "PAD < 3\"");
     QTest::newRow("U+0000 as a number") << QByteArray("<project export=\"../A&#0;\" />");
-    QTest::newRow("attribute without quotes") << QByteArray("<project show=s />");
-    QTest::newRow("attribute without a value") << QByteArray("<project show />");
 }
 
 void TestProjectFile::refusesDocuments()
@@ -1081,10 +853,6 @@ void TestProjectFile::hostileDocumentsEndSoon_data()
         << QByteArray("<!DOCTYPE project [<!ENTITY a \"&a;&a;\">]><project showname=\"&a;\" >&a;</project>");
     QTest::newRow("many levels") << QByteArray("<key>").repeated(90000)
                                         + QByteArray("</key>").repeated(90000);
-    QTest::newRow("many levels, never closed") << QByteArray("<key>").repeated(200000);
-    QTest::newRow("a million brackets") << QByteArray("<").repeated(1000000);
-    QTest::newRow("many open comments") << QByteArray("<!--").repeated(250000);
-    QTest::newRow("many open quotes") << QByteArray("<a b=\"").repeated(150000);
 }
 
 void TestProjectFile::hostileDocumentsEndSoon()
@@ -1227,11 +995,8 @@ void TestProjectFile::unsafeNamesBreakTheFile_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("double quote") << "the \"loud\" one";
-    QTest::newRow("double quote at the end") << "12\"";
     QTest::newRow("ampersand") << "Drum & Bass";
-    QTest::newRow("ampersand within a word") << "R&B";
     QTest::newRow("opening bracket") << "a < b";
-    QTest::newRow("tag") << "<b>";
     QTest::newRow("comment") << "<!-- x -->";
 }
 
