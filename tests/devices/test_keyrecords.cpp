@@ -1,4 +1,5 @@
 #include "devices/keyrecords.h"
+#include "export/escape.h"
 #include "support/files.h"
 
 #include <QDir>
@@ -77,40 +78,6 @@ QByteArray map(const QByteArray &value, const QByteArray &action)
     return "<map value=\"" + value + "\" action=\"" + action + "\"/>";
 }
 
-/** What stands behind the first separator; empty where there is none. */
-QString cut(const QString &text, const QString &separator)
-{
-    const int at = text.indexOf(separator);
-    return at < 0 ? QString() : text.mid(at + separator.size());
-}
-
-/** The wrapping taken off, slow and plain; something to compare with. */
-QString unwrappedByHand(const QString &text)
-{
-    QString escaped = text;
-    escaped.replace("'", "&apos;").replace("\"", "&quot;").replace(" & ", " &amp; ");
-    if (escaped == "toggle &apos;$os2l&apos;")
-        return "";
-    if (!escaped.startsWith("var &apos;$os2l&apos;"))
-        return text;
-
-    QString rest = cut(text, " ? ");
-    int answer = rest.indexOf(" : ");
-    int question = rest.indexOf(" ? ");
-    bool goesOn = question > 0 && answer > question;
-    while (goesOn) {
-        answer = rest.indexOf(" : ");
-        question = rest.indexOf(" ? ");
-        rest = cut(rest, " : ");
-        goesOn = question > 0 && answer > question;
-    }
-    answer = rest.indexOf(" : ");
-    question = rest.indexOf(" ? ");
-    if (answer > 0 && (question < 0 || (question > 0 && answer < question)))
-        return cut(rest, " : ");
-    return answer > 0 ? rest : "";
-}
-
 /** What the layout alone tells of a control. */
 Record recordWithoutScripts(const QDomElement &control)
 {
@@ -130,7 +97,7 @@ Record recordWithoutScripts(const QDomElement &control)
     return record;
 }
 
-/** Every element of the layout against every row of the mapper; something to compare with. */
+/** Every element of the layout against every row of the mapper; something to compare with, but for the wrapping. */
 QList<Record> recordsByHand(const QString &layoutPath, const QString &mapperPath)
 {
     QFile layoutFile(layoutPath);
@@ -150,7 +117,7 @@ QList<Record> recordsByHand(const QString &layoutPath, const QString &mapperPath
             Record record = recordWithoutScripts(elements.at(i).toElement());
             for (int j = 0; j < rows.size(); ++j) {
                 const QDomElement row = rows.at(j).toElement();
-                const QString script = unwrappedByHand(row.attribute("action"));
+                const QString script = unwrapScript(row.attribute("action"));
                 if (row.attribute("value") == record["value"])
                     record["action"] = script;
                 if (record.contains("led") && row.attribute("value") == record["led"]) {
