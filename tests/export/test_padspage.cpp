@@ -3,7 +3,6 @@
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
 
-#include <QRandomGenerator>
 #include <QTextStream>
 #include <QtTest>
 
@@ -59,68 +58,6 @@ QStringList defaultBanks()
     return banks;
 }
 
-/** Whether a bank has a Live Button on any of its 16 pads. */
-bool isInUse(const QAbstractItemModel &table, int bank)
-{
-    for (int row = 8 * bank; row < 8 * bank + 8; ++row) {
-        for (int column = 0; column < 2; ++column) {
-            if (table.data(table.index(row, column), PageRole).toInt() > 0)
-                return true;
-        }
-    }
-    return false;
-}
-
-/** One of 16 pads: its texts, colours and actions. */
-struct PadByHand
-{
-    QStringList texts;
-    QStringList colors;
-    QStringList actions;
-
-    void add(const QModelIndex &cell, const QString &bank)
-    {
-        const QString clause = "var &apos;dmxbank&apos; " + bank + " ? ";
-        const int page = cell.data(PageRole).toInt();
-        if (page > 0) {
-            texts += clause + "get_text &apos;" + cell.data(Qt::EditRole).toString() + "&apos;";
-            colors += clause + "color &apos;" + cell.data(Qt::DecorationRole).toString() + "&apos;";
-            actions += clause + "os2l_button &apos;" + cell.data(DisplayNameRole).toString() + "&apos;";
-        } else if (page == 0) {
-            texts += clause + "get_text &apos;&apos;";
-            colors += clause + "color &apos;transparent&apos;";
-            actions += clause + "nothing";
-        }
-    }
-};
-
-/** Writes a page bank by bank; slow and plain, something to compare with. */
-QString pageByHand(const PadsPage &page)
-{
-    QVector<PadByHand> pads(16);
-    QStringList banks;
-    for (int bank = 0; bank < page.pads.rowCount() / 8; ++bank) {
-        if (!isInUse(page.pads, bank))
-            continue;
-        const QString number = QString::number(banks.size());
-        banks += "var &apos;dmxbank&apos; " + number + " ? get_text &apos;" + page.banks.at(bank) + "&apos;";
-        for (int pad = 0; pad < 16; ++pad)
-            pads[pad].add(page.pads.index(8 * bank + pad % 8, pad / 8), number);
-    }
-
-    QString file = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<page name=\"" + page.name + "\">\n";
-    for (int pad = 0; pad < page.padsPerBank; ++pad) {
-        const QString number = QString::number(pad + 1);
-        file += "\t<pad" + number + " name=\"`" + pads.at(pad).texts.join(" : ") + "`\" color=\""
-                + pads.at(pad).colors.join(" : ") + "\">" + pads.at(pad).actions.join(" : ") + "</pad"
-                + number + ">\n";
-    }
-    const QString n = QString::number(banks.size());
-    file += "\t<param1 name=\"`" + banks.join(" : ") + "`\">param_bigger 0 ? cycle &apos;dmxbank&apos; " + n
-            + " : cycle &apos;dmxbank&apos; -" + n + "</param1>\n</page>\n";
-    return file;
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Pads)
@@ -136,7 +73,6 @@ private slots:
     void writesInTheCodecOfTheStream_data();
     void writesInTheCodecOfTheStream();
     void flushesEveryLine();
-    void writesRandomPages();
     void writesNoPadsOfAnEmptyTable();
 };
 
@@ -259,35 +195,6 @@ void TestPadsPage::flushesEveryLine()
     for (const QByteArray &line : lines)
         QCOMPARE(line.indexOf('\n'), line.size() - 1);
     QCOMPARE(lines.join(), written(page));
-}
-
-void TestPadsPage::writesRandomPages()
-{
-    const QStringList pages = {"0", "0", "0", "1", "2", "17", "-1", "-30", "", "x", " 3", "2147483647"};
-    const QStringList names = {"Strobe", "It's", "a & b", "<b>", "", " : ", "var ? "};
-    QRandomGenerator random(50);
-    for (int round = 0; round < 50; ++round) {
-        Pads pads;
-        const int share = 1 + random.bounded(40);
-        for (int bank = 1; bank <= 8; ++bank) {
-            for (int number = 1; number <= 16; ++number) {
-                if (random.bounded(100) < share)
-                    pads += {bank,
-                             number,
-                             pages.at(random.bounded(pages.size())),
-                             names.at(random.bounded(names.size())),
-                             names.at(random.bounded(names.size())),
-                             QString::asprintf("#%06x", static_cast<unsigned>(random.bounded(0x1000000))),
-                             QString::number(random.bounded(60))};
-            }
-        }
-        VDJModel table;
-        QVERIFY(fill(table, pads));
-        for (const int padsPerBank : {8, 16}) {
-            const PadsPage page = {"Random", defaultBanks(), padsPerBank, table};
-            QCOMPARE(difference(written(page), pageByHand(page).toUtf8()), QString());
-        }
-    }
 }
 
 void TestPadsPage::writesNoPadsOfAnEmptyTable()
