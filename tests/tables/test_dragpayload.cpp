@@ -6,12 +6,9 @@
 
 #include <QColor>
 #include <QMimeData>
-#include <QRandomGenerator>
-#include <QRegularExpression>
 #include <QStandardItemModel>
 #include <QtTest>
 
-#include <algorithm>
 #include <ctime>
 #include <memory>
 
@@ -72,7 +69,6 @@ private slots:
     void readsRecords();
     void readsColors_data();
     void readsColors();
-    void survivesColorsOfAnyKind();
     void refusesMissingParts();
     void refusesOtherPrograms();
     void refusesDamage_data();
@@ -85,7 +81,6 @@ private slots:
     void readsOrigins();
     void givesEmptyTextsOutsideTheRecord();
     void readsAMillionRecordsFast();
-    void readsTextsCutOffAnywhere();
 };
 
 void TestDragPayload::writesTexts_data()
@@ -221,23 +216,6 @@ void TestDragPayload::readsColors()
     QVERIFY(payload);
     QCOMPARE(payload->color(), color);
     QCOMPARE(textsOf(*payload), LiveButton);
-}
-
-/** The first byte names a colour model, and not every byte is one. */
-void TestDragPayload::survivesColorsOfAnyKind()
-{
-    const QRegularExpression colorText("^(#[0-9a-f]{6})?$");
-    QRandomGenerator random(1);
-    for (int kind = 0; kind < 256; ++kind) {
-        for (int channels = 0; channels < 20; ++channels) {
-            QByteArray bytes(1, static_cast<char>(kind));
-            for (int i = 0; i < 10; ++i)
-                bytes += static_cast<char>(random.bounded(256));
-            const auto payload = payloadOf(textBytes(LiveButton), bytes);
-            QVERIFY(payload);
-            QVERIFY2(colorText.match(payload->color()).hasMatch(), qPrintable(payload->color()));
-        }
-    }
 }
 
 void TestDragPayload::refusesMissingParts()
@@ -389,22 +367,6 @@ void TestDragPayload::readsAMillionRecordsFast()
     QCOMPARE(textsOf(*payload), LiveButton);
     QCOMPARE(payload->color(), QString("#010203"));
     QVERIFY2(seconds < 0.5, qPrintable(QString("%1 s").arg(seconds)));
-}
-
-void TestDragPayload::readsTextsCutOffAnywhere()
-{
-    const QByteArray whole = textBytes(LiveButton);
-    QVector<int> ends; // of each text
-    for (int count = 1; count <= LiveButton.size(); ++count)
-        ends += textBytes(LiveButton.mid(0, count)).size();
-    for (int length = 0; length <= whole.size(); ++length) {
-        const int complete = static_cast<int>(
-            std::count_if(ends.cbegin(), ends.cend(), [length](int end) { return end <= length; }));
-        const auto payload = payloadOf(whole.left(length), colorBytes(1, 2, 3));
-        QCOMPARE(payload.has_value(), complete > 0);
-        if (payload)
-            QCOMPARE(textsOf(*payload), filledUp(LiveButton.mid(0, complete)));
-    }
 }
 
 QTEST_GUILESS_MAIN(TestDragPayload)

@@ -158,8 +158,8 @@ class TestMydelegate final : public QObject
 
 private slots:
     void metaObjectOfTheClass();
-    void plainCell();
-    void keyAtRest();
+    void pixels_data();
+    void pixels();
     void plainOrKey_data();
     void plainOrKey();
     void stateOfKey_data();
@@ -184,24 +184,29 @@ void TestMydelegate::metaObjectOfTheClass()
     QCOMPARE(delegate->metaObject()->superClass()->className(), "QStyledItemDelegate");
 }
 
-void TestMydelegate::plainCell()
+void TestMydelegate::pixels_data()
 {
-    Grid grid;
-    const QImage image = painted(grid.set("0", AvailableRole));
-    const int text = count(image, textRect, "#909090");
-    QVERIFY(text > 0);
-    QCOMPARE(count(image, cellRect, "#303030"), 90 * 40 - text);
-    QCOMPARE(count(image, image.rect(), "#00ffff"), 120 * 80 - 90 * 40);
+    QTest::addColumn<QString>("available");
+    QTest::addColumn<QColor>("background");
+    QTest::addColumn<QColor>("textColor");
+    QTest::addColumn<int>("swatch"); // pixels of it
+    QTest::newRow("plain cell") << "0" << QColor("#303030") << QColor("#909090") << 0;
+    QTest::newRow("key at rest") << "1" << QColor(Qt::black) << QColor(Qt::white) << 15 * 15;
 }
 
-void TestMydelegate::keyAtRest()
+/** Nothing else is in the cell, and nothing beside it; all other tests compare with pictures. */
+void TestMydelegate::pixels()
 {
+    QFETCH(QString, available);
+    QFETCH(QColor, background);
+    QFETCH(QColor, textColor);
+    QFETCH(int, swatch);
     Grid grid;
-    const QImage image = painted(grid.model.index(2, 2));
-    const int text = count(image, textRect, Qt::white);
+    const QImage image = painted(grid.set(available, AvailableRole));
+    const int text = count(image, textRect, textColor);
     QVERIFY(text > 0);
-    QCOMPARE(count(image, swatchRect, Qt::red), 15 * 15);
-    QCOMPARE(count(image, cellRect, Qt::black), 90 * 40 - 15 * 15 - text);
+    QCOMPARE(count(image, swatchRect, Qt::red), swatch);
+    QCOMPARE(count(image, cellRect, background), 90 * 40 - swatch - text);
     QCOMPARE(count(image, image.rect(), "#00ffff"), 120 * 80 - 90 * 40);
 }
 
