@@ -824,7 +824,7 @@ void TestProjectFile::cannotBeOpened_data()
     const QString huge = m_folder->filePath("huge.zarvex");
     QFile file(huge);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.resize((1 << 20) + 1)); // takes no room on the disk
+    QVERIFY(file.resize((1 << 20) + 1)); // takes no space on the disk
     QTest::newRow("no path") << QString();
     QTest::newRow("missing file") << m_folder->filePath("missing.zarvex");
     QTest::newRow("missing folder") << m_folder->filePath("missing/project.zarvex");

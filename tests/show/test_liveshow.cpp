@@ -578,7 +578,7 @@ void TestLiveShow::refusesLongFiles()
     const QTemporaryDir folder;
     QFile file(folder.filePath("live.ini"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.resize(32 << 20)); // takes no room on the disk
+    QVERIFY(file.resize(32 << 20)); // takes no space on the disk
     QVERIFY(readLiveShow(file.fileName()));
     QVERIFY(file.resize((32 << 20) + 1));
     QVERIFY(!readLiveShow(file.fileName()));

@@ -76,7 +76,8 @@ Kind liveButtons()
                   {"buttonid", "0"}, {"check", "0"},   {"textcolor", "#ffffff"}, {"source", "1"}};
     kind.keys = {{0, "title"},    {1, "color"},     {2, "title"},    {9, "textcolor"},
                  {256, "pageid"}, {257, "dspname"}, {258, "source"}, {259, "buttonid"}};
-    kind.header = {{}, "Color", "Name", {}};       // of a column that does not exist, too
+    kind.header = {{}, "Color", "Name", {}}; // of a column that does not exist, too
+
     kind.dragBytes = "00000006 00c4 d83d dca1"     // A umlaut, a bulb
                      "00000002 0033"               // page 3
                      "00000000"                    // display name, empty
@@ -116,11 +117,12 @@ Kind grid()
     kind.header = {{}, "Color", {}, {}};
     kind.rowHeader = "";
     kind.dragBytes = "00000006 00c4 d83d dca1 00000002 0033 00000000 00000002 0030 00000004 0034 0031"
-                     "00000002 0031"                                                    // available
-                     "00000006 0072 0065 0064"                                          // off colour
-                     "00000008 0023 0030 0046 0030"                                     // on colour
-                     "00000002 0031";                                                   // blink
-    kind.dragOfFresh = QStringList{"0", "0", "", "0", "", "0", "-1", "1", "", "", "0"}; // empty, not null
+                     "00000002 0031"                // available
+                     "00000006 0072 0065 0064"      // off colour
+                     "00000008 0023 0030 0046 0030" // on colour
+                     "00000002 0031";               // blink
+    // empty, not null
+    kind.dragOfFresh = QStringList{"0", "0", "", "0", "", "0", "-1", "1", "", "", "0"};
     kind.dragOfGone = QStringList{"1", "0", {}, {}, {}, "0", {}, {}, {}, {}, {}};
     return kind;
 }
