@@ -319,39 +319,30 @@ void TestKeyRecords::lightsButtonsByTheirAction_data()
 {
     QTest::addColumn<QByteArray>("mapper");
     QTest::addColumn<QStringList>("ledActions");
+    const auto row = [](const char *name, const QByteArray &mapper, const QStringList &ledActions) {
+        QTest::newRow(name) << mapper << ledActions;
+    };
     // Buttons A (simple LED), B (colour LED) and C (no LED prefix), behind a pad P and a button in it.
     const QByteArray keys = map("A", "a") + map("B", "b");
 
-    QTest::newRow("no LED row: all light by their action") << keys << QStringList{"a", "b", ""};
-    QTest::newRow("first has one: none behind it does")
-        << keys + map("LED_A", "x") << QStringList{"x", "", ""};
-    QTest::newRow("second has one: the first does, the third does not")
-        << keys + map("LED_B", "x") << QStringList{"a", "x", ""};
-    QTest::newRow("third has one: the two before it do")
-        << keys + map("C", "c") << QStringList{"a", "b", "c"};
-    QTest::newRow("first and third have one")
-        << keys + map("LED_A", "x") + map("C", "c") << QStringList{"x", "", "c"};
-    QTest::newRow("all have one") << keys + map("LED_A", "x") + map("LED_B", "y") + map("C", "c")
-                                  << QStringList{"x", "y", "c"};
-    QTest::newRow("the order of the mapper does not matter")
-        << map("C", "c") + map("LED_B", "x") + keys << QStringList{"a", "x", "c"};
-    QTest::newRow("an empty LED row is one") << keys + map("LED_A", "") << QStringList{"", "", ""};
-    QTest::newRow("a LED row without an action is one")
-        << keys + "<map value='LED_B'/>" << QStringList{"a", "", ""};
-    QTest::newRow("a LED row with nothing in its wrapping is one")
-        << keys + map("LED_A", "toggle &apos;$os2l&apos;") << QStringList{"", "", ""};
-    QTest::newRow("a pad's LED row is none")
-        << keys + map("LED_P", "x") + map("P", "p") << QStringList{"a", "b", ""};
-    QTest::newRow("row of another LED does not count")
-        << keys + map("LED_D", "x") << QStringList{"a", "b", ""};
-    QTest::newRow("a LED row in another case is none")
-        << keys + map("led_A", "x") << QStringList{"a", "b", ""};
-    QTest::newRow("the simple prefix of a colour LED is none")
-        << keys + map("SIMPLE_B", "x") << QStringList{"a", "b", ""};
-    QTest::newRow("the action copied is the last of its name")
-        << keys + map("A", "second") << QStringList{"second", "b", ""};
-    QTest::newRow("the action copied is free of its wrapping")
-        << map("A", "var &apos;$os2l&apos; ? os2l_button &apos;X&apos; : a") << QStringList{"a", "", ""};
+    row("no LED row: all light by their action", keys, {"a", "b", ""});
+    row("first has one: none behind it does", keys + map("LED_A", "x"), {"x", "", ""});
+    row("second has one: the first does, the third does not", keys + map("LED_B", "x"), {"a", "x", ""});
+    row("third has one: the two before it do", keys + map("C", "c"), {"a", "b", "c"});
+    row("first and third have one", keys + map("LED_A", "x") + map("C", "c"), {"x", "", "c"});
+    row("all have one", keys + map("LED_A", "x") + map("LED_B", "y") + map("C", "c"), {"x", "y", "c"});
+    row("the order of the mapper does not matter", map("C", "c") + map("LED_B", "x") + keys, {"a", "x", "c"});
+    row("an empty LED row is one", keys + map("LED_A", ""), {"", "", ""});
+    row("a LED row without an action is one", keys + "<map value='LED_B'/>", {"a", "", ""});
+    row("a LED row with nothing in its wrapping is one", keys + map("LED_A", "toggle &apos;$os2l&apos;"),
+        {"", "", ""});
+    row("a pad's LED row is none", keys + map("LED_P", "x") + map("P", "p"), {"a", "b", ""});
+    row("row of another LED does not count", keys + map("LED_D", "x"), {"a", "b", ""});
+    row("a LED row in another case is none", keys + map("led_A", "x"), {"a", "b", ""});
+    row("the simple prefix of a colour LED is none", keys + map("SIMPLE_B", "x"), {"a", "b", ""});
+    row("the action copied is the last of its name", keys + map("A", "second"), {"second", "b", ""});
+    row("the action copied is free of its wrapping",
+        map("A", "var &apos;$os2l&apos; ? os2l_button &apos;X&apos; : a"), {"a", "", ""});
 }
 
 void TestKeyRecords::lightsButtonsByTheirAction()
