@@ -299,15 +299,18 @@ void TestProjectFile::writesRowByRow()
     QCOMPARE(written(PadsProject{"", "", "", false, {}, table}).split('\n'), expected);
 }
 
+/** Nothing of hidden pads is lost, nor what was typed on an empty one. */
 void TestProjectFile::writesColumnOfHiddenPads()
 {
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
     QVERIFY(set(pads, 3, 1, PadRoles, {"Twelve", "Fog", "1", "5", "#0000ff"}));
+    QVERIFY(set(pads, 0, 1, {Qt::EditRole}, {"Mine"}));
     const QByteArray eight = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
     const QByteArray sixteen = written(PadsProject{Club, "Club", "Page", true, defaultBanks(), pads});
     QVERIFY(eight.contains(R"(<key row="3" column="1" name="Twelve" dspname="Fog" pagenr="1" id="5" )"
                            R"(color="#0000ff" />)"));
+    QVERIFY(eight.contains(R"(<key row="0" column="1" name="Mine" dspname="PAD 9" pagenr="0" id="-1" )"));
     QCOMPARE(QByteArray(eight).replace(R"( layout="0" )", R"( layout="1" )"), sixteen);
 }
 
