@@ -2,7 +2,6 @@
 #include "export/escape.h"
 #include "support/files.h"
 
-#include <QDir>
 #include <QDomDocument>
 #include <QRandomGenerator>
 #include <QTemporaryDir>

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <ctime>
 #include <functional>
-#include <optional>
 
 namespace {
 

@@ -543,20 +543,18 @@ void TestDrops::viewRefusesOtherData()
 
 void TestDrops::besideThroughTheView_data()
 {
-    QTest::addColumn<QPoint>("corner"); // of the cell 2,1, to which the offset is added
-    QTest::addColumn<QPoint>("offset");
+    QTest::addColumn<QPoint>("point"); // from the lower right corner of the cell 2,1
     QTest::addColumn<Record>("cell");
-    QTest::newRow("on the line below a filled cell") << QPoint(0, 1) << QPoint(20, 1) << strobe;
-    QTest::newRow("on the line below an empty cell") << QPoint(0, 1) << QPoint(20, 1) << atRest;
-    QTest::newRow("on the line beside a cell") << QPoint(1, 0) << QPoint(1, 10) << atRest;
-    QTest::newRow("below the last row") << QPoint(0, 1) << QPoint(20, 500) << atRest;
+    QTest::newRow("on the line below a filled cell") << QPoint(-20, 1) << strobe;
+    QTest::newRow("on the line below an empty cell") << QPoint(-20, 1) << atRest;
+    QTest::newRow("on the line beside a cell") << QPoint(1, -10) << atRest;
+    QTest::newRow("below the last row") << QPoint(-20, 500) << atRest;
 }
 
 /** Pads take what falls beside them and blank a dragged pad; the grid takes nothing. */
 void TestDrops::besideThroughTheView()
 {
-    QFETCH(QPoint, corner);
-    QFETCH(QPoint, offset);
+    QFETCH(QPoint, point);
     QFETCH(Record, cell);
     Table table;
     table.fill(2, 1, cell);
@@ -564,9 +562,7 @@ void TestDrops::besideThroughTheView()
     View view(table.model);
     QVERIFY(QTest::qWaitForWindowExposed(&view));
     const QStringList before = table.filled();
-    const QRect rect = view.rectOf(2, 1);
-    const QPoint point =
-        QPoint(corner.x() ? rect.right() : rect.left(), corner.y() ? rect.bottom() : rect.top()) + offset;
+    point += view.rectOf(2, 1).bottomRight();
     QCOMPARE(Models::drop(view, *Payload::fog(), point), !Table::onTheGrid());
     QCOMPARE(table.filled(), before);
     QCOMPARE(Models::drop(view, *table.drag(9, 1), point), !Table::onTheGrid());

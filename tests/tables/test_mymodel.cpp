@@ -3,7 +3,6 @@
 #include "tables/mymodel.h"
 #include "tables/record.h"
 
-#include <QDragMoveEvent>
 #include <QMimeData>
 #include <QTableView>
 #include <QtTest>
