@@ -22,8 +22,6 @@ class TestGrid final : public QObject
     Q_OBJECT
 
 private slots:
-    void labels_data();
-    void labels();
     void labelsOfAllCells();
     void labelsOutsideTheGrid_data();
     void labelsOutsideTheGrid();
@@ -37,48 +35,6 @@ private slots:
     void keysOutsideTheGrid();
     void sectionSizes();
 };
-
-void TestGrid::labels_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("col");
-    QTest::addColumn<QString>("label");
-
-    QTest::newRow("first pad") << 2 << 2 << "PAD 1";
-    QTest::newRow("last pad of the first row") << 2 << 9 << "PAD 8";
-    QTest::newRow("first pad of the second row") << 3 << 2 << "PAD 9";
-    QTest::newRow("last pad") << 9 << 9 << "PAD 64";
-    QTest::newRow("first key of the top band") << 0 << 2 << "TOP 1";
-    QTest::newRow("last key of the top band") << 0 << 9 << "TOP 8";
-    QTest::newRow("first key of the bottom band") << 11 << 2 << "BOTTOM 1";
-    QTest::newRow("last key of the bottom band") << 11 << 9 << "BOTTOM 8";
-    QTest::newRow("first key of the left band") << 2 << 0 << "LEFT 1";
-    QTest::newRow("last key of the left band") << 9 << 0 << "LEFT 8";
-    QTest::newRow("first key of the right band") << 2 << 11 << "RIGHT 1";
-    QTest::newRow("last key of the right band") << 9 << 11 << "RIGHT 8";
-    QTest::newRow("top left corner") << 0 << 0 << "";
-    QTest::newRow("top right corner") << 0 << 11 << "";
-    QTest::newRow("bottom left corner") << 11 << 0 << "";
-    QTest::newRow("bottom right corner") << 11 << 11 << "";
-    QTest::newRow("upper gap") << 1 << 5 << "";
-    QTest::newRow("lower gap") << 10 << 5 << "";
-    QTest::newRow("left gap") << 5 << 1 << "";
-    QTest::newRow("right gap") << 5 << 10 << "";
-    QTest::newRow("left gap in the top band") << 0 << 1 << "";
-    QTest::newRow("right gap in the top band") << 0 << 10 << "";
-    QTest::newRow("left gap in the bottom band") << 11 << 1 << "";
-    QTest::newRow("upper gap in the left band") << 1 << 0 << "";
-    QTest::newRow("lower gap in the right band") << 10 << 11 << "";
-    QTest::newRow("crossing of two gaps") << 1 << 10 << "";
-}
-
-void TestGrid::labels()
-{
-    QFETCH(const int, row);
-    QFETCH(const int, col);
-    QFETCH(const QString, label);
-    QCOMPARE(Grid::label(row, col), label);
-}
 
 void TestGrid::labelsOfAllCells()
 {
@@ -107,7 +63,6 @@ void TestGrid::labelsOutsideTheGrid_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("col");
-
     QTest::newRow("above") << -1 << 5;
     QTest::newRow("below") << 12 << 5;
     QTest::newRow("left") << 5 << -1;
@@ -137,7 +92,6 @@ void TestGrid::keysOfDevices_data()
     QTest::addColumn<int>("left");
     QTest::addColumn<int>("bottom");
     QTest::addColumn<int>("right");
-
     QTest::newRow("AKAI APC Mini") << device("0", "0", "8", "8") << 0 << 0 << 8 << 8;
     QTest::newRow("Novation Launchpad, S, Mini and MKII") << device("8", "0", "0", "8") << 8 << 0 << 0 << 8;
     QTest::newRow("Novation Launchpad Mini MK3") << device("4", "0", "0", "8") << 4 << 0 << 0 << 8;
@@ -161,7 +115,6 @@ void TestGrid::keysOfDevices()
     QFETCH(const int, left);
     QFETCH(const int, bottom);
     QFETCH(const int, right);
-
     // A band's keys start at its first cell, which is row or column 2.
     QSet<QPair<int, int>> keys;
     for (int row = 2; row <= 9; ++row) {
@@ -189,7 +142,6 @@ void TestGrid::keysOfBands_data()
     QTest::addColumn<QString>("count");
     QTest::addColumn<int>("position");
     QTest::addColumn<bool>("hasKey");
-
     QTest::newRow("corner before the band") << "8" << 0 << false;
     QTest::newRow("gap before the band") << "8" << 1 << false;
     QTest::newRow("first cell of one key") << "1" << 2 << true;
@@ -210,7 +162,6 @@ void TestGrid::keysOfBands()
     QFETCH(const QString, count);
     QFETCH(const int, position);
     QFETCH(const bool, hasKey);
-
     QCOMPARE(Grid::hasKey({{"top", count}}, 0, position), hasKey);
     QCOMPARE(Grid::hasKey({{"bottom", count}}, 11, position), hasKey);
     QCOMPARE(Grid::hasKey({{"left", count}}, position, 0), hasKey);
@@ -228,7 +179,6 @@ void TestGrid::keysOfCorners_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("col");
     QTest::addColumn<bool>("hasKey");
-
     QTest::newRow("top right, eight keys on top") << device("8", "0", "0", "8") << 0 << 11 << false;
     QTest::newRow("top right, nine keys on top") << device("9", "0", "0", "0") << 0 << 11 << false;
     QTest::newRow("top right, ten keys on top") << device("10", "0", "0", "0") << 0 << 11 << true;
@@ -251,7 +201,6 @@ void TestGrid::keysOutsideTheGrid_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("col");
-
     QTest::newRow("before the top band") << 0 << -1;
     QTest::newRow("far before the top band") << 0 << Smallest;
     QTest::newRow("far before the bottom band") << 11 << Smallest;

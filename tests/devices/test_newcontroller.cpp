@@ -1,6 +1,7 @@
 #include "support/boxes.h"
 #include "support/devices.h"
 #include "support/files.h"
+#include "support/texts.h"
 #include "support/workspace.h"
 
 #include <QComboBox>
@@ -43,7 +44,7 @@ QString mapperPath(const Workspace &space)
 
 bool exportMapping(Workspace &space)
 {
-    space.dialogs.expect(Boxes::mappingCreated("OS2L DMX", "Beat Board"));
+    space.dialogs.expect(Boxes::mappingCreated(Texts::PageName, "Beat Board"));
     return space.click("pushButton_2") && space.dialogs.faults().isEmpty();
 }
 
@@ -66,53 +67,33 @@ class TestNewController final : public QObject
     Q_OBJECT
 
 private slots:
-    void standsInTheList();
-    void gridShowsItsKeys();
-    void pageShowsItsPalette();
-    void pageOffersItsMappers();
+    void pageShowsIt();
     void takesLiveButtons();
     void exportMatchesGoldenFile_data();
     void exportMatchesGoldenFile();
     void projectComesBack();
 };
 
-void TestNewController::standsInTheList()
-{
-    Workspace space;
-    QStringList names = Devices::Names;
-    names.insert(Devices::Akai + 1, "Beat Board");
-    QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("devicescombo")), names);
-}
-
-void TestNewController::gridShowsItsKeys()
-{
-    Workspace space;
-    QVERIFY(goToDevice(space));
-    const QString pads = "..XXXXXXXX..";
-    QCOMPARE(space.keys(), (QStringList{"..XX........", "............", "X.XXXXXXXX.X", pads, pads, pads,
-                                        pads, pads, pads, pads, "............", "............"}));
-}
-
-void TestNewController::pageShowsItsPalette()
-{
-    Workspace space;
-    QVERIFY(goToDevice(space));
-    for (const char *name : {"combo_offcolor", "combo_oncolor"}) {
-        const auto *combo = space.find<QComboBox>(name);
-        QVERIFY(combo->isVisible());
-        QCOMPARE(Workspace::itemsOf(combo), (QStringList{"black", "blue", "orange", "white"}));
-    }
-    QCOMPARE(space.find<QComboBox>("combo_offcolor")->currentText(), QString("blue"));
-    QCOMPARE(space.find<QComboBox>("combo_oncolor")->currentText(), QString("orange"));
-}
-
-void TestNewController::pageOffersItsMappers()
+void TestNewController::pageShowsIt()
 {
     Workspace space;
     QVERIFY(writeFile(space.mappersFolder() + "/Evening.xml", "<mapper device=\"BEATBOARD\"/>"));
     QVERIFY(goToDevice(space));
+    QStringList names = Devices::Names;
+    names.insert(Devices::Akai + 1, "Beat Board");
+    QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("devicescombo")), names);
+
+    const QString pads = "..XXXXXXXX..";
+    QCOMPARE(space.keys(), (QStringList{"..XX........", "............", "X.XXXXXXXX.X", pads, pads, pads,
+                                        pads, pads, pads, pads, "............", "............"}));
+    for (const char *name : {"combo_offcolor", "combo_oncolor"}) {
+        const auto *combo = space.find<QComboBox>(name);
+        QVERIFY(combo->isVisible());
+        QCOMPARE(Workspace::itemsOf(combo), (QStringList{"black", "blue", "orange", "white"}));
+        QCOMPARE(combo->currentText(), QString(combo->objectName() == "combo_offcolor" ? "blue" : "orange"));
+    }
     QCOMPARE(Workspace::itemsOf(space.find<QComboBox>("mididevices")),
-             (QStringList{"Simple OS2L mapping", "Beat Board mapping (factory)", "Evening"}));
+             (QStringList{Texts::SimpleMapper, Texts::factoryMapper("Beat Board"), "Evening"}));
 }
 
 void TestNewController::takesLiveButtons()

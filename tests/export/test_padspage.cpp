@@ -3,7 +3,6 @@
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
 
-#include <QRandomGenerator>
 #include <QTextStream>
 #include <QtTest>
 
@@ -59,68 +58,6 @@ QStringList defaultBanks()
     return banks;
 }
 
-/** Whether a bank has a Live Button on any of its 16 pads. */
-bool isInUse(const QAbstractItemModel &table, int bank)
-{
-    for (int row = 8 * bank; row < 8 * bank + 8; ++row) {
-        for (int column = 0; column < 2; ++column) {
-            if (table.data(table.index(row, column), PageRole).toInt() > 0)
-                return true;
-        }
-    }
-    return false;
-}
-
-/** One of 16 pads: its texts, colours and actions. */
-struct PadByHand
-{
-    QStringList texts;
-    QStringList colors;
-    QStringList actions;
-
-    void add(const QModelIndex &cell, const QString &bank)
-    {
-        const QString clause = "var &apos;dmxbank&apos; " + bank + " ? ";
-        const int page = cell.data(PageRole).toInt();
-        if (page > 0) {
-            texts += clause + "get_text &apos;" + cell.data(Qt::EditRole).toString() + "&apos;";
-            colors += clause + "color &apos;" + cell.data(Qt::DecorationRole).toString() + "&apos;";
-            actions += clause + "os2l_button &apos;" + cell.data(DisplayNameRole).toString() + "&apos;";
-        } else if (page == 0) {
-            texts += clause + "get_text &apos;&apos;";
-            colors += clause + "color &apos;transparent&apos;";
-            actions += clause + "nothing";
-        }
-    }
-};
-
-/** Writes a page bank by bank; slow and plain, something to compare with. */
-QString pageByHand(const PadsPage &page)
-{
-    QVector<PadByHand> pads(16);
-    QStringList banks;
-    for (int bank = 0; bank < page.pads.rowCount() / 8; ++bank) {
-        if (!isInUse(page.pads, bank))
-            continue;
-        const QString number = QString::number(banks.size());
-        banks += "var &apos;dmxbank&apos; " + number + " ? get_text &apos;" + page.banks.at(bank) + "&apos;";
-        for (int pad = 0; pad < 16; ++pad)
-            pads[pad].add(page.pads.index(8 * bank + pad % 8, pad / 8), number);
-    }
-
-    QString file = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<page name=\"" + page.name + "\">\n";
-    for (int pad = 0; pad < page.padsPerBank; ++pad) {
-        const QString number = QString::number(pad + 1);
-        file += "\t<pad" + number + " name=\"`" + pads.at(pad).texts.join(" : ") + "`\" color=\""
-                + pads.at(pad).colors.join(" : ") + "\">" + pads.at(pad).actions.join(" : ") + "</pad"
-                + number + ">\n";
-    }
-    const QString n = QString::number(banks.size());
-    file += "\t<param1 name=\"`" + banks.join(" : ") + "`\">param_bigger 0 ? cycle &apos;dmxbank&apos; " + n
-            + " : cycle &apos;dmxbank&apos; -" + n + "</param1>\n</page>\n";
-    return file;
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Pads)
@@ -136,12 +73,7 @@ private slots:
     void writesInTheCodecOfTheStream_data();
     void writesInTheCodecOfTheStream();
     void flushesEveryLine();
-    void writesRandomPages_data();
-    void writesRandomPages();
-    void writesFullPages_data();
-    void writesFullPages();
     void writesNoPadsOfAnEmptyTable();
-    void changesNothing();
 };
 
 void TestPadsPage::writesPages_data()
@@ -151,7 +83,6 @@ void TestPadsPage::writesPages_data()
     QTest::addColumn<QStringList>("banks");
     QTest::addColumn<int>("padsPerBank");
     QTest::addColumn<Pads>("pads");
-
     const QStringList banks = defaultBanks();
     QStringList movers = banks;
     movers[2] = "Movers";
@@ -163,25 +94,21 @@ void TestPadsPage::writesPages_data()
     const Pad strobe = {1, 1, "1", "Strobe", "Strobe", "#ff0000"};
     const Pad slow = {1, 3, "2", "Slow", "Strobe Slow", "#00FF7F"};
 
-    QTest::newRow("one bank") << "padspage-one-bank.xml" << name << banks << 8 << Pads{strobe, slow};
-    QTest::newRow("a page that is no number is an empty pad")
-        << "padspage-one-bank.xml" << name << banks << 8
-        << Pads{strobe, slow, {1, 5, "two", "Ghost", "Ghost", "#123456"}};
-    QTest::newRow("a page that is an empty text is an empty pad")
-        << "padspage-one-bank.xml" << name << banks << 8
-        << Pads{strobe, slow, {1, 8, "", "Ghost", "Ghost", "#123456"}};
-    QTest::newRow("a button number without page is an empty pad")
-        << "padspage-one-bank.xml" << name << banks << 8
-        << Pads{strobe, slow, {1, 2, "0", "Ghost", "Ghost", "#123456", "4"}};
-    QTest::newRow("a typed label on an empty pad does not count")
-        << "padspage-one-bank.xml" << name << banks << 8
-        << Pads{strobe, slow, {4, 6, "0", "Mine", "PAD 6", "#ffffff", "-1"}};
-    QTest::newRow("a page without button number counts")
-        << "padspage-one-bank.xml" << name << banks << 8
-        << Pads{{1, 1, "7", "Strobe", "Strobe", "#FF0000", "-1"}, slow};
-    QTest::newRow("pads 9 to 16 of a bank in use are left out of 8 pads")
-        << "padspage-one-bank.xml" << name << banks << 8
-        << Pads{strobe, slow, {1, 9, "1", "Hidden", "Hidden", "#123456"}};
+    const auto row = [&banks, &name](const char *title, const Pads &pads, const char *golden = "one-bank") {
+        QTest::newRow(title) << QString("padspage-%1.xml").arg(golden) << name << banks << 8 << pads;
+    };
+    row("one bank", Pads{strobe, slow});
+    row("a page that is no number is an empty pad",
+        Pads{strobe, slow, {1, 5, "two", "Ghost", "Ghost", "#123456"}});
+    row("a page that is an empty text is an empty pad",
+        Pads{strobe, slow, {1, 8, "", "Ghost", "Ghost", "#123456"}});
+    row("a button number without page is an empty pad",
+        Pads{strobe, slow, {1, 2, "0", "Ghost", "Ghost", "#123456", "4"}});
+    row("a typed label on an empty pad does not count",
+        Pads{strobe, slow, {4, 6, "0", "Mine", "PAD 6", "#ffffff", "-1"}});
+    row("a page without button number counts", Pads{{1, 1, "7", "Strobe", "Strobe", "#FF0000", "-1"}, slow});
+    row("pads 9 to 16 of a bank in use are left out of 8 pads",
+        Pads{strobe, slow, {1, 9, "1", "Hidden", "Hidden", "#123456"}});
     QTest::newRow("banks 1 and 3") << "padspage-banks-1-and-3.xml"
                                    << "Lights" << movers << 8
                                    << Pads{strobe,
@@ -196,32 +123,29 @@ void TestPadsPage::writesPages_data()
                                      {2, 16, "2", "Last", "The last one", "#0000ff"},
                                      {5, 10, "3", "Ten", "Button ten", "#FFAA00"},
                                      {5, 16, "3", "End", "The end", "#AA5500"}};
-    QTest::newRow("8 pads, bank 2 in use by pad 12 alone")
-        << "padspage-second-column-only.xml" << name << banks << 8
-        << Pads{{2, 12, "1", "Hidden", "Hidden", "#123456"}};
-    QTest::newRow("pad 5 in bank 8 alone") << "padspage-pad-5-in-bank-8.xml" << name << banks << 8
-                                           << Pads{{8, 5, "3", "Smoke", "Smoke", "#C0C0C0"}};
+    row("8 pads, bank 2 in use by pad 12 alone", Pads{{2, 12, "1", "Hidden", "Hidden", "#123456"}},
+        "second-column-only");
+    row("pad 5 in bank 8 alone", Pads{{8, 5, "3", "Smoke", "Smoke", "#C0C0C0"}}, "pad-5-in-bank-8");
     QTest::newRow("quotes, ampersands and angle brackets go out raw")
         << "padspage-raw-names.xml"
         << "Rock & \"Roll\" <1>" << raw << 8
         << Pads{{1, 1, "1", "It's \"on\" & <off>", "R&B's <\"best\">", "#ff00ff"}};
     QTest::newRow("empty page name and bank name") << "padspage-empty-page-name.xml"
                                                    << "" << unnamed << 8 << Pads{strobe};
-    QTest::newRow("negative page in a bank in use is left out")
-        << "padspage-negative-page.xml" << name << banks << 8
-        << Pads{strobe,
-                {1, 2, "-1", "Ghost", "Ghost", "#123456"},
-                {2, 2, "1", "Blue", "Blue", "#0000ff"},
-                {2, 3, "-7", "Ghost", "Ghost", "#123456"},
-                {1, 4, "-1", "Ghost", "Ghost", "#123456"},
-                {2, 4, "-1", "Ghost", "Ghost", "#123456"}};
-    QTest::newRow("no bank in use, though a pad has a button number")
-        << "padspage-no-bank.xml" << name << banks << 8
-        << Pads{{3, 4, "0", "Ghost", "Ghost", "#123456", "7"}};
-    QTest::newRow("negative page does not bring a bank into use")
-        << "padspage-no-bank.xml" << name << banks << 8 << Pads{{3, 4, "-1", "Ghost", "Ghost", "#123456"}};
-    QTest::newRow("page that is no number does not bring a bank into use")
-        << "padspage-no-bank.xml" << name << banks << 8 << Pads{{3, 4, "1a", "Ghost", "Ghost", "#123456"}};
+    row("negative page in a bank in use is left out",
+        Pads{strobe,
+             {1, 2, "-1", "Ghost", "Ghost", "#123456"},
+             {2, 2, "1", "Blue", "Blue", "#0000ff"},
+             {2, 3, "-7", "Ghost", "Ghost", "#123456"},
+             {1, 4, "-1", "Ghost", "Ghost", "#123456"},
+             {2, 4, "-1", "Ghost", "Ghost", "#123456"}},
+        "negative-page");
+    row("no bank in use, though a pad has a button number",
+        Pads{{3, 4, "0", "Ghost", "Ghost", "#123456", "7"}}, "no-bank");
+    row("negative page does not bring a bank into use", Pads{{3, 4, "-1", "Ghost", "Ghost", "#123456"}},
+        "no-bank");
+    row("page that is no number does not bring a bank into use",
+        Pads{{3, 4, "1a", "Ghost", "Ghost", "#123456"}}, "no-bank");
     QTest::newRow("fewer bank names than banks")
         << "padspage-short-bank-list.xml" << name << QStringList{"Only one"} << 8
         << Pads{strobe, {2, 2, "1", "Blue", "Blue", "#0000ff"}};
@@ -234,7 +158,6 @@ void TestPadsPage::writesPages()
     QFETCH(const QStringList, banks);
     QFETCH(const int, padsPerBank);
     QFETCH(const Pads, pads);
-
     VDJModel table;
     QVERIFY(fill(table, pads));
     QCOMPARE(
@@ -245,7 +168,6 @@ void TestPadsPage::writesPages()
 void TestPadsPage::writesInTheCodecOfTheStream_data()
 {
     QTest::addColumn<QByteArray>("codec");
-
     QTest::newRow("UTF-8") << QByteArray("UTF-8");
     QTest::newRow("Latin-1, whatever the first line says") << QByteArray("ISO-8859-1");
 }
@@ -253,7 +175,6 @@ void TestPadsPage::writesInTheCodecOfTheStream_data()
 void TestPadsPage::writesInTheCodecOfTheStream()
 {
     QFETCH(const QByteArray, codec);
-
     const QString golden = QString::fromUtf8(bytesOf(QFINDTESTDATA("../data/padspage-beyond-ascii.xml")));
     VDJModel table;
     QVERIFY(fill(table,
@@ -276,99 +197,12 @@ void TestPadsPage::flushesEveryLine()
     QCOMPARE(lines.join(), written(page));
 }
 
-void TestPadsPage::writesRandomPages_data()
-{
-    QTest::addColumn<quint32>("seed");
-    for (quint32 seed = 1; seed <= 50; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
-}
-
-void TestPadsPage::writesRandomPages()
-{
-    QFETCH(const quint32, seed);
-
-    const QStringList pages = {"0", "0", "0", "1", "2", "17", "-1", "-30", "", "x", " 3", "2147483647"};
-    const QStringList names = {"Strobe", "It's", "a & b", "<b>", "", " : ", "var ? "};
-    QRandomGenerator random(seed);
-    Pads pads;
-    const int share = 1 + random.bounded(40);
-    for (int bank = 1; bank <= 8; ++bank) {
-        for (int number = 1; number <= 16; ++number) {
-            if (random.bounded(100) < share)
-                pads += {bank,
-                         number,
-                         pages.at(random.bounded(pages.size())),
-                         names.at(random.bounded(names.size())),
-                         names.at(random.bounded(names.size())),
-                         QString::asprintf("#%06x", static_cast<unsigned>(random.bounded(0x1000000))),
-                         QString::number(random.bounded(60))};
-        }
-    }
-    VDJModel table;
-    QVERIFY(fill(table, pads));
-    for (const int padsPerBank : {8, 16}) {
-        const PadsPage page = {"Random", defaultBanks(), padsPerBank, table};
-        QCOMPARE(difference(written(page), pageByHand(page).toUtf8()), QString());
-    }
-}
-
-void TestPadsPage::writesFullPages_data()
-{
-    QTest::addColumn<int>("padsPerBank");
-
-    QTest::newRow("8 pads") << 8;
-    QTest::newRow("16 pads") << 16;
-}
-
-/** All pads of a page have equally many clauses: one for each bank. */
-void TestPadsPage::writesFullPages()
-{
-    QFETCH(const int, padsPerBank);
-
-    Pads pads;
-    for (int bank = 1; bank <= 8; ++bank) {
-        for (int number = 1; number <= 16; ++number)
-            pads += {bank, number, "1", QString("b%1p%2").arg(bank).arg(number), "Button", "#ffffff"};
-    }
-    VDJModel table;
-    QVERIFY(fill(table, pads));
-    const QByteArray file = written({"Full", defaultBanks(), padsPerBank, table});
-
-    const QByteArrayList lines = file.split('\n');
-    QCOMPARE(lines.size(), padsPerBank + 5);
-    QCOMPARE(lines.last(), QByteArray());
-    for (int number = 1; number <= padsPerBank; ++number) {
-        const QByteArray &line = lines.at(number + 1);
-        QVERIFY2(line.startsWith("\t<pad" + QByteArray::number(number) + " name"), line.constData());
-        for (int bank = 1; bank <= 8; ++bank) {
-            const QByteArray clause = "var &apos;dmxbank&apos; " + QByteArray::number(bank - 1) + " ? ";
-            QCOMPARE(line.count(clause), 3);
-            QCOMPARE(line.count(clause + "get_text &apos;b" + QByteArray::number(bank) + "p"
-                                + QByteArray::number(number) + "&apos;"),
-                     1);
-        }
-        QCOMPARE(line.count(" : "), 3 * 7);
-    }
-    QVERIFY(lines.at(padsPerBank + 2).endsWith("&apos; 8 : cycle &apos;dmxbank&apos; -8</param1>"));
-}
-
 void TestPadsPage::writesNoPadsOfAnEmptyTable()
 {
     const VDJModel table;
     QCOMPARE(difference(written({"OS2L DMX", defaultBanks(), 8, table}),
                         bytesOf(QFINDTESTDATA("../data/padspage-no-bank.xml"))),
              QString());
-}
-
-void TestPadsPage::changesNothing()
-{
-    VDJModel table;
-    QVERIFY(fill(table, {{2, 12, "1", "Hidden", "Hidden", "#123456"}}));
-    const auto before = table.getlist();
-    const PadsPage page = {"Twice", defaultBanks(), 16, table};
-    const QByteArray first = written(page);
-    QCOMPARE(difference(written(page), first), QString());
-    QCOMPARE(table.getlist(), before);
 }
 
 QTEST_GUILESS_MAIN(TestPadsPage)

@@ -73,37 +73,38 @@ private:
 
     QByteArray value()
     {
+        static const QByteArrayList some = {"Red",
+                                            "Blue",
+                                            ",",
+                                            ", ",
+                                            " ,",
+                                            " ",
+                                            "@home",
+                                            "@",
+                                            "50% @ 5",
+                                            "a@b",
+                                            "It's",
+                                            "\"quoted\"",
+                                            "\" in, quotes \"",
+                                            "\\x263a",
+                                            "\\101",
+                                            "\\n",
+                                            "\\\\",
+                                            "\\q",
+                                            "=",
+                                            "[on]",
+                                            "Nebelsto\xC3\x9F",
+                                            "\xF0\x9F\x94\xA5",
+                                            "; rest",
+                                            "(1)",
+                                            "@@",
+                                            "@Invalid()",
+                                            "@Size(1 2)",
+                                            "\\\n goes on",
+                                            "\\\r\n goes on"};
         QByteArray value;
         for (int words = m_random.bounded(5); words > 0; --words)
-            value += oneOf({"Red",
-                            "Blue",
-                            ",",
-                            ", ",
-                            " ,",
-                            " ",
-                            "@home",
-                            "@",
-                            "50% @ 5",
-                            "a@b",
-                            "It's",
-                            "\"quoted\"",
-                            "\" in, quotes \"",
-                            "\\x263a",
-                            "\\101",
-                            "\\n",
-                            "\\\\",
-                            "\\q",
-                            "=",
-                            "[on]",
-                            "Nebelsto\xC3\x9F",
-                            "\xF0\x9F\x94\xA5",
-                            "; rest",
-                            "(1)",
-                            "@@",
-                            "@Invalid()",
-                            "@Size(1 2)",
-                            "\\\n goes on",
-                            "\\\r\n goes on"});
+            value += oneOf(some);
         return value;
     }
 
@@ -146,7 +147,6 @@ void TestIniFile::init()
 void TestIniFile::refusesObjects_data()
 {
     QTest::addColumn<QByteArray>("ini");
-
     const auto row = [](const QByteArray &name, const QByteArray &value) {
         QTest::newRow(name.constData()) << "[page]\nnumber = " + value + "\n";
     };
@@ -189,7 +189,6 @@ void TestIniFile::refusesObjects_data()
 void TestIniFile::refusesObjects()
 {
     QFETCH(const QByteArray, ini);
-
     const QString path = m_folder->filePath("live.ini");
     QVERIFY(writeFile(path, ini));
     const QVariantMap values = plainValues(path);
@@ -201,7 +200,6 @@ void TestIniFile::refusesObjects()
 void TestIniFile::acceptsTitles_data()
 {
     QTest::addColumn<QByteArray>("title");
-
     for (const char *title : {"a@b",           "@home",         "50% @ 5",   "@",          "@@",
                               "@home, garden", "a, @b",         "@Variant",  "Variant(1)", "@ Variant(1)",
                               "@variant(1)",   "@VVariant(1)",  "@Vari@nt(", "@Date(1)",   "\\x40Variants",
@@ -220,7 +218,6 @@ void TestIniFile::endsSoon_data()
 {
     QTest::addColumn<QByteArray>("piece");
     QTest::addColumn<bool>("isHarmless");
-
     QTest::newRow("groups without end") << QByteArray("[\n") << false;
     QTest::newRow("groups without end, carriage returns") << QByteArray("[\r") << false;
     QTest::newRow("brackets in one line") << QByteArray("[") << true;
@@ -237,7 +234,6 @@ void TestIniFile::endsSoon()
 {
     QFETCH(const QByteArray, piece);
     QFETCH(const bool, isHarmless);
-
     const QByteArray ini = piece.repeated((2 << 20) / piece.size());
     const ProcessorTime time;
     QCOMPARE(isHarmlessIni(ini), isHarmless);
@@ -248,7 +244,7 @@ void TestIniFile::endsSoon()
 void TestIniFile::readsOrdinaryFilesLikeQSettings()
 {
     int lists = 0;
-    for (quint32 seed = 0; seed < 10000; ++seed) {
+    for (quint32 seed = 0; seed < 3000; ++seed) {
         const QByteArray ini = OrdinaryFile(seed).text();
         const QString path =
             m_folder->filePath(QString::number(seed)); // QSettings remembers files by their names
@@ -267,7 +263,7 @@ void TestIniFile::readsOrdinaryFilesLikeQSettings()
             QVERIFY2(text != "none", qPrintable(value.key() + "\n" + QString::fromUtf8(ini)));
         }
     }
-    QVERIFY2(lists > 5000, "Too few lists were made.");
+    QVERIFY2(lists > 1500, "Too few lists were made.");
 }
 
 void TestIniFile::keepsTextsWithCommas_data()
@@ -275,46 +271,29 @@ void TestIniFile::keepsTextsWithCommas_data()
     QTest::addColumn<QByteArray>("ini");
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("text");
-
-    QTest::newRow("no group") << QByteArray("a = 1,2") << "a"
-                              << "1,2";
-    QTest::newRow("the group General") << QByteArray("[general]\na = 1,2") << "a"
-                                       << "1,2";
-    QTest::newRow("a group named General") << QByteArray("[%general]\na = 1,2") << "general/a"
-                                           << "1,2";
-    QTest::newRow("a group") << QByteArray("[ p ]\na = 1,2") << "p/a"
-                             << "1,2";
-    QTest::newRow("a group without end") << QByteArray("[p\na = 1,2") << "p/a"
-                                         << "1,2";
-    QTest::newRow("a group in a group") << QByteArray("[p\\q]\na\\b = 1,2") << "p/q/a/b"
-                                        << "1,2";
-    QTest::newRow("a number in a key")
-        << QByteArray("a%20%U00e4 = 1,2") << "a " + QString(QChar(0xE4)) << "1,2";
-    QTest::newRow("a percent sign in a key") << QByteArray("%%2 = 1,2") << "%%2"
-                                             << "1,2";
-    QTest::newRow("the later of two") << QByteArray("a = 1,2\na = 3,4") << "a"
-                                      << "3,4";
-    QTest::newRow("blanks within") << QByteArray("a =  1 ,2,  3  ") << "a"
-                                   << "1 ,2,  3";
-    QTest::newRow("a comma at the end") << QByteArray("a = Finale,") << "a"
-                                        << "Finale,";
-    QTest::newRow("quotes") << QByteArray("a = \" 1\",2") << "a"
-                            << " 1,2";
-    QTest::newRow("escapes") << QByteArray("a = \\x263a,\\101,\\n\\q\\\r\n!") << "a"
-                             << QString(QChar(0x263A)) + ",A,\n!";
-    QTest::newRow("a comment behind it") << QByteArray("a = 1,2; 3") << "a"
-                                         << "1,2";
-    QTest::newRow("in a comment") << QByteArray("; a = 1,2") << "a" << QString();
-    QTest::newRow("a line end in quotes") << QByteArray("a = \"1\n\",2") << "a"
-                                          << "1\n,2";
-    QTest::newRow("Latin 1 without a mark")
-        << QByteArray("a = \xE4,\xC3\xA4") << "a" << QString::fromLatin1("\xE4,\xC3\xA4");
-    QTest::newRow("UTF-8 with a mark") << Mark + "[p]\na = \xC3\xA4,1"
-                                       << "p/a" << QString(QChar(0xE4)) + ",1";
-    QTest::newRow("a mark in front of the first key") << Mark + "a = 1,2" << QString::fromLatin1(Mark) + "a"
-                                                      << "1,2";
-    QTest::newRow("at signs") << QByteArray("a = @home,@@b") << "a"
-                              << "@home,@@b";
+    const auto row = [](const char *name, const QByteArray &ini, const QString &key, const QString &text) {
+        QTest::newRow(name) << ini << key << text;
+    };
+    row("no group", "a = 1,2", "a", "1,2");
+    row("the group General", "[general]\na = 1,2", "a", "1,2");
+    row("a group named General", "[%general]\na = 1,2", "general/a", "1,2");
+    row("a group", "[ p ]\na = 1,2", "p/a", "1,2");
+    row("a group without end", "[p\na = 1,2", "p/a", "1,2");
+    row("a group in a group", "[p\\q]\na\\b = 1,2", "p/q/a/b", "1,2");
+    row("a number in a key", "a%20%U00e4 = 1,2", "a " + QString(QChar(0xE4)), "1,2");
+    row("a percent sign in a key", "%%2 = 1,2", "%%2", "1,2");
+    row("the later of two", "a = 1,2\na = 3,4", "a", "3,4");
+    row("blanks within", "a =  1 ,2,  3  ", "a", "1 ,2,  3");
+    row("a comma at the end", "a = Finale,", "a", "Finale,");
+    row("quotes", "a = \" 1\",2", "a", " 1,2");
+    row("escapes", "a = \\x263a,\\101,\\n\\q\\\r\n!", "a", QString(QChar(0x263A)) + ",A,\n!");
+    row("a comment behind it", "a = 1,2; 3", "a", "1,2");
+    row("in a comment", "; a = 1,2", "a", {});
+    row("a line end in quotes", "a = \"1\n\",2", "a", "1\n,2");
+    row("Latin 1 without a mark", "a = \xE4,\xC3\xA4", "a", QString::fromLatin1("\xE4,\xC3\xA4"));
+    row("UTF-8 with a mark", Mark + "[p]\na = \xC3\xA4,1", "p/a", QString(QChar(0xE4)) + ",1");
+    row("a mark in front of the first key", Mark + "a = 1,2", QString::fromLatin1(Mark) + "a", "1,2");
+    row("at signs", "a = @home,@@b", "a", "@home,@@b");
 }
 
 void TestIniFile::keepsTextsWithCommas()

@@ -284,9 +284,9 @@ void TestSaveFile::endedAmidWriting()
 {
     QVERIFY(writeFile(in("file"), Old));
     int ends = 0;
-    for (int room = 1; room < newText().size(); room += newText().size() / 60) {
-        const int status = endOf([this, room] {
-            const rlimit limit = {static_cast<rlim_t>(room), RLIM_INFINITY};
+    for (int bytesLeft = 1; bytesLeft < newText().size(); bytesLeft += newText().size() / 60) {
+        const int status = endOf([this, bytesLeft] {
+            const rlimit limit = {static_cast<rlim_t>(bytesLeft), RLIM_INFINITY};
             setrlimit(RLIMIT_FSIZE, &limit);
             saveText(in("file"), writeLines); // the signal for a file that is too large ends a process
         });
@@ -396,11 +396,11 @@ void TestSaveFile::fullDisk()
     const QByteArray old = before < 0 ? QByteArray("no file") : QByteArray(before, 'o');
     QVERIFY(before < 0 || writeFile(in("file"), old));
     QVERIFY(!isClosed || setMode(m_folder->path(), 0500));
-    for (int room = 0; room < newText().size(); room += newText().size() / 20) {
+    for (int bytesLeft = 0; bytesLeft < newText().size(); bytesLeft += newText().size() / 20) {
         bool isSaved = true;
         {
             const OrdinaryUser user;
-            const FullDisk disk(static_cast<rlim_t>(room));
+            const FullDisk disk(static_cast<rlim_t>(bytesLeft));
             isSaved = saveText(in("file"), writeLines);
         }
         QVERIFY(!isSaved);

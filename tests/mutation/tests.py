@@ -2,7 +2,7 @@
 
 from fnmatch import fnmatchcase
 
-MODELS = ["test_mymodel", "test_vdjmodel", "test_controller"]
+MODELS = ["test_models", "test_drops", "test_mymodel", "test_vdjmodel", "test_controller"]
 # fmt: off
 TESTS = {
     "app/combostyle.cpp": ["test_combos", "test_styles", "test_popups"],
@@ -60,7 +60,10 @@ TESTS = {
     "tables/assignments.cpp": ["test_assignments", "test_ticks", "test_menus", "test_commands"],
     "tables/assignments.h": ["test_assignments", "test_ticks", "test_menus"],
     "tables/cellfields.cpp": [*MODELS, "test_dragpayload", "test_projectfile", "test_ticks"],
-    "tables/controller.cpp": ["test_controller", "test_dragpayload", "test_ticks", "test_menus", "test_devicepage"],
+    "tables/controller.cpp": [
+        "test_models", "test_drops", "test_controller", "test_dragpayload", "test_ticks", "test_menus",
+        "test_devicepage",
+    ],
     "tables/dragpayload.cpp": ["test_dragpayload", *MODELS, "test_ticks"],
     "tables/dragpayload.h": [*MODELS, "test_dragpayload", "test_ticks"],
     "devices/keytooltip.cpp": ["test_controller", "test_mydelegate"],
@@ -75,11 +78,11 @@ TESTS = {
     "tables/mainwindow_menus.cpp": ["test_menus", "test_slots", "test_ticks", "test_exports", "test_styles"],
     "tables/mainwindow_keys.cpp": ["test_keys"],
     "tables/mydelegate.cpp": ["test_mydelegate", "test_styles", "test_devicepage"],
-    "tables/mymodel.cpp": ["test_mymodel", "test_dragpayload", "test_pages", "test_loadshow", "test_ticks"],
+    "tables/mymodel.cpp": ["test_models", "test_mymodel", "test_dragpayload", "test_pages", "test_loadshow", "test_ticks"],
     "tables/padbanks.h": ["test_assignments", "test_padspage", "test_banks", "test_exports", "test_ticks"],
     "tables/tablekeys.cpp": ["test_keys"],
     "tables/tableview.cpp": ["test_keys", "test_devicepage", "test_drags"],
-    "tables/vdjmodel.cpp": ["test_vdjmodel", "test_dragpayload", "test_ticks", "test_exports", "test_banks"],
+    "tables/vdjmodel.cpp": ["test_models", "test_drops", "test_vdjmodel", "test_dragpayload", "test_ticks", "test_exports", "test_banks"],
 }
 # fmt: on
 

@@ -1,12 +1,12 @@
 #include "project/projectfile.h"
 #include "support/files.h"
 #include "support/processortime.h"
+#include "support/texts.h"
 #include "tables/controller.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
 
-#include <QColor>
-#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QStandardItemModel>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -49,28 +49,13 @@ bool fillWithEmptyPads(QAbstractItemModel &pads)
     bool isFilled = pads.insertRows(0, 64);
     for (int row = 0; row < 64; ++row) {
         for (int column = 0; column < 2; ++column) {
-            const QString label = "PAD " + QString::number(row % 8 + 1 + 8 * column);
-            isFilled = isFilled && set(pads, row, column, PadRoles, {label, label, "0", "-1", "#000000"});
+            const QString label = Texts::padLabel(row, column);
+            isFilled = isFilled
+                       && set(pads, row, column, PadRoles,
+                              {label, label, Texts::NoPage, Texts::NoButton, Texts::NoColor});
         }
     }
     return isFilled;
-}
-
-QString gridLabel(int row, int column)
-{
-    const bool isGap = row == 1 || row == 10 || column == 1 || column == 10;
-    const bool isCorner = (row == 0 || row == 11) && (column == 0 || column == 11);
-    if (isGap || isCorner)
-        return {};
-    if (row == 0)
-        return "TOP " + QString::number(column - 1);
-    if (row == 11)
-        return "BOTTOM " + QString::number(column - 1);
-    if (column == 0)
-        return "LEFT " + QString::number(row - 1);
-    if (column == 11)
-        return "RIGHT " + QString::number(row - 1);
-    return "PAD " + QString::number((row - 2) * 8 + column - 1);
 }
 
 /** Fills a grid with the empty keys of the AKAI: a band at the bottom, another at the right. */
@@ -82,10 +67,11 @@ bool fillWithEmptyKeys(QAbstractItemModel &grid)
             const bool inRows = row >= 2 && row <= 9;
             const bool inColumns = column >= 2 && column <= 9;
             const bool isKey = (inRows && (inColumns || column == 11)) || (row == 11 && inColumns);
-            const QString label = gridLabel(row, column);
+            const QString label = Texts::keyLabel(row, column);
             isFilled = isFilled
                        && set(grid, row, column, KeyRoles,
-                              {label, label, "0", "-1", isKey ? "1" : "0", "", "", "0", "#000000"});
+                              {label, label, Texts::NoPage, Texts::NoButton, isKey ? "1" : "0", "", "", "0",
+                               Texts::NoColor});
         }
     }
     return isFilled;
@@ -155,21 +141,6 @@ Project parsed(const QByteArray &xml)
     return parseProject(xml);
 }
 
-/** All that a table keeps, one text a cell. */
-QStringList contentOf(const QAbstractItemModel &table)
-{
-    QStringList cells;
-    for (int row = 0; row < table.rowCount(); ++row) {
-        for (int column = 0; column < table.columnCount(); ++column) {
-            QString cell = QString("%1,%2").arg(row).arg(column);
-            for (const int role : KeyRoles)
-                cell += "|" + table.index(row, column).data(role).toString();
-            cells += cell;
-        }
-    }
-    return cells;
-}
-
 /** A table that notes what is written into it; twelve rows and columns. */
 class Notebook final : public QAbstractTableModel
 {
@@ -209,59 +180,18 @@ QByteArray projectOf(const QByteArray &content)
     return "<project type=\"pads\" show=\"s\" >" + content + "</project>";
 }
 
-/** A text of any characters that a project keeps. */
-QString anyText(QRandomGenerator &random)
+/** The settings of a document's first project. */
+ProjectSettings settingsOf(const QByteArray &xml)
 {
-    static const QVector<uint> some = {'a',  'Z',    '0',   ' ',    ' ',    '\'',    '>',     '\t',
-                                       '\n', ',',    ';',   '%',    '\\',   '`',     '/',     '=',
-                                       '-',  '!',    ']',   0xE9,   0xDF,   0x142,   0x416,   0x5D0,
-                                       1,    0x3042, 0x301, 0x200D, 0x2028, 0x1F600, 0x1F3B6, 0xFEFF};
-    QString text;
-    for (int left = random.bounded(12); left > 0; --left) {
-        const uint character = some.at(random.bounded(some.size()));
-        text += QString::fromUcs4(&character, 1);
-    }
-    return text;
+    return parsed(xml).settings.value(0);
 }
 
-QString anyColor(QRandomGenerator &random)
+/** Lays a document's cells onto a table; the numbers of the buttons that were ticked. */
+QList<int> laid(const QByteArray &xml, QAbstractItemModel &table, Lay lay = &layOnPads)
 {
-    return QColor::fromRgb(random.bounded(0x1000000)).name();
-}
-
-void fillAtRandom(QAbstractItemModel &table, bool isGrid, QRandomGenerator &random)
-{
-    for (int row = 0; row < table.rowCount(); ++row) {
-        for (int column = 0; column < table.columnCount(); ++column) {
-            if (random.bounded(3) != 0)
-                continue;
-            QStringList values = {anyText(random), anyText(random), QString::number(random.bounded(1, 20)),
-                                  QString::number(random.bounded(200))};
-            if (isGrid) {
-                values += QString::number(random.bounded(2));
-                values += random.bounded(2) ? anyColor(random) : "yellow";
-                values += random.bounded(2) ? anyColor(random) : "";
-                values += QStringList{"", "0", "1"}.at(random.bounded(3));
-            }
-            values += anyColor(random);
-            set(table, row, column, isGrid ? KeyRoles : PadRoles, values);
-        }
-    }
-}
-
-QStringList anyBanks(QRandomGenerator &random)
-{
-    QStringList banks;
-    for (int bank = 0; bank < 8; ++bank)
-        banks += anyText(random).remove(',');
-    return banks;
-}
-
-/** A generator for a row of a test; the row prints the number that it starts from. */
-QRandomGenerator seeded(uint seed)
-{
-    qInfo("seed %u", seed);
-    return QRandomGenerator(seed);
+    QList<int> ticked;
+    lay(parsed(xml), table, [&ticked](int button) { ticked += button; });
+    return ticked;
 }
 
 /** Reads a project back and writes it anew. */
@@ -298,14 +228,11 @@ class TestProjectFile final : public QObject
 
 private slots:
     void initTestCase();
-
     void writesEmptyPads();
     void writesFilledPads();
-    void writesFreshGrid();
     void writesFilledGrid();
     void writesRowByRow();
     void writesColumnOfHiddenPads();
-    void writesTypedNameOfAnEmptyPad();
     void writesColors_data();
     void writesColors();
     void writesSwitch_data();
@@ -314,32 +241,19 @@ private slots:
     void writesBanks();
     void writesInTheCodecOfTheStream_data();
     void writesInTheCodecOfTheStream();
-    void writesInTheDefaultCodec_data();
-    void writesInTheDefaultCodec();
     void flushesEveryLine();
-    void writingChangesNothing();
-
     void readsSettings_data();
     void readsSettings();
-    void readsSettingsOfMidiInFull();
-    void readsSettingsOfPadsInFull();
     void readsSettingsOfAllProjects();
-
     void laysInOrder_data();
     void laysInOrder();
-    void laysMissingAsEmpty_data();
-    void laysMissingAsEmpty();
     void emptyNameOfAPadBecomesItsNumber();
     void laysOnTheRightCell_data();
     void laysOnTheRightCell();
-    void laterKeyWins();
     void ticks_data();
     void ticks();
     void laysAllKeysOfTheDocument();
-    void laysOnNoRows();
-
-    void readsGoldenFiles_data();
-    void readsGoldenFiles();
+    void readsWhatItWrites();
     void readsDocuments_data();
     void readsDocuments();
     void readsWhatAnotherLocaleWrote_data();
@@ -352,9 +266,6 @@ private slots:
     void cannotBeOpened();
     void pipeIsNoFile();
     void readsThousandsOfKeys();
-
-    void thousandRoundTrips_data();
-    void thousandRoundTrips();
     void everyCharacterSurvives_data();
     void everyCharacterSurvives();
     void unsafeNamesBreakTheFile_data();
@@ -404,15 +315,6 @@ void TestProjectFile::writesFilledPads()
     QCOMPARE(difference(bytes, golden("project-pads-filled.zarvex")), QString());
 }
 
-void TestProjectFile::writesFreshGrid()
-{
-    Controller grid;
-    QVERIFY(grid.insertRows(0, 12));
-    const QByteArray bytes = written(MidiProject{"LAUNCHPAD2", "", "", {-1, -1}, -1, -1, "OS2L DMX", grid});
-    QCOMPARE(difference(bytes, golden("project-midi-empty.zarvex")), QString());
-    QCOMPARE(bytes.count("\t<key "), 144);
-}
-
 void TestProjectFile::writesFilledGrid()
 {
     Controller grid;
@@ -443,30 +345,19 @@ void TestProjectFile::writesRowByRow()
     QCOMPARE(written(PadsProject{"", "", "", false, {}, table}).split('\n'), expected);
 }
 
+/** Nothing of hidden pads is lost, nor what was typed on an empty one. */
 void TestProjectFile::writesColumnOfHiddenPads()
 {
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
     QVERIFY(set(pads, 3, 1, PadRoles, {"Twelve", "Fog", "1", "5", "#0000ff"}));
+    QVERIFY(set(pads, 0, 1, {Qt::EditRole}, {"Mine"}));
     const QByteArray eight = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
     const QByteArray sixteen = written(PadsProject{Club, "Club", "Page", true, defaultBanks(), pads});
-    const QByteArray hidden =
-        "\t<key row=\"3\" column=\"1\" name=\"Twelve\" dspname=\"Fog\" pagenr=\"1\" id=\"5\" "
-        "color=\"#0000ff\" />\n";
-    QVERIFY(eight.contains(hidden));
+    QVERIFY(eight.contains(R"(<key row="3" column="1" name="Twelve" dspname="Fog" pagenr="1" id="5" )"
+                           R"(color="#0000ff" />)"));
+    QVERIFY(eight.contains(R"(<key row="0" column="1" name="Mine" dspname="PAD 9" pagenr="0" id="-1" )"));
     QCOMPARE(QByteArray(eight).replace(R"( layout="0" )", R"( layout="1" )"), sixteen);
-}
-
-void TestProjectFile::writesTypedNameOfAnEmptyPad()
-{
-    VDJModel pads;
-    QVERIFY(fillWithEmptyPads(pads));
-    QVERIFY(set(pads, 0, 1, {Qt::EditRole}, {"Mine"}));
-    const QByteArray bytes = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
-    QCOMPARE(bytes.split('\n').value(3),
-             QByteArray("\t"
-                        R"(<key row="0" column="1" name="Mine" dspname="PAD 9" pagenr="0" id="-1" )"
-                        R"(color="#000000" />)"));
 }
 
 void TestProjectFile::writesColors_data()
@@ -560,38 +451,27 @@ void TestProjectFile::writesInTheCodecOfTheStream_data()
     QTest::newRow("Latin 1") << QByteArray("ISO-8859-1") << QByteArray("Caf\xE9");
 }
 
+/** Both kinds of projects; without a codec of the stream, that of the locale counts. */
 void TestProjectFile::writesInTheCodecOfTheStream()
 {
     QFETCH(const QByteArray, codec);
     QFETCH(const QByteArray, name);
-    QStandardItemModel table(1, 1);
+    const QStandardItemModel table(1, 1);
     const QString cafe = QString::fromUtf8("Caf\xC3\xA9");
-    QVERIFY(table.setData(table.index(0, 0), cafe, Qt::EditRole));
-    QCOMPARE(written(PadsProject{cafe, cafe, cafe, false, {cafe, cafe}, table}, codec),
-             R"(<?xml version="1.0" encoding="UTF-8"?>)"
-             "\n<project type=\"pads\" show=\""
-                 + name + "\" showname=\"" + name + "\" export=\"" + name + R"(" layout="0" banks=")" + name
-                 + "," + name + "\" >\n\t<key row=\"0\" column=\"0\" name=\"" + name
-                 + R"(" dspname="" pagenr="" id="" color="" />)"
-                   "\n</project>\n");
-}
-
-void TestProjectFile::writesInTheDefaultCodec_data()
-{
-    writesInTheCodecOfTheStream_data();
-}
-
-void TestProjectFile::writesInTheDefaultCodec()
-{
-    QFETCH(const QByteArray, codec);
-    QFETCH(const QByteArray, name);
+    const QByteArray declaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
+    const QByteArray pads = written(PadsProject{cafe, cafe, cafe, false, {cafe, cafe}, table}, codec);
+    QCOMPARE(pads.split('\n').value(0), declaration);
+    QCOMPARE(pads.split('\n').value(1),
+             QByteArray(R"(<project type="pads" show="%" showname="%" export="%" layout="0" banks="%,%" >)")
+                 .replace("%", name));
     const DefaultCodec inUse(codec);
-    const QStandardItemModel grid(1, 1);
-    const QString cafe = QString::fromUtf8("Caf\xC3\xA9");
-    const QByteArray bytes = written(MidiProject{"D", "s", cafe, {0, 0}, 0, 0, "e", grid}, nullptr);
-    QCOMPARE(bytes.split('\n').value(0), QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>)"));
-    QCOMPARE(bytes.split('\n').value(1), R"(<project deviceid="D" type="midi" show="s" showname=")" + name
-                                             + R"(" switch="0,0" offcolor="0" oncolor="0" export="e" >)");
+    const QByteArray midi = written(MidiProject{"D", "s", cafe, {0, 0}, 0, 0, "e", table}, nullptr);
+    QCOMPARE(midi.split('\n').value(0), declaration);
+    QCOMPARE(
+        midi.split('\n').value(1),
+        QByteArray(
+            R"(<project deviceid="D" type="midi" show="s" showname="%" switch="0,0" offcolor="0" oncolor="0" export="e" >)")
+            .replace("%", name));
 }
 
 /** Each line has reached the device before the next one begins. */
@@ -611,22 +491,10 @@ void TestProjectFile::flushesEveryLine()
     QCOMPARE(ofMidi.join(), written(midi));
 }
 
-void TestProjectFile::writingChangesNothing()
-{
-    VDJModel pads;
-    QVERIFY(fillWithEmptyPads(pads));
-    QVERIFY(set(pads, 9, 1, PadRoles, {"Strobe", "Strobe", "1", "3", "#FF0000"}));
-    const QStringList before = contentOf(pads);
-    const QByteArray once = written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads});
-    QCOMPARE(contentOf(pads), before);
-    QCOMPARE(written(PadsProject{Club, "Club", "Page", false, defaultBanks(), pads}), once);
-}
-
 void TestProjectFile::readsSettings_data()
 {
     QTest::addColumn<QByteArray>("attributes");
     QTest::addColumn<QString>("expected");
-
     const auto row = [](const char *name, const QByteArray &attributes, const QString &expected) {
         QTest::newRow(name) << attributes << expected;
     };
@@ -636,23 +504,17 @@ void TestProjectFile::readsSettings_data()
         R"(layout="" banks="")",
         "");
     row("show", R"(show="/a b/Live/live.ini")", "show=/a b/Live/live.ini");
-    row("show name", R"(showname="Club")", "showname=Club");
-    row("export name", R"(export=" Friday ")", "export= Friday ");
     row("device", R"(deviceid="APCMINI")", "device=APCMINI");
-    row("device of nobody", R"(deviceid="-1")", "device=-1");
 
     row("type midi", R"(type="midi")", "midi");
     row("type pads", R"(type="pads")", "");
     row("type in upper case", R"(type="MIDI")", "");
     row("type with a blank", R"(type="midi ")", "");
-    row("unknown type", R"(type="keys")", "");
 
     row("layout of 16 pads", R"(layout="1")", "16");
     row("layout of 8 pads", R"(layout="0")", "");
     row("unknown layout", R"(layout="2")", "");
-    row("layout told as pads", R"(layout="16")", "");
     row("layout not told exactly", R"(layout="01")", "");
-    row("layout in a word", R"(layout="true")", "");
 
     row("banks", R"(banks="A,B,C,D,E,F,G,H")", "banks=A|B|C|D|E|F|G|H");
     row("three banks", R"(banks="A,B,C")", "banks=A|B|C");
@@ -660,30 +522,28 @@ void TestProjectFile::readsSettings_data()
     row("empty names are kept", R"(banks=",,B,")", "banks=||B|");
     row("one comma", R"(banks=",")", "banks=|");
     row("blanks are kept", R"(banks="A , B")", "banks=A | B");
-    row("one blank", R"(banks=" ")", "banks= ");
 
     row("Switch", R"(switch="3,4")", "switch=3,4");
     row("Switch at the first cell", R"(switch="0,0")", "switch=0,0");
     row("no Switch", R"(switch="-1,-1")", "");
     row("Switch of one part", R"(switch="3")", "");
-    row("Switch of a word", R"(switch="none")", "");
-    row("Switch of two words", R"(switch="a,b")", "switch=0,0");
     row("Switch of a comma", R"(switch=",")", "switch=0,0");
     row("Switch of a number and nothing", R"(switch="3,")", "switch=3,0");
-    row("Switch of nothing and a number", R"(switch=",4")", "switch=0,4");
     row("Switch of three parts", R"(switch="3,4,5")", "switch=3,4");
     row("Switch beyond the grid", R"(switch="99,-7")", "switch=99,-7");
     row("Switch with a fraction", R"(switch="1.5,2")", "switch=0,2");
-    row("Switch beyond all numbers", R"(switch="99999999999,2")", "switch=0,2");
     row("Switch by a semicolon", R"(switch="3;4")", "");
 
     row("off colour", R"(offcolor="2")", "off=2");
     row("on colour", R"(oncolor="15")", "on=15");
     row("colours of position 0", R"(offcolor="0" oncolor="0")", "off=0 on=0");
     row("colours of none", R"(offcolor="-1" oncolor="-1")", "off=-1 on=-1");
-    row("colours of words", R"(offcolor="red" oncolor="green")", "off=0 on=0");
     row("colours beyond", R"(offcolor="1000" oncolor="99999999999")", "off=1000 on=0");
     row("colours not in base 10", R"(offcolor="0x3" oncolor="010")", "off=0 on=10");
+    row("all of a midi project",
+        R"(deviceid="APCMINI" type="midi" show="/Live/live.ini" showname="Show" switch="-1,-1" offcolor="0" )"
+        R"(oncolor="1" export="OS2L DMX")",
+        "show=/Live/live.ini showname=Show export=OS2L DMX device=APCMINI midi off=0 on=1");
     row("attributes of neither kind", R"(version="2" color="red" name="x" row="1")", "");
 }
 
@@ -691,11 +551,7 @@ void TestProjectFile::readsSettings()
 {
     QFETCH(const QByteArray, attributes);
     QFETCH(const QString, expected);
-    const Project document = parsed("<project " + attributes + "/>");
-    const QList<ProjectSettings> all = document.settings;
-    QCOMPARE(all.size(), 1);
-    const ProjectSettings &settings = all.first();
-
+    const ProjectSettings settings = settingsOf("<project " + attributes + "/>");
     QStringList read; // what is not empty
     const auto add = [&read](bool isThere, const QString &text) {
         if (isThere)
@@ -715,43 +571,6 @@ void TestProjectFile::readsSettings()
     QCOMPARE(read.join(" "), expected);
 }
 
-void TestProjectFile::readsSettingsOfMidiInFull()
-{
-    const QList<ProjectSettings> all =
-        parsed(R"(<project deviceid="APCMINI" type="midi" show="/home/u/Show/Live/live.ini" showname="Show" )"
-               R"(switch="-1,-1" offcolor="0" oncolor="1" export="OS2L DMX" ></project>)")
-            .settings;
-    QCOMPARE(all.size(), 1);
-    QCOMPARE(all.first().device, QString("APCMINI"));
-    QVERIFY(all.first().isMidi);
-    QCOMPARE(all.first().show, QString("/home/u/Show/Live/live.ini"));
-    QCOMPARE(all.first().showName, QString("Show"));
-    QVERIFY(all.first().switchKey == Grid::NoCell);
-    QVERIFY(all.first().offColor == 0);
-    QVERIFY(all.first().onColor == 1);
-    QCOMPARE(all.first().exportName, QString("OS2L DMX"));
-    QCOMPARE(all.first().banks, QStringList());
-}
-
-void TestProjectFile::readsSettingsOfPadsInFull()
-{
-    const QList<ProjectSettings> all =
-        parsed(R"(<project type="pads" show="/home/u/Show/Live/live.ini" showname="Show" export="OS2L DMX" )"
-               R"(layout="0" banks="BANK 1,BANK 2,BANK 3,BANK 4,BANK 5,BANK 6,BANK 7,BANK 8" ></project>)")
-            .settings;
-    QCOMPARE(all.size(), 1);
-    QVERIFY(!all.first().isMidi);
-    QVERIFY(!all.first().has16Pads);
-    QCOMPARE(all.first().show, QString("/home/u/Show/Live/live.ini"));
-    QCOMPARE(all.first().showName, QString("Show"));
-    QCOMPARE(all.first().exportName, QString("OS2L DMX"));
-    QCOMPARE(all.first().banks, defaultBanks());
-    QCOMPARE(all.first().device, QString());
-    QVERIFY(all.first().switchKey == Grid::NoCell);
-    QVERIFY(!all.first().offColor.has_value());
-    QVERIFY(!all.first().onColor.has_value());
-}
-
 void TestProjectFile::readsSettingsOfAllProjects()
 {
     const QList<ProjectSettings> all =
@@ -769,75 +588,49 @@ void TestProjectFile::readsSettingsOfAllProjects()
 void TestProjectFile::laysInOrder_data()
 {
     QTest::addColumn<Lay>("lay");
+    QTest::addColumn<QByteArray>("key");
     QTest::addColumn<QStringList>("expected");
     // Attributes stand in another order in the file, and those of the grid are there for both.
-    QTest::newRow("pads") << &layOnPads
-                          << QStringList{"3,4 2=n", "3,4 257=d", "3,4 256=7", "3,4 259=8", "3,4 1=#ff0000"};
-    QTest::newRow("grid") << &layOnGrid << QStringList{"3,4 2=n",      "3,4 257=d", "3,4 256=7",
-                                                       "3,4 259=8",    "3,4 260=1", "3,4 261=red",
-                                                       "3,4 262=blue", "3,4 263=1", "3,4 1=#ff0000"};
+    const QByteArray whole =
+        R"(<key color="#ff0000" blink="1" coloron="blue" coloroff="red" avail="1" id="8" pagenr="7" )"
+        R"(dspname="d" name="n" column="4" row="3" other="x" textcolor="#123456" />)";
+    QTest::newRow("pads") << &layOnPads << whole
+                          << QStringList{"2=n", "257=d", "256=7", "tick 8", "259=8", "1=#ff0000"};
+    QTest::newRow("grid") << &layOnGrid << whole
+                          << QStringList{"2=n",   "257=d",   "256=7",    "tick 8", "259=8",
+                                         "260=1", "261=red", "262=blue", "263=1",  "1=#ff0000"};
+    const QByteArray bare = R"(<key column="4" row="3"/>)";
+    QTest::newRow("pads, what is missing is empty")
+        << &layOnPads << bare << QStringList{"2=", "257=", "256=", "tick 0", "259=", "1="};
+    QTest::newRow("grid, what is missing is empty")
+        << &layOnGrid << bare
+        << QStringList{"2=", "257=", "256=", "tick 0", "259=", "260=", "261=", "262=", "263=", "1="};
 }
 
+/** The tick comes before the cell takes its number; where it stands among the other texts does not matter. */
 void TestProjectFile::laysInOrder()
 {
     QFETCH(const Lay, lay);
-    QFETCH(QStringList, expected);
-    const Project document = parsed(projectOf(
-        R"(<key color="#ff0000" blink="1" coloron="blue" coloroff="red" avail="1" id="8" pagenr="7" )"
-        R"(dspname="d" name="n" column="4" row="3" other="x" textcolor="#123456" />)"));
-    Notebook table;
-    lay(document, table, [&table](int button) { table.notes += "tick " + QString::number(button); });
-
-    const int tick = table.notes.indexOf("tick 8");
-    QVERIFY(tick >= 0);
-    QVERIFY(tick < table.notes.indexOf("3,4 259=8 (QString)")); // before the cell takes the number
-    table.notes.removeAll("tick 8");
-    for (QString &note : expected)
-        note += " (QString)";
-    QCOMPARE(table.notes, expected);
-}
-
-void TestProjectFile::laysMissingAsEmpty_data()
-{
-    QTest::addColumn<Lay>("lay");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("pads") << &layOnPads
-                          << QStringList{"tick 0", "0,0 2=", "0,0 257=", "0,0 256=", "0,0 259=", "0,0 1="};
-    QTest::newRow("grid") << &layOnGrid
-                          << QStringList{"tick 0",   "0,0 2=",   "0,0 257=", "0,0 256=", "0,0 259=",
-                                         "0,0 260=", "0,0 261=", "0,0 262=", "0,0 263=", "0,0 1="};
-}
-
-void TestProjectFile::laysMissingAsEmpty()
-{
-    QFETCH(const Lay, lay);
+    QFETCH(const QByteArray, key);
     QFETCH(QStringList, expected);
     Notebook table;
-    lay(parsed(projectOf("<key/>")), table,
+    lay(parsed(projectOf(key)), table,
         [&table](int button) { table.notes += "tick " + QString::number(button); });
-    for (QString &note : table.notes)
-        note.remove(" (QString)");
-    table.notes.sort();
-    expected.sort();
-    QCOMPARE(table.notes, expected);
+    QStringList notes = table.notes;
+    notes.replaceInStrings("3,4 ", "").replaceInStrings(" (QString)", "");
+    const auto tick = [](const QStringList &list) { return list.indexOf(QRegularExpression("tick .*")); };
+    QVERIFY(tick(notes) >= 0 && tick(notes) < notes.indexOf(QRegularExpression("259=.*")));
+    notes.move(tick(notes), tick(expected));
+    QCOMPARE(notes, expected);
 }
 
 void TestProjectFile::emptyNameOfAPadBecomesItsNumber()
 {
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
-    layOnPads(
-        parsed(projectOf(R"(<key row="9" column="1" dspname="Fog" pagenr="1" id="4" color="#00ff00"/>)")),
-        pads, [](int) {});
+    laid(projectOf(R"(<key row="9" column="1" dspname="Fog" pagenr="1" id="4" color="#00ff00"/>)"), pads);
     QCOMPARE(pads.index(9, 1).data(Qt::EditRole).toString(), QString("PAD 10"));
     QCOMPARE(pads.index(9, 1).data(DisplayNameRole).toString(), QString("Fog"));
-
-    Controller grid;
-    QVERIFY(fillWithEmptyKeys(grid));
-    layOnGrid(parsed(projectOf(R"(<key row="2" column="2" dspname="Fog"/>)")), grid, [](int) {});
-    QCOMPARE(grid.index(2, 2).data(Qt::EditRole).toString(), QString());
-    QCOMPARE(grid.index(2, 2).data(DisplayNameRole).toString(), QString("Fog"));
-    QCOMPARE(grid.index(2, 2).data(AvailableRole).toString(), QString());
 }
 
 void TestProjectFile::laysOnTheRightCell_data()
@@ -846,7 +639,6 @@ void TestProjectFile::laysOnTheRightCell_data()
     QTest::addColumn<QByteArray>("column");
     QTest::addColumn<QString>("onPads"); // the cell that took it, empty for none
     QTest::addColumn<QString>("onGrid");
-
     const auto add = [](const char *name, const QByteArray &row, const QByteArray &column,
                         const QString &onPads,
                         const QString &onGrid) { QTest::newRow(name) << row << column << onPads << onGrid; };
@@ -877,18 +669,14 @@ void TestProjectFile::laysOnTheRightCell()
     QFETCH(const QByteArray, column);
     QFETCH(const QString, onPads);
     QFETCH(const QString, onGrid);
-    const Project document = parsed(projectOf(keyAt(row, column, "Strobe")));
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
     Controller grid;
     QVERIFY(fillWithEmptyKeys(grid));
-
-    for (QAbstractItemModel *table :
-         {static_cast<QAbstractItemModel *>(&pads), static_cast<QAbstractItemModel *>(&grid)}) {
+    for (QAbstractItemModel *table : QList<QAbstractItemModel *>{&pads, &grid}) {
         const bool isGrid = table == &grid;
-        QList<int> ticked;
-        const auto tick = [&ticked](int button) { ticked += button; };
-        isGrid ? layOnGrid(document, *table, tick) : layOnPads(document, *table, tick);
+        const QByteArray project = projectOf(keyAt(row, column, "Strobe"));
+        QCOMPARE(laid(project, *table, isGrid ? &layOnGrid : &layOnPads), QList<int>{5}); // wherever it lies
         QStringList taken;
         for (int r = 0; r < table->rowCount(); ++r) {
             for (int c = 0; c < table->columnCount(); ++c) {
@@ -897,20 +685,7 @@ void TestProjectFile::laysOnTheRightCell()
             }
         }
         QCOMPARE(taken.join(" "), isGrid ? onGrid : onPads);
-        QCOMPARE(ticked, QList<int>{5}); // wherever it lies
     }
-}
-
-void TestProjectFile::laterKeyWins()
-{
-    VDJModel pads;
-    QVERIFY(fillWithEmptyPads(pads));
-    layOnPads(
-        parsed(projectOf(keyAt("1", "0", "First") + keyAt("2", "0", "Other") + keyAt("1", "0", "Second"))),
-        pads, [](int) {});
-    QCOMPARE(pads.index(1, 0).data(Qt::EditRole).toString(), QString("Second"));
-    QCOMPARE(pads.index(2, 0).data(Qt::EditRole).toString(), QString("Other"));
-    QCOMPARE(pads.index(0, 0).data(Qt::EditRole).toString(), QString("PAD 1"));
 }
 
 void TestProjectFile::ticks_data()
@@ -932,103 +707,63 @@ void TestProjectFile::ticks()
 {
     QFETCH(const QByteArray, id);
     QFETCH(const int, button);
-    const Project document = parsed(projectOf(R"(<key id="3"/><key )" + id + R"(/><key id="3"/>)"));
+    const QByteArray project = projectOf(R"(<key id="3"/><key )" + id + R"(/><key id="3"/>)");
     for (const Lay lay : {&layOnPads, &layOnGrid}) {
-        Notebook table;
-        QList<int> ticked;
-        lay(document, table, [&ticked](int ticks) { ticked += ticks; });
-        QCOMPARE(ticked, QList<int>({3, button, 3}));
+        VDJModel none;
+        QCOMPARE(laid(project, none, lay), QList<int>({3, button, 3}));
+        QCOMPARE(none.rowCount(), 0);
     }
 }
 
+/** Of two for one cell, the later one counts. */
 void TestProjectFile::laysAllKeysOfTheDocument()
 {
-    const Project document =
-        parsed("<all>" + keyAt("0", "0", "before") + "<project>" + keyAt("1", "0", "inside") + "<project>"
-               + keyAt("2", "0", "deep") + "</project></project><pad>" + keyAt("3", "0", "elsewhere")
-               + "</pad><Key row=\"4\" column=\"0\" name=\"other\"/></all>");
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
-    layOnPads(document, pads, [](int) {});
+    laid("<all>" + keyAt("0", "0", "before") + "<project>" + keyAt("1", "0", "inside") + "<project>"
+             + keyAt("2", "0", "deep") + "</project></project><pad>" + keyAt("3", "0", "elsewhere") + "</pad>"
+             + keyAt("0", "0", "later") + "<Key row=\"4\" column=\"0\" name=\"other\"/></all>",
+         pads);
     QStringList names;
-    for (int row = 0; row < 6; ++row)
+    for (int row = 0; row < 5; ++row)
         names += pads.index(row, 0).data(Qt::EditRole).toString();
-    QCOMPARE(names, QStringList({"before", "inside", "deep", "elsewhere", "PAD 5", "PAD 6"}));
+    QCOMPARE(names, QStringList({"later", "inside", "deep", "elsewhere", "PAD 5"}));
 }
 
-void TestProjectFile::laysOnNoRows()
+/** A file that a person wrote, and a grid with something in every field. */
+void TestProjectFile::readsWhatItWrites()
 {
-    const Project document = parsed(projectOf(keyAt("0", "0", "Strobe")));
-    VDJModel pads;
+    const QByteArray file = golden("project-pads-empty.zarvex");
+    QCOMPARE(difference(rewritten<VDJModel>(write(file), &layOnPads, false), file), QString());
+
     Controller grid;
-    QList<int> ticked;
-    layOnPads(document, pads, [&ticked](int button) { ticked += button; });
-    layOnGrid(document, grid, [&ticked](int button) { ticked += button; });
-    QCOMPARE(ticked, QList<int>({5, 5}));
-    QCOMPARE(pads.rowCount(), 0);
-    QCOMPARE(grid.rowCount(), 0);
-}
-
-void TestProjectFile::readsGoldenFiles_data()
-{
-    QTest::addColumn<bool>("isMidi");
-    QTest::newRow("project-pads-empty.zarvex") << false;
-    QTest::newRow("project-midi-empty.zarvex") << true;
-}
-
-void TestProjectFile::readsGoldenFiles()
-{
-    QFETCH(const bool, isMidi);
-    const QByteArray file = golden(QTest::currentDataTag());
-    const QString path = write(file);
-    QCOMPARE(difference(isMidi ? rewritten<Controller>(path, &layOnGrid, true)
-                               : rewritten<VDJModel>(path, &layOnPads, false),
-                        file),
-             QString());
+    QVERIFY(fillWithEmptyKeys(grid));
+    QVERIFY(set(grid, 2, 2, KeyRoles, {"It's", "Fog, low", "1", "3", "1", "red", "#00FF00", "1", "#ff0000"}));
+    QVERIFY(set(grid, 11, 9, KeyRoles, {" Left ", "Over", "2", "0", "0", "", "blue", "", "#00a0b1"}));
+    const QByteArray midi = written(MidiProject{"APCMINI", Club, "Club", {3, 4}, 3, -1, "Grid > 'A'", grid});
+    QCOMPARE(difference(rewritten<Controller>(write(midi), &layOnGrid, true), midi), QString());
 }
 
 void TestProjectFile::readsDocuments_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("name");
-
     const QByteArray declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
     const QByteArray cafe = "<project showname=\"Caf\xC3\xA9\" />\n";
     const QString name = QString::fromUtf8("Caf\xC3\xA9");
     QTest::newRow("as written") << declaration + cafe << name;
-    QTest::newRow("no declaration") << cafe << name;
-    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF") + declaration + cafe << name;
-    QTest::newRow("carriage returns") << QByteArray(declaration + cafe).replace("\n", "\r\n") << name;
-    QTest::newRow("no line end") << declaration + cafe.trimmed() << name;
+    QTest::newRow("byte order mark and carriage returns")
+        << "\xEF\xBB\xBF" + QByteArray(declaration + cafe).replace("\n", "\r\n") << name;
     QTest::newRow("Latin 1 as declared")
         << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<project showname=\"Caf\xE9\" />")
         << name;
-    const QString declared16 = QString::fromUtf8(
-        "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<project showname=\"Caf\xC3\xA9\" />\n");
-    QByteArray little("\xFF\xFE");
-    QByteArray big("\xFE\xFF");
-    for (const QChar character : declared16) {
-        little += char(character.cell());
-        little += char(character.row());
-        big += char(character.row());
-        big += char(character.cell());
-    }
-    QTest::newRow("UTF-16, low byte first") << little << name;
-    QTest::newRow("UTF-16, high byte first") << big << name;
-    QTest::newRow("single quotes") << QByteArray("<project showname='Caf\xC3\xA9'/>") << name;
-    QTest::newRow("comment before") << "<!-- <project> & -->" + cafe << name;
-    QTest::newRow("document type") << "<!DOCTYPE project>" + cafe << name;
     QTest::newRow("document type elsewhere")
         << "<!DOCTYPE project SYSTEM \"file:///etc/hostname\">" + cafe << name;
     QTest::newRow("square brackets behind a document type")
-        << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                      "<!DOCTYPE project>\n<project showname=\"[A]\"/>\n")
+        << declaration + "<!DOCTYPE project>\n<project showname=\"[A]\"/>\n"
         << "[A]";
     QTest::newRow("escapes") << QByteArray("<project showname=\"&lt;&amp;&quot;&apos;&gt;&#233;\"/>")
                              << QString::fromUtf8("<&\"'>\xC3\xA9");
-    QTest::newRow("bracket in a value") << QByteArray("<project showname=\"a > b /> c\"/>") << "a > b /> c";
-    QTest::newRow("text beside") << QByteArray("<project showname=\"A\">words<![CDATA[<key>]]></project>")
-                                 << "A";
     QTest::newRow("some levels deep")
         << QByteArray("<a>").repeated(50) + cafe + QByteArray("</a>").repeated(50) << name;
 }
@@ -1048,10 +783,7 @@ void TestProjectFile::readsWhatAnotherLocaleWrote_data()
 {
     QTest::addColumn<QByteArray>("codec");
     QTest::addColumn<QString>("name");
-
     QTest::newRow("western Europe") << QByteArray("ISO-8859-1") << QString::fromUtf8("Café Größe");
-    QTest::newRow("Windows, western Europe") << QByteArray("windows-1252") << QString::fromUtf8("Café 5 €");
-    QTest::newRow("Poland") << QByteArray("ISO-8859-2") << QString::fromUtf8("Łóżko");
     QTest::newRow("Russia") << QByteArray("KOI8-R") << QString::fromUtf8("Свет");
     QTest::newRow("Japan") << QByteArray("EUC-JP") << QString::fromUtf8("照明");
     QTest::newRow("UTF-8") << QByteArray("UTF-8") << QString::fromUtf8("Café 照明");
@@ -1061,7 +793,6 @@ void TestProjectFile::readsWhatAnotherLocaleWrote()
 {
     QFETCH(const QByteArray, codec);
     QFETCH(const QString, name);
-
     VDJModel pads;
     QVERIFY(fillWithEmptyPads(pads));
     const PadsProject project = {"live.ini", name, name, false, {name}, pads};
@@ -1080,9 +811,7 @@ void TestProjectFile::refusesDocuments_data()
     const QByteArray whole = golden("project-pads-empty.zarvex");
     QVERIFY(whole.size() > 1000);
     QTest::newRow("empty") << QByteArray();
-    QTest::newRow("blanks") << QByteArray(" \n\t\n");
     QTest::newRow("declaration alone") << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
-    QTest::newRow("words") << QByteArray("Save Project");
     QTest::newRow("zeros") << QByteArray(5000, '\0');
     QByteArray bytes;
     for (int i = 0; i < 2048; ++i)
@@ -1091,16 +820,10 @@ void TestProjectFile::refusesDocuments_data()
     QTest::newRow("half of it") << whole.left(whole.size() / 2);
     QTest::newRow("last sign missing") << whole.left(whole.size() - 2);
     QTest::newRow("end tag missing") << QByteArray(whole).replace("</project>", "");
-    QTest::newRow("other end tag") << QByteArray(whole).replace("</project>", "</projekt>");
-    QTest::newRow("cut off in the first tag") << whole.left(80);
-    QTest::newRow("two projects side by side") << QByteArray("<project/><project/>");
-    QTest::newRow("words behind") << whole + "words";
     QTest::newRow("double quote in a name") << QByteArray(whole).replace("PAD 3\"", "PAD \"3\"\"");
     QTest::newRow("ampersand in a name") << QByteArray(whole).replace("PAD 3\"", "PAD & 3\"");
     QTest::newRow("bracket in a name") << QByteArray(whole).replace("PAD 3\"", "PAD < 3\"");
     QTest::newRow("U+0000 as a number") << QByteArray("<project export=\"../A&#0;\" />");
-    QTest::newRow("attribute without quotes") << QByteArray("<project show=s />");
-    QTest::newRow("attribute without a value") << QByteArray("<project show />");
 }
 
 void TestProjectFile::refusesDocuments()
@@ -1131,10 +854,6 @@ void TestProjectFile::hostileDocumentsEndSoon_data()
         << QByteArray("<!DOCTYPE project [<!ENTITY a \"&a;&a;\">]><project showname=\"&a;\" >&a;</project>");
     QTest::newRow("many levels") << QByteArray("<key>").repeated(90000)
                                         + QByteArray("</key>").repeated(90000);
-    QTest::newRow("many levels, never closed") << QByteArray("<key>").repeated(200000);
-    QTest::newRow("a million brackets") << QByteArray("<").repeated(1000000);
-    QTest::newRow("many open comments") << QByteArray("<!--").repeated(250000);
-    QTest::newRow("many open quotes") << QByteArray("<a b=\"").repeated(150000);
 }
 
 void TestProjectFile::hostileDocumentsEndSoon()
@@ -1157,7 +876,7 @@ void TestProjectFile::cannotBeOpened_data()
     const QString huge = m_folder->filePath("huge.zarvex");
     QFile file(huge);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.resize((1 << 20) + 1)); // takes no room on the disk
+    QVERIFY(file.resize((1 << 20) + 1)); // takes no space on the disk
     QTest::newRow("no path") << QString();
     QTest::newRow("missing file") << m_folder->filePath("missing.zarvex");
     QTest::newRow("missing folder") << m_folder->filePath("missing/project.zarvex");
@@ -1210,42 +929,6 @@ void TestProjectFile::readsThousandsOfKeys()
     QCOMPARE(pads.index(63, 1).data(Qt::EditRole).toString(), "Key " + QString::number(Keys - 1));
 }
 
-void TestProjectFile::thousandRoundTrips_data()
-{
-    QTest::addColumn<bool>("isMidi");
-    QTest::newRow("pads") << false;
-    QTest::newRow("midi") << true;
-}
-
-void TestProjectFile::thousandRoundTrips()
-{
-    QFETCH(const bool, isMidi);
-    QRandomGenerator random = seeded(isMidi ? 64 : 144);
-    for (int round = 0; round < 1000; ++round) {
-        QByteArray first;
-        QByteArray second;
-        if (isMidi) {
-            Controller grid;
-            QVERIFY(fillWithEmptyKeys(grid));
-            fillAtRandom(grid, true, random);
-            const Grid::Cell key = {random.bounded(-1, 12), random.bounded(-1, 12)};
-            first =
-                written(MidiProject{anyText(random), anyText(random), anyText(random), key,
-                                    random.bounded(-1, 16), random.bounded(-1, 16), anyText(random), grid});
-            second = rewritten<Controller>(write(first), &layOnGrid, true);
-        } else {
-            VDJModel pads;
-            QVERIFY(fillWithEmptyPads(pads));
-            fillAtRandom(pads, false, random);
-            first = written(PadsProject{anyText(random), anyText(random), anyText(random),
-                                        random.bounded(2) == 1, anyBanks(random), pads});
-            second = rewritten<VDJModel>(write(first), &layOnPads, false);
-        }
-        QVERIFY2(first == second,
-                 qPrintable("round " + QString::number(round) + ", " + difference(second, first)));
-    }
-}
-
 void TestProjectFile::everyCharacterSurvives_data()
 {
     QTest::addColumn<uint>("first");
@@ -1277,11 +960,8 @@ void TestProjectFile::unsafeNamesBreakTheFile_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("double quote") << "the \"loud\" one";
-    QTest::newRow("double quote at the end") << "12\"";
     QTest::newRow("ampersand") << "Drum & Bass";
-    QTest::newRow("ampersand within a word") << "R&B";
     QTest::newRow("opening bracket") << "a < b";
-    QTest::newRow("tag") << "<b>";
     QTest::newRow("comment") << "<!-- x -->";
 }
 

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <ctime>
 #include <functional>
-#include <optional>
 
 namespace {
 
@@ -121,19 +120,13 @@ private slots:
     void readsPagesAndButtons();
     void convertsColors_data();
     void convertsColors();
-    void defaultsColorsThatAreMissing_data();
-    void defaultsColorsThatAreMissing();
     void readsTitles_data();
     void readsTitles();
-    void readsRandomShows_data();
-    void readsRandomShows();
     void readsFilesCutOffAnywhere();
     void survivesBadFiles_data();
     void survivesBadFiles();
     void findsNothingWithoutAFile_data();
     void findsNothingWithoutAFile();
-    void countsMoreThanThereIs_data();
-    void countsMoreThanThereIs();
     void readsAllThatIsThereBehindAHugeCount_data();
     void readsAllThatIsThereBehindAHugeCount();
     void countsFiftyThousandMissingGroups_data();
@@ -173,210 +166,128 @@ void TestLiveShow::namesShows()
     QTEST(showNameOf(folder), "name");
 }
 
+/** The record of a Live Button of which the file tells title and colour, or neither. */
+QString button(int number, int page, const QString &title, const QString &color = "#ffffff")
+{
+    const QString end = title.isNull() ? QString() : " | title=" + title;
+    return QString("buttonid=%1 | check=0 | color=%2 | pageid=%3").arg(number).arg(color).arg(page) + end;
+}
+
 void TestLiveShow::readsPagesAndButtons_data()
 {
     QTest::addColumn<QByteArray>("ini");
     QTest::addColumn<QStringList>("pages"); // behind the first, which is All Pages
     QTest::addColumn<QStringList>("buttons");
+    const auto row = [](const char *name, const QByteArray &ini, const QStringList &pages = {},
+                        const QStringList &buttons = {}) { QTest::newRow(name) << ini << pages << buttons; };
+    const QByteArray wash = "[page1]\nname = Wash\n";
+    row("empty file", "");
+    row("byte order mark alone", Mark);
+    row("no page group", "[live]\ndmx_on = yes\n" + wash + "nb_buttons = 1\n[page1_button1]\ntitle = Red\n");
+    row("page group without number", "[page]\ncount = 2\n" + wash);
+    row("number outside any group", "number = 1\n" + wash);
+    row("number is zero", "[page]\nnumber = 0\n" + wash);
+    row("number is negative", "[page]\nnumber = -2\n" + wash);
+    row("number is a word", "[page]\nnumber = two\n" + wash);
+    row("number is empty", "[page]\nnumber =\n" + wash);
+    row("number with digits and letters", "[page]\nnumber = 2x\n" + wash);
+    row("other keys of the page group do not matter", "[page]\nactive = 7\nnumber = 1\nnumbers = 3\n" + wash,
+        {"name=Wash | pageid=1"});
+    row("more pages counted than in the file", "[page]\nnumber = 3\n" + wash + "[page2]\nname = Movers\n",
+        {"name=Wash | pageid=1", "name=Movers | pageid=2", "pageid=3"});
+    row("a page missing in the middle",
+        "[page]\nnumber = 3\n" + wash
+            + "[page3]\nname = Movers\nnb_buttons = 1\n[page3_button1]\ntitle = Home\n",
+        {"name=Wash | pageid=1", "pageid=2", "name=Movers | nb_buttons=1 | pageid=3"},
+        {button(0, 3, "Home")});
+    row("fewer pages counted than in the file",
+        "[page]\nnumber = 1\n" + wash
+            + "[page2]\nname = Movers\nnb_buttons = 1\n[page2_button1]\ntitle = Home\n",
+        {"name=Wash | pageid=1"});
 
-    const QStringList none;
+    row("buttons of page 2 carry on the count",
+        "[page]\nnumber = 2\n[page1]\nnb_buttons = 4\n"
+        "[page1_button1]\ntitle = A\n[page1_button2]\ntitle = B\n"
+        "[page1_button3]\ntitle = C\n[page1_button4]\ntitle = D\n"
+        "[page2]\nnb_buttons = 1\n[page2_button1]\ntitle = E\n",
+        {"nb_buttons=4 | pageid=1", "nb_buttons=1 | pageid=2"},
+        {button(0, 1, "A"), button(1, 1, "B"), button(2, 1, "C"), button(3, 1, "D"), button(4, 2, "E")});
+    row("a page of no buttons does not disturb the count",
+        "[page]\nnumber = 3\n[page1]\nnb_buttons = 1\n[page1_button1]\ntitle = A\n"
+        "[page2]\nnb_buttons = 0\n[page3]\nnb_buttons = 1\n[page3_button1]\ntitle = B\n",
+        {"nb_buttons=1 | pageid=1", "nb_buttons=0 | pageid=2", "nb_buttons=1 | pageid=3"},
+        {button(0, 1, "A"), button(1, 3, "B")});
+    row("groups in any order",
+        "[page1_button2]\ntitle = B\n[page1]\nnb_buttons = 2\n[page1_button1]\ntitle = A\n[page]\nnumber = 1\n",
+        {"nb_buttons=2 | pageid=1"}, {button(0, 1, "A"), button(1, 1, "B")});
+    row("nb_buttons missing", "[page]\nnumber = 1\n" + wash + "[page1_button1]\ntitle = Red\n",
+        {"name=Wash | pageid=1"});
+    for (const char *count : {"", "0", "-1", "many", "0x1", "1.5", "1,5"})
+        row("nb_buttons is [" + QByteArray(count) + "]",
+            "[page]\nnumber = 1\n[page1]\nnb_buttons = " + QByteArray(count)
+                + "\n[page1_button1]\ntitle = Red\n",
+            {QString("nb_buttons=%1 | pageid=1").arg(count)});
 
-    QTest::newRow("empty file") << QByteArray() << none << none;
-    QTest::newRow("byte order mark alone") << Mark << none << none;
-    QTest::newRow("no page group") << QByteArray(
-        "[live]\ndmx_on = yes\n[page1]\nname = Wash\nnb_buttons = 1\n"
-        "[page1_button1]\ntitle = Red\n")
-                                   << none << none;
-    QTest::newRow("page group without number")
-        << QByteArray("[page]\ncount = 2\n[page1]\nname = Wash\n") << none << none;
-    QTest::newRow("number outside any group")
-        << QByteArray("number = 1\n[page1]\nname = Wash\n") << none << none;
-    QTest::newRow("number is zero") << QByteArray("[page]\nnumber = 0\n[page1]\nname = Wash\n") << none
-                                    << none;
-    QTest::newRow("number is negative")
-        << QByteArray("[page]\nnumber = -2\n[page1]\nname = Wash\n") << none << none;
-    QTest::newRow("number is a word")
-        << QByteArray("[page]\nnumber = two\n[page1]\nname = Wash\n") << none << none;
-    QTest::newRow("number is empty") << QByteArray("[page]\nnumber =\n[page1]\nname = Wash\n") << none
-                                     << none;
-    QTest::newRow("number with digits and letters")
-        << QByteArray("[page]\nnumber = 2x\n[page1]\nname = Wash\n") << none << none;
-    QTest::newRow("other keys of the page group do not matter")
-        << QByteArray("[page]\nactive = 7\nnumber = 1\nnumbers = 3\n[page1]\nname = Wash\n")
-        << QStringList{"name=Wash | pageid=1"} << none;
-    QTest::newRow("more pages counted than in the file")
-        << QByteArray("[page]\nnumber = 3\n[page1]\nname = Wash\n[page2]\nname = Movers\n")
-        << QStringList{"name=Wash | pageid=1", "name=Movers | pageid=2", "pageid=3"} << none;
-    QTest::newRow("a page missing in the middle")
-        << QByteArray("[page]\nnumber = 3\n[page1]\nname = Wash\n[page3]\nname = Movers\nnb_buttons = 1\n"
-                      "[page3_button1]\ntitle = Home\n")
-        << QStringList{"name=Wash | pageid=1", "pageid=2", "name=Movers | nb_buttons=1 | pageid=3"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=3 | title=Home"};
-    QTest::newRow("a page group without keys")
-        << QByteArray("[page]\nnumber = 2\n[page1]\n[page2]\nname = Movers\n")
-        << QStringList{"pageid=1", "name=Movers | pageid=2"} << none;
-    QTest::newRow("fewer pages counted than in the file")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nname = Wash\n[page2]\nname = Movers\nnb_buttons = 1\n"
-                      "[page2_button1]\ntitle = Home\n")
-        << QStringList{"name=Wash | pageid=1"} << none;
+    const QByteArray one = "[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n";
+    const QByteArray three = "[page]\nnumber = 1\n[page1]\nnb_buttons = 3\n";
+    const QStringList onePage = {"nb_buttons=1 | pageid=1"};
+    row("a button group is absent",
+        three + "[page1_button1]\ntitle = A\n[page1_button3]\ntitle = C\ncolor = 255\n",
+        {"nb_buttons=3 | pageid=1"}, {button(0, 1, "A"), button(1, 1, {}), button(2, 1, "C", "#0000FF")});
+    row("more buttons counted than in the file", three + "[page1_button1]\ntitle = A\n",
+        {"nb_buttons=3 | pageid=1"}, {button(0, 1, "A"), button(1, 1, {}), button(2, 1, {})});
+    row("fewer buttons counted than in the file",
+        one + "[page1_button1]\ntitle = A\n[page1_button2]\ntitle = B\n", onePage, {button(0, 1, "A")});
+    row("buttons of a page that is not there", "[page]\nnumber = 1\n[page1_button1]\ntitle = A\n",
+        {"pageid=1"});
+    row("a button without title", one + "[page1_button1]\ncolor = 255\n", onePage,
+        {button(0, 1, {}, "#0000FF")});
+    row("button 10 is not button 1", one + "[page1_button10]\ntitle = J\n", onePage, {button(0, 1, {})});
+    row("keys that the program does not know",
+        "[page]\nnumber = 1\n[page1]\nname = Wash\nswap = yes\nnb_buttons = 1\n"
+        "[page1_button1]\nline = 2\ncolumn = 3\nname = Red.mac\ntitle = Red\nbeats = 4\n",
+        {"name=Wash | nb_buttons=1 | pageid=1 | swap=yes"},
+        {"beats=4 | buttonid=0 | check=0 | color=#ffffff | column=3 | line=2 | name=Red.mac | pageid=1 | title=Red"});
+    row("the page's number comes from the file",
+        "[page]\nnumber = 1\n[page1]\npageid = 7\nnb_buttons = 1\n"
+        "[page1_button1]\ntitle = By position\n[page7_button1]\ntitle = By number\n",
+        {"nb_buttons=1 | pageid=7"}, {button(0, 1, "By number")});
+    row("the page's number in the file is empty",
+        "[page]\nnumber = 1\n[page1]\npageid =\nnb_buttons = 1\n"
+        "[page1_button1]\ntitle = By position\n[page_button1]\ntitle = By number\n",
+        {"nb_buttons=1 | pageid="}, {button(0, 1, "By number")});
+    row("two pages share the buttons of one number",
+        "[page]\nnumber = 2\n[page1]\nnb_buttons = 1\n[page1_button1]\ntitle = A\n"
+        "[page2]\npageid = 1\nnb_buttons = 1\n",
+        {"nb_buttons=1 | pageid=1", "nb_buttons=1 | pageid=1"}, {button(0, 1, "A"), button(1, 2, "A")});
+    row("a button's page and tick come from the file, its number does not",
+        one + "[page1_button1]\npageid = 5\ncheck = 1\nbuttonid = 99\ntitle = A\n", onePage,
+        {"buttonid=0 | check=1 | color=#ffffff | pageid=5 | title=A"});
+    row("groups twice",
+        "[page]\nnumber = 1\n[page1]\nname = Old\nnb_buttons = 1\n[page1_button1]\ntitle = Old\ncolor = 255\n"
+        "[page1_button1]\ntitle = New\n[page1]\nname = New\n",
+        {"name=New | nb_buttons=1 | pageid=1"}, {button(0, 1, "New", "#0000FF")});
+    row("the page count twice", "[page]\nnumber = 5\n" + wash + "[page]\nnumber = 1\n",
+        {"name=Wash | pageid=1"});
+    row("keys twice", "[page]\nnumber = 1\n[page1]\nname = Old\nname = New\n", {"name=New | pageid=1"});
 
-    QTest::newRow("buttons of page 2 carry on the count")
-        << QByteArray("[page]\nnumber = 2\n[page1]\nname = Wash\nnb_buttons = 4\n"
-                      "[page1_button1]\ntitle = A\n[page1_button2]\ntitle = B\n"
-                      "[page1_button3]\ntitle = C\n[page1_button4]\ntitle = D\n"
-                      "[page2]\nname = Movers\nnb_buttons = 2\n"
-                      "[page2_button1]\ntitle = E\n[page2_button2]\ntitle = F\n")
-        << QStringList{"name=Wash | nb_buttons=4 | pageid=1", "name=Movers | nb_buttons=2 | pageid=2"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=A",
-                       "buttonid=1 | check=0 | color=#ffffff | pageid=1 | title=B",
-                       "buttonid=2 | check=0 | color=#ffffff | pageid=1 | title=C",
-                       "buttonid=3 | check=0 | color=#ffffff | pageid=1 | title=D",
-                       "buttonid=4 | check=0 | color=#ffffff | pageid=2 | title=E",
-                       "buttonid=5 | check=0 | color=#ffffff | pageid=2 | title=F"};
-    QTest::newRow("a page of no buttons does not disturb the count")
-        << QByteArray("[page]\nnumber = 3\n[page1]\nnb_buttons = 1\n[page1_button1]\ntitle = A\n"
-                      "[page2]\nnb_buttons = 0\n[page3]\nnb_buttons = 1\n[page3_button1]\ntitle = B\n")
-        << QStringList{"nb_buttons=1 | pageid=1", "nb_buttons=0 | pageid=2", "nb_buttons=1 | pageid=3"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=A",
-                       "buttonid=1 | check=0 | color=#ffffff | pageid=3 | title=B"};
-    QTest::newRow("groups in any order")
-        << QByteArray("[page1_button2]\ntitle = B\n[page1]\nnb_buttons = 2\n[page1_button1]\ntitle = A\n"
-                      "[page]\nnumber = 1\n")
-        << QStringList{"nb_buttons=2 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=A",
-                       "buttonid=1 | check=0 | color=#ffffff | pageid=1 | title=B"};
-
-    const struct
-    {
-        const char *name;
-        QByteArray line;
-        QString kept;
-    } counts[] = {
-        {"nb_buttons missing", "", "name=Wash | pageid=1"},
-        {"nb_buttons is empty", "nb_buttons =\n", "name=Wash | nb_buttons= | pageid=1"},
-        {"nb_buttons is zero", "nb_buttons = 0\n", "name=Wash | nb_buttons=0 | pageid=1"},
-        {"nb_buttons is negative", "nb_buttons = -1\n", "name=Wash | nb_buttons=-1 | pageid=1"},
-        {"nb_buttons is a word", "nb_buttons = many\n", "name=Wash | nb_buttons=many | pageid=1"},
-        {"nb_buttons is hexadecimal", "nb_buttons = 0x1\n", "name=Wash | nb_buttons=0x1 | pageid=1"},
-        {"nb_buttons has a fraction", "nb_buttons = 1.5\n", "name=Wash | nb_buttons=1.5 | pageid=1"},
-        {"nb_buttons has a comma", "nb_buttons = 1,5\n", "name=Wash | nb_buttons=1,5 | pageid=1"},
+    const auto same = [&row](const char *name, const QByteArray &ini) {
+        row(name, ini,
+            {"name=Wash | nb_buttons=2 | pageid=1",
+             QString::fromUtf8("name=Nebelstoß | nb_buttons=1 | pageid=2")},
+            {button(0, 1, "Red", "#FF0000"), button(1, 1, "Blue, slow", "#0000FF"), button(2, 2, "Haze")});
     };
-    for (const auto &count : counts)
-        QTest::newRow(count.name) << "[page]\nnumber = 1\n[page1]\nname = Wash\n" + count.line
-                                         + "[page1_button1]\ntitle = Red\n"
-                                  << QStringList{count.kept} << none;
+    same("byte order mark before the first group", Mark + smallShow());
+    same("byte order mark on a line of its own", Mark + "\n" + smallShow());
+    same("no blanks around the equals sign", Mark + smallShow().replace(" = ", "="));
+    same("lines end with carriage return and line feed", Mark + smallShow().replace("\n", "\r\n"));
+    same("the last line has no end", Mark + smallShow().trimmed());
+    same("blank lines and comments", Mark + smallShow().replace("\n", "\n\n; a comment\n\n"));
 
-    QTest::newRow("a button group is absent")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 3\n[page1_button1]\ntitle = A\n"
-                      "[page1_button3]\ntitle = C\ncolor = 255\n")
-        << QStringList{"nb_buttons=3 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=A",
-                       "buttonid=1 | check=0 | color=#ffffff | pageid=1",
-                       "buttonid=2 | check=0 | color=#0000FF | pageid=1 | title=C"};
-    QTest::newRow("more buttons counted than in the file")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 3\n[page1_button1]\ntitle = A\n")
-        << QStringList{"nb_buttons=3 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=A",
-                       "buttonid=1 | check=0 | color=#ffffff | pageid=1",
-                       "buttonid=2 | check=0 | color=#ffffff | pageid=1"};
-    QTest::newRow("fewer buttons counted than in the file")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n[page1_button1]\ntitle = A\n"
-                      "[page1_button2]\ntitle = B\n")
-        << QStringList{"nb_buttons=1 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=A"};
-    QTest::newRow("buttons of a page that is not there")
-        << QByteArray("[page]\nnumber = 1\n[page1_button1]\ntitle = A\n") << QStringList{"pageid=1"} << none;
-    QTest::newRow("a button without title")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n[page1_button1]\ncolor = 255\n")
-        << QStringList{"nb_buttons=1 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#0000FF | pageid=1"};
-    QTest::newRow("button 10 is not button 1")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n[page1_button10]\ntitle = J\n")
-        << QStringList{"nb_buttons=1 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1"};
-
-    QTest::newRow("keys that the program does not know")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nname = Wash\nswap = yes\nnb_buttons = 1\n"
-                      "[page1_button1]\nline = 2\ncolumn = 3\nname = Red.mac\ntitle = Red\nbeats = 4\n")
-        << QStringList{"name=Wash | nb_buttons=1 | pageid=1 | swap=yes"}
-        << QStringList{"beats=4 | buttonid=0 | check=0 | color=#ffffff | column=3 | line=2 | name=Red.mac | "
-                       "pageid=1 | title=Red"};
-    QTest::newRow("the page's number comes from the file")
-        << QByteArray("[page]\nnumber = 1\n[page1]\npageid = 7\nnb_buttons = 1\n"
-                      "[page1_button1]\ntitle = By position\n[page7_button1]\ntitle = By number\n")
-        << QStringList{"nb_buttons=1 | pageid=7"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=By number"};
-    QTest::newRow("the page's number in the file is empty")
-        << QByteArray("[page]\nnumber = 1\n[page1]\npageid =\nnb_buttons = 1\n"
-                      "[page1_button1]\ntitle = By position\n[page_button1]\ntitle = By number\n")
-        << QStringList{"nb_buttons=1 | pageid="}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=By number"};
-    QTest::newRow("two pages share the buttons of one number")
-        << QByteArray("[page]\nnumber = 2\n[page1]\nnb_buttons = 1\n[page1_button1]\ntitle = A\n"
-                      "[page2]\npageid = 1\nnb_buttons = 1\n")
-        << QStringList{"nb_buttons=1 | pageid=1", "nb_buttons=1 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=A",
-                       "buttonid=1 | check=0 | color=#ffffff | pageid=2 | title=A"};
-    QTest::newRow("a button's page and tick come from the file, its number does not")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n"
-                      "[page1_button1]\npageid = 5\ncheck = 1\nbuttonid = 99\ntitle = A\n")
-        << QStringList{"nb_buttons=1 | pageid=1"}
-        << QStringList{"buttonid=0 | check=1 | color=#ffffff | pageid=5 | title=A"};
-
-    QTest::newRow("groups twice") << QByteArray("[page]\nnumber = 1\n[page1]\nname = Old\nnb_buttons = 1\n"
-                                                "[page1_button1]\ntitle = Old\ncolor = 255\n"
-                                                "[page1_button1]\ntitle = New\nline = 3\n"
-                                                "[page1]\nname = New\n")
-                                  << QStringList{"name=New | nb_buttons=1 | pageid=1"}
-                                  << QStringList{"buttonid=0 | check=0 | color=#0000FF | line=3 | pageid=1 | "
-                                                 "title=New"};
-    QTest::newRow("the page count twice")
-        << QByteArray("[page]\nnumber = 5\n[page1]\nname = Wash\n[page]\nnumber = 1\n")
-        << QStringList{"name=Wash | pageid=1"} << none;
-    QTest::newRow("keys twice") << QByteArray("[page]\nnumber = 1\n[page1]\nname = Old\nname = New\n")
-                                << QStringList{"name=New | pageid=1"} << none;
-
-    const QStringList smallPages = {"name=Wash | nb_buttons=2 | pageid=1",
-                                    QString::fromUtf8("name=Nebelstoß | nb_buttons=1 | pageid=2")};
-    const QStringList smallButtons = {"buttonid=0 | check=0 | color=#FF0000 | pageid=1 | title=Red",
-                                      "buttonid=1 | check=0 | color=#0000FF | pageid=1 | title=Blue, slow",
-                                      "buttonid=2 | check=0 | color=#ffffff | pageid=2 | title=Haze"};
-    QTest::newRow("byte order mark before the first group")
-        << Mark + smallShow() << smallPages << smallButtons;
-    QTest::newRow("byte order mark on a line of its own")
-        << Mark + "\n" + smallShow() << smallPages << smallButtons;
-    QTest::newRow("no blanks around the equals sign")
-        << Mark + smallShow().replace(" = ", "=") << smallPages << smallButtons;
-    QTest::newRow("lines end with carriage return and line feed")
-        << Mark + smallShow().replace("\n", "\r\n") << smallPages << smallButtons;
-    QTest::newRow("the last line has no end") << Mark + smallShow().trimmed() << smallPages << smallButtons;
-    QTest::newRow("blank lines and comments")
-        << Mark + smallShow().replace("\n", "\n\n; a comment\n\n") << smallPages << smallButtons;
-
-    QTest::newRow("cut off behind a button's group")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 2\n[page1_button1]\ntitle = A\n"
-                      "[page1_button2]")
-        << QStringList{"nb_buttons=2 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=A",
-                       "buttonid=1 | check=0 | color=#ffffff | pageid=1"};
-    QTest::newRow("cut off in a button's group")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 2\n[page1_button1]\ntitle = A\n[page1_but")
-        << QStringList{"nb_buttons=2 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=A",
-                       "buttonid=1 | check=0 | color=#ffffff | pageid=1"};
-    QTest::newRow("cut off in a key")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n[page1_button1]\ncolor = 255\ntit")
-        << QStringList{"nb_buttons=1 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#0000FF | pageid=1"};
-    QTest::newRow("cut off in a value")
-        << QByteArray("[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n[page1_button1]\ntitle = Stro")
-        << QStringList{"nb_buttons=1 | pageid=1"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=Stro"};
-    QTest::newRow("cut off in the middle of the pages")
-        << QByteArray("[page]\nnumber = 3\n[page1]\nname = Wash\nnb_buttons = 1\n"
-                      "[page1_button1]\ntitle = Red\n[page2]\nname = Mov")
-        << QStringList{"name=Wash | nb_buttons=1 | pageid=1", "name=Mov | pageid=2", "pageid=3"}
-        << QStringList{"buttonid=0 | check=0 | color=#ffffff | pageid=1 | title=Red"};
+    row("cut off in a button's group", one + "[page1_but", onePage, {button(0, 1, {})});
+    row("cut off in a key", one + "[page1_button1]\ncolor = 255\ntit", onePage,
+        {button(0, 1, {}, "#0000FF")});
+    row("cut off in a value", one + "[page1_button1]\ntitle = Stro", onePage, {button(0, 1, "Stro")});
 }
 
 void TestLiveShow::readsPagesAndButtons()
@@ -384,7 +295,6 @@ void TestLiveShow::readsPagesAndButtons()
     QFETCH(const QByteArray, ini);
     QFETCH(const QStringList, pages);
     QFETCH(const QStringList, buttons);
-
     LiveShow show;
     QVERIFY(read(ini, show));
     QCOMPARE(shown(show.pages), QStringList("name=All Pages | pageid=0") + pages);
@@ -393,68 +303,44 @@ void TestLiveShow::readsPagesAndButtons()
 
 void TestLiveShow::convertsColors_data()
 {
-    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QByteArray>("line"); // of the button's group
     QTest::addColumn<QString>("color");
-
-    QTest::newRow("black is a colour") << QByteArray("0") << "#000000";
-    QTest::newRow("one") << QByteArray("1") << "#000001";
-    QTest::newRow("lowest byte") << QByteArray("255") << "#0000FF";
-    QTest::newRow("middle byte") << QByteArray("65280") << "#00FF00";
-    QTest::newRow("highest byte") << QByteArray("16711680") << "#FF0000";
-    QTest::newRow("upper-case digits") << QByteArray("11259375") << "#ABCDEF";
-    QTest::newRow("white") << QByteArray("16777215") << "#FFFFFF";
-    QTest::newRow("seven digits") << QByteArray("16777216") << "#1000000";
-    QTest::newRow("seven digits, all F") << QByteArray("268435455") << "#FFFFFFF";
-    QTest::newRow("eight digits") << QByteArray("2147483647") << "#7FFFFFFF";
-    QTest::newRow("leading zeros") << QByteArray("000255") << "#0000FF";
-    QTest::newRow("in double quotes") << QByteArray("\"255\"") << "#0000FF";
-    QTest::newRow("not a number") << QByteArray("red") << "#000000";
-    QTest::newRow("hash and digits") << QByteArray("#ff0000") << "#000000";
-    QTest::newRow("hexadecimal") << QByteArray("0xFF") << "#000000";
-    QTest::newRow("with a comma") << QByteArray("255, 0") << "#000000";
-    QTest::newRow("empty") << QByteArray("") << "#000000";
+    const auto row = [](const char *name, const QByteArray &line, const QString &color) {
+        QTest::newRow(name) << line << color;
+    };
+    row("black is a colour", "color = 0", "#000000");
+    row("one", "color = 1", "#000001");
+    row("lowest byte", "color = 255", "#0000FF");
+    row("upper-case digits", "color = 11259375", "#ABCDEF");
+    row("seven digits", "color = 16777216", "#1000000");
+    row("eight digits", "color = 2147483647", "#7FFFFFFF");
+    row("leading zeros", "color = 000255", "#0000FF");
+    row("in double quotes", "color = \"255\"", "#0000FF");
+    row("not a number", "color = red", "#000000");
+    row("hexadecimal", "color = 0xFF", "#000000");
+    row("with a comma", "color = 255, 0", "#000000");
+    row("empty", "color = ", "#000000");
+    row("no key", "", "#ffffff");
+    row("another spelling of the key", "Color = 255", "#ffffff");
+    row("a longer key", "colors = 255", "#ffffff");
 }
 
 void TestLiveShow::convertsColors()
 {
-    QFETCH(const QByteArray, value);
+    QFETCH(const QByteArray, line);
     QFETCH(const QString, color);
-
     LiveShow show;
-    QVERIFY(read("[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n[page1_button1]\ntitle = A\ncolor = " + value
-                     + "\n",
+    QVERIFY(read("[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n[page1_button1]\ntitle = A\n" + line + "\n",
                  show));
     QCOMPARE(show.buttons.size(), 1);
     QCOMPARE(show.buttons.first().value("color"), color);
-}
-
-void TestLiveShow::defaultsColorsThatAreMissing_data()
-{
-    QTest::addColumn<QByteArray>("group");
-
-    QTest::newRow("no group") << QByteArray();
-    QTest::newRow("no key") << QByteArray("[page1_button1]\ntitle = A\n");
-    QTest::newRow("another spelling of the key") << QByteArray("[page1_button1]\nColor = 255\n");
-    QTest::newRow("a longer key") << QByteArray("[page1_button1]\ncolors = 255\n");
-}
-
-void TestLiveShow::defaultsColorsThatAreMissing()
-{
-    QFETCH(const QByteArray, group);
-
-    LiveShow show;
-    QVERIFY(read("[page]\nnumber = 1\n[page1]\nnb_buttons = 1\n" + group, show));
-    QCOMPARE(show.buttons.size(), 1);
-    QCOMPARE(show.buttons.first().value("color"), QString("#ffffff"));
 }
 
 void TestLiveShow::readsTitles_data()
 {
     QTest::addColumn<QByteArray>("value");
     QTest::addColumn<QString>("title");
-
     QTest::newRow("a comma and a blank") << QByteArray("Red, White") << "Red, White";
-    QTest::newRow("two commas") << QByteArray("Anna, Iza, Krystian") << "Anna, Iza, Krystian";
     QTest::newRow("a comma without blank") << QByteArray("Red,White") << "Red,White";
     QTest::newRow("a comma at the end") << QByteArray("Red,") << "Red,";
     QTest::newRow("commas and blanks as they stand") << QByteArray(" a ,b,,c ") << "a ,b,,c";
@@ -464,14 +350,10 @@ void TestLiveShow::readsTitles_data()
     QTest::newRow("blanks at both ends") << QByteArray("   Red   ") << "Red";
     QTest::newRow("single quote") << QByteArray("It's on") << "It's on";
     QTest::newRow("ampersand and angle brackets") << QByteArray("Kick & <Snare>") << "Kick & <Snare>";
-    QTest::newRow("equals sign") << QByteArray("a = b") << "a = b";
-    QTest::newRow("square brackets") << QByteArray("[on]") << "[on]";
-    QTest::newRow("number") << QByteArray("007") << "007";
     QTest::newRow("percent sign") << QByteArray("50% dim") << "50% dim";
     QTest::newRow("German") << QByteArray("Nebelsto\xC3\x9F") << QString::fromUtf8("Nebelstoß");
     QTest::newRow("Polish, with a comma")
         << QByteArray("\xC5\x81\xC3\xB3\xC5\xBC, \xC5\x9Bwiat\xC5\x82o") << QString::fromUtf8("Łóż, światło");
-    QTest::newRow("Russian") << QByteArray("\xD0\xA1\xD0\xB2\xD0\xB5\xD1\x82") << QString::fromUtf8("Свет");
     QTest::newRow("Japanese") << QByteArray("\xE7\x85\xA7\xE6\x98\x8E") << QString::fromUtf8("照明");
     QTest::newRow("beyond sixteen bits") << QByteArray("\xF0\x9F\x94\xA5") << QString::fromUtf8("🔥");
 }
@@ -480,108 +362,12 @@ void TestLiveShow::readsTitles()
 {
     QFETCH(const QByteArray, value);
     QFETCH(const QString, title);
-
     LiveShow show;
     QVERIFY(read(Mark + "[page]\nnumber = 1\n[page1]\nname = " + value
                      + "\nnb_buttons = 1\n[page1_button1]\ntitle = " + value + "\n",
                  show));
     QCOMPARE(valuesOf(show.pages, "name"), (QStringList{"All Pages", title}));
     QCOMPARE(valuesOf(show.buttons, "title"), QStringList{title});
-}
-
-/** A show as somebody thinks it up: what stands in the file, and what a reader should find there. */
-class ImaginedShow final
-{
-public:
-    explicit ImaginedShow(quint32 seed) : m_random(seed)
-    {
-        const int counted = m_random.bounded(7);
-        m_groups += "[page]\nnumber = " + QByteArray::number(counted) + "\n";
-        for (int page = 1; page <= counted; ++page)
-            imaginePage(page);
-        std::shuffle(m_groups.begin(), m_groups.end(), m_random);
-    }
-
-    QByteArray file() const { return Mark + m_groups.join(); }
-    QStringList pages() const { return m_pages; }
-    QStringList buttons() const { return m_buttons; }
-
-private:
-    bool happens(int percent) { return m_random.bounded(100) < percent; }
-
-    void imaginePage(int page)
-    {
-        Record expected = {{"pageid", QString::number(page)}};
-        int inFile = 0;
-        if (happens(85)) {
-            QByteArray group = "[page" + QByteArray::number(page) + "]\n";
-            if (happens(90)) {
-                expected.insert("name", "Page of " + QString::number(m_random.bounded(1000)));
-                group += "name = " + expected.value("name").toUtf8() + "\n";
-            }
-            if (happens(85)) {
-                inFile = m_random.bounded(9);
-                expected.insert("nb_buttons", QString::number(inFile));
-                group += "nb_buttons = " + QByteArray::number(inFile) + "\n";
-            }
-            m_groups += group;
-        }
-        m_pages += shown(expected);
-        // Now and then the file holds more groups than it counts.
-        for (int button = 1; button <= inFile + 2; ++button)
-            imagineButton(page, button, button <= inFile);
-    }
-
-    void imagineButton(int page, int button, bool isCounted)
-    {
-        Record expected = {{"pageid", QString::number(page)}, {"check", "0"}, {"color", "#ffffff"}};
-        if (happens(80)) {
-            QByteArray group =
-                "[page" + QByteArray::number(page) + "_button" + QByteArray::number(button) + "]\n";
-            if (happens(90)) {
-                expected.insert("title",
-                                QString::fromUtf8("Größe, ") + QString::number(m_random.bounded(99)));
-                group += "title = " + expected.value("title").toUtf8() + "\n";
-            }
-            if (happens(75)) {
-                const int color = m_random.bounded(0x1000000);
-                expected.insert("color", QString::asprintf("#%06X", static_cast<unsigned>(color)));
-                group += "color = " + QByteArray::number(color) + "\n";
-            }
-            if (happens(50)) {
-                expected.insert("macro", "Wash L|Wash R");
-                group += "macro = Wash L|Wash R\n";
-            }
-            m_groups += group;
-        }
-        if (!isCounted)
-            return;
-        expected.insert("buttonid", QString::number(m_buttons.size()));
-        m_buttons += shown(expected);
-    }
-
-    QRandomGenerator m_random;
-    QByteArrayList m_groups;
-    QStringList m_pages = {"name=All Pages | pageid=0"};
-    QStringList m_buttons;
-};
-
-void TestLiveShow::readsRandomShows_data()
-{
-    QTest::addColumn<quint32>("seed");
-    for (quint32 seed = 1; seed <= 100; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
-}
-
-void TestLiveShow::readsRandomShows()
-{
-    QFETCH(const quint32, seed);
-
-    const ImaginedShow imagined(seed);
-    LiveShow show;
-    QVERIFY(read(imagined.file(), show));
-    QCOMPARE(shown(show.pages), imagined.pages());
-    QCOMPARE(shown(show.buttons), imagined.buttons());
 }
 
 void TestLiveShow::readsFilesCutOffAnywhere()
@@ -600,7 +386,6 @@ void TestLiveShow::readsFilesCutOffAnywhere()
 void TestLiveShow::survivesBadFiles_data()
 {
     QTest::addColumn<QByteArray>("file");
-
     QRandomGenerator random(2024);
     QByteArray noise(1 << 13, '\0');
     for (char &byte : noise)
@@ -643,7 +428,6 @@ void TestLiveShow::survivesBadFiles_data()
 void TestLiveShow::survivesBadFiles()
 {
     QFETCH(const QByteArray, file);
-
     LiveShow show;
     QVERIFY(read(file, show));
     QCOMPARE(faultsOf(show), QString());
@@ -653,7 +437,6 @@ void TestLiveShow::survivesBadFiles()
 void TestLiveShow::findsNothingWithoutAFile_data()
 {
     QTest::addColumn<QString>("path");
-
     QTest::newRow("missing file") << "live.ini";
     QTest::newRow("missing folder") << "Live/live.ini";
     QTest::newRow("a folder") << ".";
@@ -663,45 +446,10 @@ void TestLiveShow::findsNothingWithoutAFile_data()
 void TestLiveShow::findsNothingWithoutAFile()
 {
     QFETCH(const QString, path);
-
     const QTemporaryDir folder;
     QVERIFY(writeFile(folder.filePath("other.ini"), smallShow()));
     QVERIFY(!readLiveShow(folder.filePath(path)));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"other.ini"});
-}
-
-void TestLiveShow::countsMoreThanThereIs_data()
-{
-    QTest::addColumn<int>("pages");
-    QTest::addColumn<int>("buttons");
-
-    QTest::newRow("3 pages and 5,000 buttons") << 3 << 5000;
-    QTest::newRow("300 pages and 300 buttons") << 300 << 300;
-    QTest::newRow("5,000 pages and no button") << 5000 << 0;
-}
-
-/** Two pages and two buttons stand in the file, and a record is made for all that are counted. */
-void TestLiveShow::countsMoreThanThereIs()
-{
-    QFETCH(const int, pages);
-    QFETCH(const int, buttons);
-
-    LiveShow show;
-    QVERIFY(read("[page]\nnumber = " + QByteArray::number(pages)
-                     + "\n[page1]\nname = Wash\nnb_buttons = " + QByteArray::number(buttons)
-                     + "\n[page1_button1]\ntitle = A\n[page1_button2]\ntitle = B\n[page2]\nname = Movers\n",
-                 show));
-
-    QCOMPARE(show.pages.size(), pages + 1);
-    QCOMPARE(show.buttons.size(), buttons);
-    QCOMPARE(faultsOf(show), QString());
-    for (int number = 1; number <= pages; ++number)
-        QCOMPARE(show.pages.at(number).value("pageid"), QString::number(number));
-    QCOMPARE(shown(show.pages.last()), "pageid=" + QString::number(pages));
-    QStringList titles = {"A", "B"};
-    while (titles.size() < buttons)
-        titles += QString();
-    QCOMPARE(valuesOf(show.buttons, "title"), titles.mid(0, buttons));
 }
 
 void TestLiveShow::readsAllThatIsThereBehindAHugeCount_data()
@@ -709,41 +457,23 @@ void TestLiveShow::readsAllThatIsThereBehindAHugeCount_data()
     QTest::addColumn<QByteArray>("ini");
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<QStringList>("titles");
-
     const QByteArray huge = "2000000000";
     const QByteArray largest = "2147483647";
-    const QByteArray twoPages = "[page1]\nname = Wash\nnb_buttons = 2\n"
-                                "[page1_button1]\ntitle = A\n[page1_button2]\ntitle = B\n"
-                                "[page2]\nname = Movers\nnb_buttons = 1\n[page2_button1]\ntitle = C\n";
     const QByteArray gap = "[page1]\nname = Wash\nnb_buttons = 3\n"
                            "[page1_button1]\ntitle = A\n[page1_button3]\ntitle = C\n";
-
-    QTest::newRow("two thousand million pages")
-        << "[page]\nnumber = " + huge + "\n" + twoPages << QStringList{"Wash", "Movers"}
-        << QStringList{"A", "B", "C"};
-    QTest::newRow("the largest integer of pages")
-        << "[page]\nnumber = " + largest + "\n" + twoPages << QStringList{"Wash", "Movers"}
-        << QStringList{"A", "B", "C"};
-    QTest::newRow("two thousand million buttons on the last page")
-        << "[page]\nnumber = 2\n"
-               + QByteArray(twoPages).replace("[page2]\nname = Movers\nnb_buttons = 1",
-                                              "[page2]\nname = Movers\nnb_buttons = " + huge)
-        << QStringList{"Wash", "Movers"} << QStringList{"A", "B", "C"};
-    QTest::newRow("two thousand million buttons on the first page")
-        << "[page]\nnumber = 2\n" + QByteArray(twoPages).replace("nb_buttons = 2", "nb_buttons = " + huge)
-        << QStringList{"Wash", "Movers"} << QStringList{"A", "B", "C"};
-    QTest::newRow("the largest integer of buttons on both pages")
-        << "[page]\nnumber = 2\n"
-               + QByteArray(twoPages)
-                     .replace("nb_buttons = 2", "nb_buttons = " + largest)
-                     .replace("nb_buttons = 1", "nb_buttons = " + largest)
-        << QStringList{"Wash", "Movers"} << QStringList{"A", "B", "C"};
-    QTest::newRow("two thousand million pages of two thousand million buttons")
-        << "[page]\nnumber = " + huge + "\n"
-               + QByteArray(twoPages)
-                     .replace("nb_buttons = 2", "nb_buttons = " + huge)
-                     .replace("nb_buttons = 1", "nb_buttons = " + huge)
-        << QStringList{"Wash", "Movers"} << QStringList{"A", "B", "C"};
+    const auto twoPages = [](const char *name, const QByteArray &pages, const QByteArray &first,
+                             const QByteArray &second) {
+        QTest::newRow(name) << "[page]\nnumber = " + pages + "\n[page1]\nname = Wash\nnb_buttons = " + first
+                                   + "\n[page1_button1]\ntitle = A\n[page1_button2]\ntitle = B\n"
+                                     "[page2]\nname = Movers\nnb_buttons = "
+                                   + second + "\n[page2_button1]\ntitle = C\n"
+                            << QStringList{"Wash", "Movers"} << QStringList{"A", "B", "C"};
+    };
+    twoPages("300 pages and 300 buttons", "300", "300", "1");
+    twoPages("two thousand million pages", huge, "2", "1");
+    twoPages("two thousand million buttons on the last page", "2", "2", huge);
+    twoPages("two thousand million buttons on the first page", "2", huge, "1");
+    twoPages("the largest integer of all", largest, largest, largest);
     QTest::newRow("a gap in the buttons of two thousand million pages")
         << "[page]\nnumber = " + huge + "\n" + gap << QStringList{"Wash"} << QStringList{"A", "C"};
     QTest::newRow("a gap in the buttons behind two thousand million buttons")
@@ -758,7 +488,6 @@ void TestLiveShow::readsAllThatIsThereBehindAHugeCount()
     QFETCH(const QByteArray, ini);
     QFETCH(const QStringList, names);
     QFETCH(const QStringList, titles);
-
     LiveShow show;
     QVERIFY(read(ini, show));
     QCOMPARE(faultsOf(show), QString());
@@ -776,7 +505,6 @@ void TestLiveShow::countsFiftyThousandMissingGroups_data()
     QTest::addColumn<QByteArray>("ini");
     QTest::addColumn<int>("pages");
     QTest::addColumn<int>("buttons");
-
     QTest::newRow("pages, one below the limit") << QByteArray("[page]\nnumber = 49999\n") << 49999 << 0;
     QTest::newRow("pages up to the limit") << QByteArray("[page]\nnumber = 50000\n") << 50000 << 0;
     QTest::newRow("pages beyond it") << QByteArray("[page]\nnumber = 50001\n") << 50000 << 0;
@@ -804,7 +532,6 @@ void TestLiveShow::countsFiftyThousandMissingGroups()
 void TestLiveShow::countsWhatIsReadAgain_data()
 {
     QTest::addColumn<QByteArray>("ini");
-
     const auto pages = [](int count, const std::function<QByteArray(int)> &pageid, int buttons) {
         QByteArray ini = "[page]\nnumber = " + QByteArray::number(count) + "\n";
         for (int page = 1; page <= count; ++page)
@@ -835,7 +562,6 @@ void TestLiveShow::countsWhatIsReadAgain_data()
 void TestLiveShow::countsWhatIsReadAgain()
 {
     QFETCH(const QByteArray, ini);
-
     LiveShow show;
     const ProcessorTime time;
     QVERIFY(read(ini, show));
@@ -851,7 +577,7 @@ void TestLiveShow::refusesLongFiles()
     const QTemporaryDir folder;
     QFile file(folder.filePath("live.ini"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.resize(32 << 20)); // takes no room on the disk
+    QVERIFY(file.resize(32 << 20)); // takes no space on the disk
     QVERIFY(readLiveShow(file.fileName()));
     QVERIFY(file.resize((32 << 20) + 1));
     QVERIFY(!readLiveShow(file.fileName()));
@@ -910,7 +636,6 @@ void TestLiveShow::readsSixtyThousandButtons()
 void TestLiveShow::readsTheFileAfreshEachTime()
 {
     const QTemporaryDir folder;
-    QVERIFY(folder.isValid());
     const QString path = folder.filePath("live.ini");
     for (const QByteArray &name : {QByteArray("Wash"), QByteArray("Movers and more")}) {
         QFile file(path);
@@ -925,7 +650,6 @@ void TestLiveShow::readsTheFileAfreshEachTime()
 void TestLiveShow::leavesTheFileAlone()
 {
     const QTemporaryDir folder;
-    QVERIFY(folder.isValid());
     const QString path = folder.filePath("live.ini");
     const QByteArray ini = "; kept\r\n\r\n" + smallShow() + "[page2_button1]\nbuttonid = 7\n";
     QVERIFY(writeFile(path, ini));
@@ -974,26 +698,17 @@ void TestLiveShow::colorTexts_data()
 {
     QTest::addColumn<QString>("digits");
     QTest::addColumn<QString>("color");
-
-    QTest::newRow("empty") << ""
-                           << "#ffffff";
-    QTest::newRow("null") << QString() << "#ffffff";
-    QTest::newRow("one digit") << "0"
-                               << "#000000";
-    QTest::newRow("three digits") << "ABC"
-                                  << "#000ABC";
-    QTest::newRow("five digits") << "12345"
-                                 << "#012345";
-    QTest::newRow("six digits") << "FF8800"
-                                << "#FF8800";
-    QTest::newRow("six lower-case digits") << "ff88aa"
-                                           << "#ff88aa";
-    QTest::newRow("seven digits") << "1FF8800"
-                                  << "#1FF8800";
-    QTest::newRow("sixteen digits") << "FFFFFFFFFFFFFFFF"
-                                    << "#FFFFFFFFFFFFFFFF";
-    QTest::newRow("a word") << "red"
-                            << "#000red";
+    const auto row = [](const char *name, const QString &digits, const QString &color) {
+        QTest::newRow(name) << digits << color;
+    };
+    row("empty", "", "#ffffff");
+    row("null", {}, "#ffffff");
+    row("one digit", "0", "#000000");
+    row("five digits", "12345", "#012345");
+    row("six lower-case digits", "ff88aa", "#ff88aa");
+    row("seven digits", "1FF8800", "#1FF8800");
+    row("sixteen digits", "FFFFFFFFFFFFFFFF", "#FFFFFFFFFFFFFFFF");
+    row("a word", "red", "#000red");
 }
 
 void TestLiveShow::colorTexts()

@@ -35,14 +35,6 @@ QString rowsTold(const QString &what, int first, int last, const QStringList &he
     return QString("%1 %2 to %3: ").arg(what).arg(first).arg(last) + held.join(' ');
 }
 
-void changesOfRows()
-{
-    QTest::addColumn<QStringList>("before");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QStringList>("after");
-}
-
 } // namespace
 
 QModelIndex Models::lostIndex(const QAbstractItemModel &model, int row, int column)
@@ -56,39 +48,6 @@ QStringList Models::firstColumn(const QAbstractItemModel &model)
     for (int row = 0; row < model.rowCount(); ++row)
         texts.append(model.index(row, 0).data().toString());
     return texts;
-}
-
-void Models::rowsToInsert()
-{
-    changesOfRows();
-    const QStringList abc = {"a", "b", "c"};
-    QTest::newRow("one into nothing") << QStringList() << 0 << 1 << QStringList{"1"};
-    QTest::newRow("three into nothing") << QStringList() << 0 << 3 << QStringList{"1", "1", "1"};
-    QTest::newRow("one at the front") << abc << 0 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("one in the middle lands in front") << abc << 1 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("two at the end land in front") << abc << 3 << 2 << QStringList{"1", "1", "a", "b", "c"};
-    QTest::newRow("position 5 of 3 rows lands in front") << abc << 5 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("position -1 lands in front") << abc << -1 << 1 << QStringList{"1", "a", "b", "c"};
-    QTest::newRow("none") << abc << 1 << 0 << abc;
-    QTest::newRow("fewer than none") << abc << 1 << -2 << abc;
-}
-
-void Models::rowsToRemove()
-{
-    changesOfRows();
-    const QStringList abcd = {"a", "b", "c", "d"};
-    QTest::newRow("first") << abcd << 0 << 1 << QStringList{"b", "c", "d"};
-    QTest::newRow("middle two") << abcd << 1 << 2 << QStringList{"a", "d"};
-    QTest::newRow("last") << abcd << 3 << 1 << QStringList{"a", "b", "c"};
-    QTest::newRow("three from row 2 of 4") << abcd << 2 << 3 << QStringList{"a", "b"};
-    QTest::newRow("all") << abcd << 0 << 4 << QStringList();
-    QTest::newRow("more than all") << abcd << 0 << 60000 << QStringList();
-    QTest::newRow("behind the last") << abcd << 4 << 1 << abcd;
-    QTest::newRow("before the first") << abcd << -1 << 2 << abcd;
-    QTest::newRow("none") << abcd << 1 << 0 << abcd;
-    QTest::newRow("fewer than none") << abcd << 1 << -2 << abcd;
-    QTest::newRow("from nothing") << QStringList() << 0 << 1 << QStringList();
-    QTest::newRow("nothing from nothing") << QStringList() << 0 << 0 << QStringList();
 }
 
 bool Models::drop(QAbstractItemView &view, const QMimeData &data, const QPoint &point, Qt::DropAction action)

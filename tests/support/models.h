@@ -16,10 +16,6 @@ QModelIndex lostIndex(const QAbstractItemModel &model, int row, int column);
 /** The texts of the first column. */
 QStringList firstColumn(const QAbstractItemModel &model);
 
-/** Rows of "before", "position", "count" and "after" for a table of pads or Live Buttons. */
-void rowsToInsert();
-void rowsToRemove();
-
 /** Drops data at a point of a view's viewport through its own events; whether the view took it. */
 bool drop(QAbstractItemView &view, const QMimeData &data, const QPoint &point,
           Qt::DropAction action = Qt::CopyAction);

@@ -84,7 +84,6 @@ void TestAssignments::findsButtons()
 {
     QFETCH(const Numbers, numbers);
     QFETCH(const QStringList, buttons);
-
     QStandardItemModel table;
     QVERIFY(fill(table, numbers));
     QStringList found = Assignments::buttons(table, table.columnCount()).values();
@@ -97,7 +96,6 @@ void TestAssignments::countsTheFirstColumns_data()
 {
     QTest::addColumn<int>("columns");
     QTest::addColumn<QStringList>("buttons");
-
     QTest::newRow("no column") << 0 << QStringList{};
     QTest::newRow("first column alone") << 1 << QStringList{"4"};
     QTest::newRow("two columns") << 2 << QStringList{"4", "5"};
@@ -108,7 +106,6 @@ void TestAssignments::countsTheFirstColumns()
 {
     QFETCH(const int, columns);
     QFETCH(const QStringList, buttons);
-
     QStandardItemModel table;
     QVERIFY(fill(table, {{"4", "-1", "6"}, {"-1", "5", "-1"}}));
     QStringList found = Assignments::buttons(table, columns).values();
@@ -124,7 +121,6 @@ void TestAssignments::asksForOneButton_data()
     QTest::addColumn<int>("button");
     QTest::addColumn<bool>("inFirstColumn");
     QTest::addColumn<bool>("anywhere");
-
     QTest::newRow("on two pads") << Numbers{{"3", "-1"}, {"3", "-1"}} << 3 << true << true;
     QTest::newRow("on the second column alone") << Numbers{{"-1", "3"}, {"-1", "-1"}} << 3 << false << true;
     QTest::newRow("nowhere") << Numbers{{"13", "30"}, {"-3", "-1"}} << 3 << false << false;
@@ -143,7 +139,6 @@ void TestAssignments::asksForOneButton()
     QFETCH(const int, button);
     QFETCH(const bool, inFirstColumn);
     QFETCH(const bool, anywhere);
-
     QStandardItemModel table;
     QVERIFY(fill(table, numbers));
     QCOMPARE(Assignments::holds(table, button, 1), inFirstColumn);
@@ -154,7 +149,6 @@ void TestAssignments::labelsPads_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<QString>("label");
-
     QTest::newRow("first row") << 0 << "PAD 1";
     QTest::newRow("last row of bank 1") << 7 << "PAD 8";
     QTest::newRow("first row of bank 2") << 8 << "PAD 1";
@@ -173,7 +167,6 @@ void TestAssignments::clearsCells_data()
 {
     QTest::addColumn<QString>("color");
     QTest::addColumn<QString>("left");
-
     QTest::newRow("black unless said") << QString() << "#000000";
     QTest::newRow("white") << "#FFFFFF"
                            << "#FFFFFF";
@@ -183,7 +176,6 @@ void TestAssignments::clearsCells()
 {
     QFETCH(const QString, color);
     QFETCH(const QString, left);
-
     Recorder table(2, 2);
     const QModelIndex cell = table.index(1, 1);
     for (const int role : {int(AvailableRole), int(OffColorRole), int(OnColorRole), int(BlinkRole),

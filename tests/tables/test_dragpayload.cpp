@@ -1,72 +1,30 @@
+#include "support/payload.h"
 #include "tables/controller.h"
 #include "tables/dragpayload.h"
-#include "tables/mymodel.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
 
 #include <QColor>
 #include <QMimeData>
-#include <QRandomGenerator>
-#include <QRegularExpression>
 #include <QStandardItemModel>
 #include <QtTest>
 
-#include <algorithm>
 #include <ctime>
 #include <memory>
 
 namespace {
 
+using Payload::colorBytes;
+using Payload::textBytes;
+
 const QString TextList = "application/vnd.text.list";
 const QString Color = "application/x-color";
 
-// Texts and colours as they travel, put together byte by byte without any stream.
-
-QByteArray bigEndian(quint32 number, int bytes)
-{
-    QByteArray result;
-    for (int i = bytes - 1; i >= 0; --i)
-        result += static_cast<char>((number >> (8 * i)) & 0xFF);
-    return result;
-}
-
-QByteArray bytesOf(const QString &text)
-{
-    if (text.isNull())
-        return QByteArray(4, '\xFF');
-    QByteArray bytes = bigEndian(static_cast<quint32>(text.size()) * 2, 4);
-    for (const QChar unit : text)
-        bytes += bigEndian(unit.unicode(), 2);
-    return bytes;
-}
-
-QByteArray bytesOf(const QStringList &texts)
-{
-    QByteArray bytes;
-    for (const QString &text : texts)
-        bytes += bytesOf(text);
-    return bytes;
-}
-
-QByteArray colorBytes(int red, int green, int blue)
-{
-    QByteArray bytes(1, '\1');
-    for (const int channel : {255, red, green, blue, 0})
-        bytes += bigEndian(static_cast<quint32>(channel) * 257, 2);
-    return bytes;
-}
-
-QByteArray invalidColorBytes()
-{
-    return QByteArray("\0\xFF\xFF\0\0\0\0\0\0\0\0", 11);
-}
+const QByteArray invalidColor("\0\xFF\xFF\0\0\0\0\0\0\0\0", 11);
 
 std::optional<DragPayload> payloadOf(const QByteArray &texts, const QByteArray &colors)
 {
-    QMimeData data;
-    data.setData(TextList, texts);
-    data.setData(Color, colors);
-    return DragPayload::fromMime(&data);
+    return DragPayload::fromMime(Payload::of(texts, colors).get());
 }
 
 QStringList textsOf(const DragPayload &payload)
@@ -102,24 +60,15 @@ class TestDragPayload final : public QObject
     Q_OBJECT
 
 private slots:
-    void mimeTypes();
-    void positions();
     void writesTexts_data();
     void writesTexts();
     void writesColors_data();
     void writesColors();
     void writesOneRecordForEachCell();
-    void writesEmptyPartsForNoCell();
-    void writesLiveButtons();
-    void writesPads();
-    void writesKeys();
     void readsRecords_data();
     void readsRecords();
     void readsColors_data();
     void readsColors();
-    void survivesColorsOfAnyKind();
-    void readsWhatItWrote();
-    void refusesMissingParts_data();
     void refusesMissingParts();
     void refusesOtherPrograms();
     void refusesDamage_data();
@@ -131,87 +80,56 @@ private slots:
     void readsOrigins_data();
     void readsOrigins();
     void givesEmptyTextsOutsideTheRecord();
-    void takesTheFirstOfSeveralRecords();
     void readsAMillionRecordsFast();
-    void readsTextsCutOffAnywhere();
 };
-
-void TestDragPayload::mimeTypes()
-{
-    QCOMPARE(DragPayload::mimeTypes(), (QStringList{TextList, Color}));
-}
-
-void TestDragPayload::positions()
-{
-    QCOMPARE(int(DragPayload::Row), 0);
-    QCOMPARE(int(DragPayload::Column), 1);
-    QCOMPARE(int(DragPayload::Text), 2);
-    QCOMPARE(int(DragPayload::Page), 3);
-    QCOMPARE(int(DragPayload::DisplayName), 4);
-    QCOMPARE(int(DragPayload::Origin), 5);
-    QCOMPARE(int(DragPayload::Button), 6);
-    QCOMPARE(int(DragPayload::Available), 7);
-    QCOMPARE(int(DragPayload::OffColor), 8);
-    QCOMPARE(int(DragPayload::OnColor), 9);
-    QCOMPARE(int(DragPayload::Blink), 10);
-}
 
 void TestDragPayload::writesTexts_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QByteArray>("bytes");
-
     QTest::newRow("ASCII") << QVariant("AB") << QByteArray("\0\0\0\4\0A\0B", 8);
     QTest::newRow("empty") << QVariant("") << QByteArray("\0\0\0\0", 4);
     QTest::newRow("null") << QVariant(QString()) << QByteArray("\xFF\xFF\xFF\xFF", 4);
     QTest::newRow("nothing there") << QVariant() << QByteArray("\xFF\xFF\xFF\xFF", 4);
     QTest::newRow("number") << QVariant(-7) << QByteArray("\0\0\0\4\0-\0007", 8);
-    QTest::newRow("letter beyond ASCII") << QVariant(QString(QChar(0xDF))) << QByteArray("\0\0\0\2\0\xDF", 6);
     QTest::newRow("letter beyond one byte")
         << QVariant(QString(QChar(0x0141))) << QByteArray("\0\0\0\2\1\x41", 6);
-    QTest::newRow("letter of two units")
-        << QVariant(QString::fromUtf8("\xF0\x9F\x94\xA5")) << QByteArray("\0\0\0\4\xD8\x3D\xDD\x25", 8);
     QTest::newRow("letter of value zero") << QVariant(QString(QChar(0))) << QByteArray("\0\0\0\2\0\0", 6);
 }
 
+/** A literal travels like a text of the model. */
 void TestDragPayload::writesTexts()
 {
     QFETCH(const QVariant, value);
     QFETCH(const QByteArray, bytes);
-
     QStandardItemModel table(1, 1);
     const QModelIndex cell = table.index(0, 0);
     QVERIFY(table.setData(cell, value, DisplayNameRole));
-    const std::unique_ptr<QMimeData> data(createDragData({cell}, {DragField::role(DisplayNameRole)}));
-    QCOMPARE(data->data(TextList).toHex(' '),
-             (QByteArray("\0\0\0\2\0000\0\0\0\2\0000", 12) + bytes).toHex(' '));
-
-    // A literal travels like a text of the model.
-    const std::unique_ptr<QMimeData> literal(createDragData({cell}, {DragField::literal(value.toString())}));
-    QCOMPARE(literal->data(TextList), data->data(TextList));
+    for (const DragField &field : {DragField::role(DisplayNameRole), DragField::literal(value.toString())}) {
+        const std::unique_ptr<QMimeData> data(createDragData({cell}, {field}));
+        QCOMPARE(data->data(TextList).toHex(' '), (textBytes({"0", "0"}) + bytes).toHex(' '));
+    }
 }
 
 void TestDragPayload::writesColors_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QByteArray>("bytes");
-
     QTest::newRow("hash and digits") << QVariant("#FF8001") << colorBytes(255, 128, 1);
     QTest::newRow("lower-case digits") << QVariant("#ff8001") << colorBytes(255, 128, 1);
     QTest::newRow("black") << QVariant("#000000") << colorBytes(0, 0, 0);
     QTest::newRow("white") << QVariant("#FFFFFF") << QByteArray("\1\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\0\0", 11);
     QTest::newRow("word") << QVariant("green") << colorBytes(0, 128, 0);
     QTest::newRow("colour value") << QVariant(QColor(1, 2, 3)) << colorBytes(1, 2, 3);
-    QTest::newRow("no colour text") << QVariant("no colour") << invalidColorBytes();
-    QTest::newRow("empty") << QVariant("") << invalidColorBytes();
-    QTest::newRow("nothing there") << QVariant() << invalidColorBytes();
+    QTest::newRow("no colour text") << QVariant("no colour") << invalidColor;
+    QTest::newRow("empty") << QVariant("") << invalidColor;
+    QTest::newRow("nothing there") << QVariant() << invalidColor;
 }
 
 void TestDragPayload::writesColors()
 {
     QFETCH(const QVariant, value);
     QFETCH(const QByteArray, bytes);
-
     QStandardItemModel table(1, 1);
     const QModelIndex cell = table.index(0, 0);
     QVERIFY(table.setData(cell, value, Qt::DecorationRole));
@@ -233,81 +151,20 @@ void TestDragPayload::writesOneRecordForEachCell()
     const std::unique_ptr<QMimeData> data(createDragData(
         {first, QModelIndex(), second}, {DragField::literal("x"), DragField::role(Qt::EditRole)}));
     QCOMPARE(data->formats(), (QStringList{TextList, Color}));
-    QCOMPARE(data->data(TextList), bytesOf(QStringList{"11", "1", "x", "A", "0", "0", "x", "B"}));
+    QCOMPARE(data->data(TextList), textBytes({"11", "1", "x", "A", "0", "0", "x", "B"}));
     QCOMPARE(data->data(Color), colorBytes(1, 2, 3) + colorBytes(255, 255, 255));
-}
 
-void TestDragPayload::writesEmptyPartsForNoCell()
-{
     for (const QModelIndexList &cells : {QModelIndexList(), QModelIndexList{QModelIndex()}}) {
-        const std::unique_ptr<QMimeData> data(createDragData(cells, {DragField::literal("x")}));
-        QCOMPARE(data->formats(), (QStringList{TextList, Color}));
-        QCOMPARE(data->data(TextList), QByteArray());
-        QCOMPARE(data->data(Color), QByteArray());
+        const std::unique_ptr<QMimeData> nothing(createDragData(cells, {DragField::literal("x")}));
+        QCOMPARE(nothing->formats(), (QStringList{TextList, Color}));
+        QCOMPARE(nothing->data(TextList) + nothing->data(Color), QByteArray());
     }
-}
-
-void TestDragPayload::writesLiveButtons()
-{
-    MyModel table;
-    QVERIFY(table.insertRows(0, 4));
-    const QModelIndex cell = table.index(3, 0);
-    QVERIFY(table.setData(cell, "Strobe", Qt::EditRole));
-    QVERIFY(table.setData(cell, "2", PageRole));
-    QVERIFY(table.setData(cell, "Strobe!", DisplayNameRole));
-    QVERIFY(table.setData(cell, "7", SourceRole));
-    QVERIFY(table.setData(cell, "14", ButtonRole));
-    QVERIFY(table.setData(cell, "#FF8001", Qt::DecorationRole));
-
-    const std::unique_ptr<QMimeData> data(table.mimeData({cell}));
-    // The colours of the LED and the blinking are null, not empty.
-    QCOMPARE(data->data(TextList), bytesOf(QStringList{"3", "0", "Strobe", "2", "Strobe!", "1", "14", "1"})
-                                       + QByteArray(12, '\xFF'));
-    QCOMPARE(data->data(Color), colorBytes(255, 128, 1));
-}
-
-void TestDragPayload::writesPads()
-{
-    VDJModel table;
-    QVERIFY(table.insertRows(0, 16));
-    const QModelIndex cell = table.index(9, 1);
-    QVERIFY(table.setData(cell, "Slow", Qt::EditRole));
-    QVERIFY(table.setData(cell, "2", PageRole));
-    QVERIFY(table.setData(cell, "Strobe Slow", DisplayNameRole));
-    QVERIFY(table.setData(cell, "14", ButtonRole));
-    QVERIFY(table.setData(cell, "red", Qt::DecorationRole));
-
-    const std::unique_ptr<QMimeData> data(table.mimeData({cell}));
-    QCOMPARE(data->data(TextList), bytesOf(PadCell));
-    QCOMPARE(data->data(Color), colorBytes(255, 0, 0));
-}
-
-void TestDragPayload::writesKeys()
-{
-    Controller table;
-    QVERIFY(table.insertRows(0, 12));
-    const QModelIndex cell = table.index(11, 4);
-    QVERIFY(table.setData(cell, "Slow", Qt::EditRole));
-    QVERIFY(table.setData(cell, "2", PageRole));
-    QVERIFY(table.setData(cell, "Strobe Slow", DisplayNameRole));
-    QVERIFY(table.setData(cell, "14", ButtonRole));
-    QVERIFY(table.setData(cell, "1", AvailableRole));
-    QVERIFY(table.setData(cell, "#550000", OffColorRole));
-    QVERIFY(table.setData(cell, "yellow", OnColorRole));
-    QVERIFY(table.setData(cell, "1", BlinkRole));
-    QVERIFY(table.setData(cell, "#0000FF", Qt::DecorationRole));
-
-    const std::unique_ptr<QMimeData> data(table.mimeData({cell}));
-    QCOMPARE(data->data(TextList), bytesOf(QStringList{"11", "4", "Slow", "2", "Strobe Slow", "0", "14", "1",
-                                                       "#550000", "yellow", "1"}));
-    QCOMPARE(data->data(Color), colorBytes(0, 0, 255));
 }
 
 void TestDragPayload::readsRecords_data()
 {
     QTest::addColumn<QStringList>("record");
     QTest::addColumn<QStringList>("texts");
-
     QTest::newRow("Live Button") << LiveButton << LiveButton;
     QTest::newRow("pad") << PadCell << filledUp(PadCell);
     const QStringList key = {"11", "4", "Slow", "2", "Slow", "0", "14", "1", "#550000", "yellow", "1"};
@@ -325,8 +182,7 @@ void TestDragPayload::readsRecords()
 {
     QFETCH(const QStringList, record);
     QFETCH(const QStringList, texts);
-
-    const auto payload = payloadOf(bytesOf(record), colorBytes(1, 2, 3));
+    const auto payload = payloadOf(textBytes(record), colorBytes(1, 2, 3));
     QVERIFY(payload);
     QCOMPARE(textsOf(*payload), texts);
     QCOMPARE(payload->color(), QString("#010203"));
@@ -336,10 +192,9 @@ void TestDragPayload::readsColors_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("color");
-
     QTest::newRow("lower-case digits") << colorBytes(255, 171, 1) << "#ffab01";
     QTest::newRow("black") << colorBytes(0, 0, 0) << "#000000";
-    QTest::newRow("invalid colour") << invalidColorBytes() << "#000000";
+    QTest::newRow("invalid colour") << invalidColor << "#000000";
     QTest::newRow("half transparent") << QByteArray("\1\x80\x80\xFF\xFF\0\0\0\0\0\0", 11) << "#ff0000";
     QTest::newRow("no multiple of 257")
         << QByteArray("\1\xFF\xFF\x12\x34\x56\x78\x9A\xBC\0\0", 11) << "#12569a";
@@ -357,88 +212,31 @@ void TestDragPayload::readsColors()
 {
     QFETCH(const QByteArray, bytes);
     QFETCH(const QString, color);
-
-    const auto payload = payloadOf(bytesOf(LiveButton), bytes);
+    const auto payload = payloadOf(textBytes(LiveButton), bytes);
     QVERIFY(payload);
     QCOMPARE(payload->color(), color);
     QCOMPARE(textsOf(*payload), LiveButton);
 }
 
-/** The first byte names a colour model, and not every byte is one. */
-void TestDragPayload::survivesColorsOfAnyKind()
-{
-    const QRegularExpression colorText("^(#[0-9a-f]{6})?$");
-    QRandomGenerator random(1);
-    for (int kind = 0; kind < 256; ++kind) {
-        for (int channels = 0; channels < 20; ++channels) {
-            QByteArray bytes(1, static_cast<char>(kind));
-            for (int i = 0; i < 10; ++i)
-                bytes += static_cast<char>(random.bounded(256));
-            const auto payload = payloadOf(bytesOf(LiveButton), bytes);
-            QVERIFY(payload);
-            QVERIFY2(colorText.match(payload->color()).hasMatch(), qPrintable(payload->color()));
-        }
-    }
-}
-
-/** A colour that travels comes out as a hash and six lower-case digits, whatever it was. */
-void TestDragPayload::readsWhatItWrote()
-{
-    QStandardItemModel table(5, 1);
-    const QModelIndex cell = table.index(4, 0);
-    const QVector<DragField> fields = {DragField::role(Qt::EditRole), DragField::role(PageRole),
-                                       DragField::role(DisplayNameRole), DragField::literal("1"),
-                                       DragField::role(ButtonRole)};
-    QVERIFY(table.setData(cell, QString::fromUtf8("Été, \"Łóż\" & <🔥>"), Qt::EditRole));
-    QVERIFY(table.setData(cell, "", PageRole));
-    QVERIFY(table.setData(cell, QString(100000, 'x'), DisplayNameRole));
-    QVERIFY(table.setData(cell, "#FFFFFF", Qt::DecorationRole));
-
-    const std::unique_ptr<QMimeData> data(createDragData({cell}, fields));
-    const auto payload = DragPayload::fromMime(data.get());
-    QVERIFY(payload);
-    QCOMPARE(payload->sourceRow(), 4);
-    QCOMPARE(payload->sourceColumn(), 0);
-    QCOMPARE(payload->text(DragPayload::Text), QString::fromUtf8("Été, \"Łóż\" & <🔥>"));
-    QCOMPARE(payload->text(DragPayload::Page), QString());
-    QCOMPARE(payload->text(DragPayload::DisplayName), QString(100000, 'x'));
-    QCOMPARE(payload->text(DragPayload::Button), QString());
-    QCOMPARE(payload->color(), QString("#ffffff"));
-    QVERIFY(payload->isLiveButton());
-}
-
-void TestDragPayload::refusesMissingParts_data()
-{
-    QTest::addColumn<bool>("hasTexts");
-    QTest::addColumn<bool>("hasColor");
-
-    QTest::newRow("no texts") << false << true;
-    QTest::newRow("no colour") << true << false;
-    QTest::newRow("neither") << false << false;
-}
-
 void TestDragPayload::refusesMissingParts()
 {
-    QFETCH(const bool, hasTexts);
-    QFETCH(const bool, hasColor);
-
     QMimeData data;
     data.setText("Strobe");
-    data.setData("application/vnd.text.lists", bytesOf(LiveButton));
-    data.setColorData(QColor("#ff0000"));
-    data.removeFormat(Color);
-    if (hasTexts)
-        data.setData(TextList, bytesOf(LiveButton));
-    if (hasColor)
-        data.setData(Color, colorBytes(255, 0, 0));
+    data.setData("application/vnd.text.lists", textBytes(LiveButton));
     QVERIFY(!DragPayload::fromMime(&data));
     QVERIFY(!DragPayload::fromMime(nullptr));
+    data.setData(TextList, textBytes(LiveButton));
+    QVERIFY(!DragPayload::fromMime(&data)); // no colour
+    data.setData(Color, colorBytes(255, 0, 0));
+    QVERIFY(DragPayload::fromMime(&data));
+    data.removeFormat(TextList);
+    QVERIFY(!DragPayload::fromMime(&data)); // no texts
 }
 
 void TestDragPayload::refusesOtherPrograms()
 {
     DataFromOutside data;
-    data.setData(TextList, bytesOf(LiveButton));
+    data.setData(TextList, textBytes(LiveButton));
     data.setData(Color, colorBytes(255, 0, 0));
     QVERIFY(!DragPayload::fromMime(&data));
 
@@ -455,11 +253,10 @@ void TestDragPayload::refusesOtherPrograms()
 void TestDragPayload::refusesDamage_data()
 {
     QTest::addColumn<QByteArray>("texts");
-
     QTest::newRow("empty part") << QByteArray();
     QTest::newRow("cut off in the first count") << QByteArray("\0\0\0", 3);
-    QTest::newRow("cut off behind the first count") << bytesOf(LiveButton).left(4);
-    QTest::newRow("cut off in the first text") << bytesOf(LiveButton).left(5);
+    QTest::newRow("cut off behind the first count") << textBytes(LiveButton).left(4);
+    QTest::newRow("cut off in the first text") << textBytes(LiveButton).left(5);
     QTest::newRow("odd count") << QByteArray("\0\0\0\3\0A\0B", 8);
     QTest::newRow("huge count") << QByteArray("\xFF\xFF\xFF\xFE\0A\0B", 8);
     QTest::newRow("huge odd count") << QByteArray("\x7F\xFF\xFF\xFF\0A\0B", 8);
@@ -476,7 +273,6 @@ void TestDragPayload::refusesDamage()
 void TestDragPayload::keepsTextsInFrontOfDamage_data()
 {
     QTest::addColumn<QByteArray>("damage");
-
     QTest::newRow("cut off in a count") << QByteArray("\0\0", 2);
     QTest::newRow("cut off behind a count") << QByteArray("\0\0\0\4", 4);
     QTest::newRow("cut off in a text") << QByteArray("\0\0\0\4\0A", 6);
@@ -490,15 +286,14 @@ void TestDragPayload::keepsTextsInFrontOfDamage_data()
 void TestDragPayload::keepsTextsInFrontOfDamage()
 {
     QFETCH(const QByteArray, damage);
-
     for (int whole = 1; whole < LiveButton.size(); ++whole) {
-        const auto payload = payloadOf(bytesOf(LiveButton.mid(0, whole)) + damage, colorBytes(255, 0, 0));
+        const auto payload = payloadOf(textBytes(LiveButton.mid(0, whole)) + damage, colorBytes(255, 0, 0));
         QVERIFY(payload);
         QCOMPARE(textsOf(*payload), filledUp(LiveButton.mid(0, whole)));
         QCOMPARE(payload->color(), QString("#ff0000"));
     }
     // Behind the first record it does not matter.
-    const auto payload = payloadOf(bytesOf(LiveButton) + damage, colorBytes(255, 0, 0));
+    const auto payload = payloadOf(textBytes(LiveButton) + damage, colorBytes(255, 0, 0));
     QVERIFY(payload);
     QCOMPARE(textsOf(*payload), LiveButton);
 }
@@ -507,15 +302,11 @@ void TestDragPayload::readsNumbers_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("number");
-
-    QTest::newRow("zero") << "0" << 0;
     QTest::newRow("two digits") << "63" << 63;
     QTest::newRow("negative") << "-1" << -1;
     QTest::newRow("largest integer") << "2147483647" << 2147483647;
     QTest::newRow("past the largest integer") << "2147483648" << 0;
-    QTest::newRow("word") << "three" << 0;
     QTest::newRow("digits and letters") << "3a" << 0;
-    QTest::newRow("fraction") << "3.5" << 0;
     QTest::newRow("hexadecimal") << "0x10" << 0;
     QTest::newRow("empty") << "" << 0;
     QTest::newRow("null") << QString() << 0;
@@ -524,17 +315,13 @@ void TestDragPayload::readsNumbers_data()
 void TestDragPayload::readsNumbers()
 {
     QFETCH(const QString, text);
-    QFETCH(const int, number);
-
-    const auto payload = payloadOf(bytesOf(QStringList{text, "5", "Strobe"}), colorBytes(0, 0, 0));
-    QVERIFY(payload);
-    QCOMPARE(payload->sourceRow(), number);
+    const auto payload = payloadOf(textBytes({text, "5"}), colorBytes(0, 0, 0));
+    const auto turned = payloadOf(textBytes({"5", text}), colorBytes(0, 0, 0));
+    QVERIFY(payload && turned);
+    QTEST(payload->sourceRow(), "number");
     QCOMPARE(payload->sourceColumn(), 5);
-    const auto turned = payloadOf(bytesOf(QStringList{"5", text, "Strobe"}), colorBytes(0, 0, 0));
-    QVERIFY(turned);
     QCOMPARE(turned->sourceRow(), 5);
-    QCOMPARE(turned->sourceColumn(), number);
-    QCOMPARE(turned->text(DragPayload::Column), text);
+    QTEST(turned->sourceColumn(), "number");
 }
 
 void TestDragPayload::readsOrigins_data()
@@ -542,7 +329,6 @@ void TestDragPayload::readsOrigins_data()
     QTest::addColumn<QString>("origin");
     QTest::addColumn<bool>("isLiveButton");
     QTest::addColumn<bool>("isMove");
-
     QTest::newRow("Live Buttons table") << "1" << true << false;
     QTest::newRow("the same table") << "0" << false << true;
     QTest::newRow("another digit") << "2" << false << false;
@@ -554,46 +340,25 @@ void TestDragPayload::readsOrigins_data()
 void TestDragPayload::readsOrigins()
 {
     QFETCH(const QString, origin);
-    QFETCH(const bool, isLiveButton);
-    QFETCH(const bool, isMove);
-
     const auto payload =
-        payloadOf(bytesOf(QStringList{"0", "0", "Strobe", "2", "Strobe", origin}), colorBytes(0, 0, 0));
+        payloadOf(textBytes({"0", "0", "Strobe", "2", "Strobe", origin}), colorBytes(0, 0, 0));
     QVERIFY(payload);
-    QCOMPARE(payload->isLiveButton(), isLiveButton);
-    QCOMPARE(payload->isMove(), isMove);
+    QTEST(payload->isLiveButton(), "isLiveButton");
+    QTEST(payload->isMove(), "isMove");
 }
 
 void TestDragPayload::givesEmptyTextsOutsideTheRecord()
 {
-    const auto payload = payloadOf(bytesOf(PadCell), QByteArray());
+    const auto payload = payloadOf(textBytes(PadCell), QByteArray());
     QVERIFY(payload);
     for (const int position : {-1000, -1, 7, 11, 1000000})
         QCOMPARE(payload->text(position), QString());
     QCOMPARE(payload->text(DragPayload::Button), QString("14"));
-    QCOMPARE(payload->color(), QString());
-}
-
-void TestDragPayload::takesTheFirstOfSeveralRecords()
-{
-    QStringList second = LiveButton;
-    second.replace(DragPayload::Row, "99");
-    second.replace(DragPayload::Text, "Blue");
-    const auto payload = payloadOf(bytesOf(LiveButton + second), colorBytes(1, 2, 3) + colorBytes(4, 5, 6));
-    QVERIFY(payload);
-    QCOMPARE(textsOf(*payload), LiveButton);
-    QCOMPARE(payload->text(LiveButton.size()), QString());
-    QCOMPARE(payload->color(), QString("#010203"));
-
-    // Pads write shorter records; what a pad takes is the first one's all the same.
-    const auto pads = payloadOf(bytesOf(PadCell + second), colorBytes(1, 2, 3));
-    QVERIFY(pads);
-    QCOMPARE(textsOf(*pads).mid(0, PadCell.size()), PadCell);
 }
 
 void TestDragPayload::readsAMillionRecordsFast()
 {
-    const QByteArray texts = bytesOf(LiveButton).repeated(1000000);
+    const QByteArray texts = textBytes(LiveButton).repeated(1000000);
     const QByteArray colors = colorBytes(1, 2, 3).repeated(1000000);
     const std::clock_t begin = std::clock(); // processor time: other programs do not count
     const auto payload = payloadOf(texts, colors);
@@ -602,22 +367,6 @@ void TestDragPayload::readsAMillionRecordsFast()
     QCOMPARE(textsOf(*payload), LiveButton);
     QCOMPARE(payload->color(), QString("#010203"));
     QVERIFY2(seconds < 0.5, qPrintable(QString("%1 s").arg(seconds)));
-}
-
-void TestDragPayload::readsTextsCutOffAnywhere()
-{
-    const QByteArray whole = bytesOf(LiveButton);
-    QVector<int> ends; // of each text
-    for (int count = 1; count <= LiveButton.size(); ++count)
-        ends += bytesOf(LiveButton.mid(0, count)).size();
-    for (int length = 0; length <= whole.size(); ++length) {
-        const int complete = static_cast<int>(
-            std::count_if(ends.cbegin(), ends.cend(), [length](int end) { return end <= length; }));
-        const auto payload = payloadOf(whole.left(length), colorBytes(1, 2, 3));
-        QCOMPARE(payload.has_value(), complete > 0);
-        if (payload)
-            QCOMPARE(textsOf(*payload), filledUp(LiveButton.mid(0, complete)));
-    }
 }
 
 QTEST_GUILESS_MAIN(TestDragPayload)

@@ -158,24 +158,17 @@ class TestMydelegate final : public QObject
 
 private slots:
     void metaObjectOfTheClass();
-    void plainCell();
-    void keyAtRest();
-    void restingGrid();
+    void pixels_data();
+    void pixels();
     void plainOrKey_data();
     void plainOrKey();
     void stateOfKey_data();
     void stateOfKey();
-    void stateOfPlainCell_data();
-    void stateOfPlainCell();
-    void swatch_data();
-    void swatch();
+    void places_data();
+    void places();
     void swatchColor_data();
     void swatchColor();
-    void textPlace_data();
-    void textPlace();
-    void textOfCell_data();
     void textOfCell();
-    void painterIsRestored_data();
     void painterIsRestored();
     void toolTipTakesNoOrders_data();
     void toolTipTakesNoOrders();
@@ -191,36 +184,30 @@ void TestMydelegate::metaObjectOfTheClass()
     QCOMPARE(delegate->metaObject()->superClass()->className(), "QStyledItemDelegate");
 }
 
-void TestMydelegate::plainCell()
+void TestMydelegate::pixels_data()
 {
-    Grid grid;
-    const QImage image = painted(grid.set("0", AvailableRole));
-    const int text = count(image, textRect, "#909090");
-    QVERIFY(text > 0);
-    QCOMPARE(count(image, cellRect, "#303030"), 90 * 40 - text);
-    QCOMPARE(count(image, image.rect(), "#00ffff"), 120 * 80 - 90 * 40);
+    QTest::addColumn<QString>("available");
+    QTest::addColumn<QColor>("background");
+    QTest::addColumn<QColor>("textColor");
+    QTest::addColumn<int>("swatch"); // pixels of it
+    QTest::newRow("plain cell") << "0" << QColor("#303030") << QColor("#909090") << 0;
+    QTest::newRow("key at rest") << "1" << QColor(Qt::black) << QColor(Qt::white) << 15 * 15;
 }
 
-void TestMydelegate::keyAtRest()
+/** Nothing else is in the cell, and nothing beside it; all other tests compare with pictures. */
+void TestMydelegate::pixels()
 {
+    QFETCH(QString, available);
+    QFETCH(QColor, background);
+    QFETCH(QColor, textColor);
+    QFETCH(int, swatch);
     Grid grid;
-    const QImage image = painted(grid.model.index(2, 2));
-    const int text = count(image, textRect, Qt::white);
+    const QImage image = painted(grid.set(available, AvailableRole));
+    const int text = count(image, textRect, textColor);
     QVERIFY(text > 0);
-    QCOMPARE(count(image, swatchRect, Qt::red), 15 * 15);
-    QCOMPARE(count(image, cellRect, Qt::black), 90 * 40 - 15 * 15 - text);
+    QCOMPARE(count(image, swatchRect, Qt::red), swatch);
+    QCOMPARE(count(image, cellRect, background), 90 * 40 - swatch - text);
     QCOMPARE(count(image, image.rect(), "#00ffff"), 120 * 80 - 90 * 40);
-}
-
-/** An empty key has a black swatch on black and its label in white. */
-void TestMydelegate::restingGrid()
-{
-    Controller model;
-    model.insertRows(0, 12);
-    model.setData(model.index(2, 2), "PAD 1");
-    const QImage image = painted(model.index(2, 2));
-    QCOMPARE(image, expectedKey(Qt::black, Qt::black, "PAD 1"));
-    QVERIFY(count(image, textRect, Qt::white) > 0);
 }
 
 void TestMydelegate::plainOrKey_data()
@@ -284,46 +271,50 @@ void TestMydelegate::stateOfKey()
     QFETCH(QColor, background);
     Grid grid;
     QCOMPARE(painted(grid.model.index(2, 2), QStyle::State(state)), expectedKey(background));
-}
-
-void TestMydelegate::stateOfPlainCell_data()
-{
-    stateOfKey_data();
-}
-
-void TestMydelegate::stateOfPlainCell()
-{
-    QFETCH(int, state);
-    Grid grid;
     QCOMPARE(painted(grid.set("0", AvailableRole), QStyle::State(state)), expectedPlain());
 }
 
-void TestMydelegate::swatch_data()
+void TestMydelegate::places_data()
 {
     QTest::addColumn<QRect>("rect");
-    QTest::addColumn<QRect>("swatch");
-    QTest::newRow("even height") << QRect(13, 7, 90, 40) << QRect(18, 19, 15, 15);
-    QTest::newRow("odd height") << QRect(13, 7, 90, 41) << QRect(18, 20, 15, 15);
-    QTest::newRow("two more") << QRect(13, 7, 90, 42) << QRect(18, 20, 15, 15);
-    QTest::newRow("at the origin") << QRect(0, 0, 90, 40) << QRect(5, 12, 15, 15);
-    QTest::newRow("just high enough") << QRect(13, 30, 90, 15) << QRect(18, 30, 15, 15);
-    QTest::newRow("one more than high enough") << QRect(13, 30, 90, 16) << QRect(18, 30, 15, 15);
-    QTest::newRow("too low by one") << QRect(13, 30, 90, 14) << QRect(18, 30, 15, 15);
-    QTest::newRow("too low by an even number") << QRect(13, 30, 90, 11) << QRect(18, 28, 15, 15);
-    QTest::newRow("too low by an odd number, cut toward zero")
-        << QRect(13, 30, 90, 10) << QRect(18, 28, 15, 15);
-    QTest::newRow("narrow gap") << QRect(13, 7, 10, 40) << QRect(18, 19, 15, 15);
+    QTest::addColumn<QRect>("swatch"); // 5 right of the edge, 15 by 15
+    QTest::addColumn<QRect>("text");   // from 25 right of the edge to 5 left of the other edge
+    const auto row = [](const char *name, const QRect &rect, int swatchTop, int textWidth) {
+        const QRect swatch(rect.left() + 5, swatchTop, 15, 15);
+        const QRect text(rect.left() + 25, rect.top(), textWidth, rect.height());
+        QTest::newRow(name) << rect << swatch << text;
+    };
+    row("even height", {13, 7, 90, 40}, 19, 60);
+    row("odd height", {13, 7, 90, 41}, 20, 60);
+    row("two more", {13, 7, 90, 42}, 20, 60);
+    row("at the origin", {0, 0, 100, 60}, 22, 70);
+    row("just high enough", {13, 30, 90, 15}, 30, 60);
+    row("one more than high enough", {13, 30, 90, 16}, 30, 60);
+    row("too low by one", {13, 30, 90, 14}, 30, 60);
+    row("too low by an even number", {13, 30, 90, 11}, 28, 60);
+    row("too low by an odd number, cut toward zero", {13, 30, 90, 10}, 28, 60);
+    row("narrower than the text", {13, 7, 40, 40}, 19, 10);
+    row("a gap too narrow for any text", {13, 7, 10, 40}, 19, -20);
 }
 
-void TestMydelegate::swatch()
+void TestMydelegate::places()
 {
     QFETCH(QRect, rect);
     QFETCH(QRect, swatch);
+    QFETCH(QRect, text);
     Grid grid;
     const QImage image = painted(grid.set("", Qt::EditRole), QStyle::State_Enabled, rect);
     QCOMPARE(count(image, image.rect(), Qt::red), 15 * 15);
     QCOMPARE(count(image, swatch, Qt::red), 15 * 15);
-    QCOMPARE(count(image, rect, "#00ffff"), 0);
+    for (const char *name : {"Fog", "A text that is far too long", "two\nlines", ""}) {
+        const QModelIndex key = grid.set(name, Qt::EditRole);
+        QCOMPARE(painted(key, QStyle::State_Enabled, rect),
+                 expected(Qt::black, swatch, Qt::red, Qt::white, text, name, rect));
+        const QModelIndex plain = grid.set("0", AvailableRole);
+        QCOMPARE(painted(plain, QStyle::State_Enabled, rect),
+                 expected("#303030", {}, {}, "#909090", text, name, rect));
+        grid.set("1", AvailableRole);
+    }
 }
 
 void TestMydelegate::swatchColor_data()
@@ -336,6 +327,7 @@ void TestMydelegate::swatchColor_data()
     QTest::newRow("as the background") << "#404040" << QColor(0x40, 0x40, 0x40);
     QTest::newRow("no colour paints black") << "mud" << QColor(Qt::black);
     QTest::newRow("empty paints black") << "" << QColor(Qt::black);
+    QTest::newRow("a key at rest") << "#000000" << QColor(Qt::black);
 }
 
 void TestMydelegate::swatchColor()
@@ -347,99 +339,49 @@ void TestMydelegate::swatchColor()
              expectedKey("#404040", color));
 }
 
-void TestMydelegate::textPlace_data()
+/** The text is the name, neither the Live Button's own nor in the text colour that the key keeps; markup stays. */
+void TestMydelegate::textOfCell()
 {
-    QTest::addColumn<QRect>("rect");
-    QTest::addColumn<QRect>("text");
-    QTest::addColumn<QRect>("swatch");
-    QTest::newRow("even height") << QRect(13, 7, 90, 40) << QRect(38, 7, 60, 40) << QRect(18, 19, 15, 15);
-    QTest::newRow("odd height") << QRect(13, 7, 90, 41) << QRect(38, 7, 60, 41) << QRect(18, 20, 15, 15);
-    QTest::newRow("at the origin") << QRect(0, 0, 100, 60) << QRect(25, 0, 70, 60) << QRect(5, 22, 15, 15);
-    QTest::newRow("narrower than the text")
-        << QRect(13, 7, 40, 40) << QRect(38, 7, 10, 40) << QRect(18, 19, 15, 15);
-    QTest::newRow("a gap too narrow for any text")
-        << QRect(13, 7, 10, 40) << QRect(38, 7, -20, 40) << QRect(18, 19, 15, 15);
-}
-
-void TestMydelegate::textPlace()
-{
-    QFETCH(QRect, rect);
-    QFETCH(QRect, text);
-    QFETCH(QRect, swatch);
     Grid grid;
-    for (const char *name : {"Fog", "A text that is far too long", "two\nlines", ""}) {
-        const QModelIndex key = grid.set(name, Qt::EditRole);
-        QCOMPARE(painted(key, QStyle::State_Enabled, rect),
-                 expected(Qt::black, swatch, Qt::red, Qt::white, text, name, rect));
-        const QModelIndex plain = grid.set("0", AvailableRole);
-        QCOMPARE(painted(plain, QStyle::State_Enabled, rect),
-                 expected("#303030", {}, {}, "#909090", text, name, rect));
+    grid.set("other", DisplayNameRole);
+    grid.set("#123456", Qt::ForegroundRole);
+    for (const char *text : {"\xc5\xbb\xc3\xb3\xc5\x82w", "A & B", "<b>A"}) {
+        const QModelIndex index = grid.set(QString::fromUtf8(text), Qt::EditRole);
+        QCOMPARE(painted(index), expectedKey(Qt::black, Qt::red, QString::fromUtf8(text)));
+        grid.set("0", AvailableRole);
+        QCOMPARE(painted(index), expectedPlain(QString::fromUtf8(text)));
         grid.set("1", AvailableRole);
     }
 }
 
-void TestMydelegate::textOfCell_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("letters") << "Fog";
-    QTest::newRow("letters beyond ASCII") << QString::fromUtf8("\xc5\xbb\xc3\xb3\xc5\x82w");
-    QTest::newRow("ampersand stays") << "A & B";
-    QTest::newRow("markup stays") << "<b>A";
-    QTest::newRow("empty text of a gap") << "";
-}
-
-/** The text is the name, neither the Live Button's own nor in the text colour that the key keeps. */
-void TestMydelegate::textOfCell()
-{
-    QFETCH(QString, text);
-    Grid grid;
-    grid.set("other", DisplayNameRole);
-    grid.set("#123456", Qt::ForegroundRole);
-    const QModelIndex index = grid.set(text, Qt::EditRole);
-    QCOMPARE(painted(index), expectedKey(Qt::black, Qt::red, text));
-    grid.set("0", AvailableRole);
-    QCOMPARE(painted(index), expectedPlain(text));
-}
-
-void TestMydelegate::painterIsRestored_data()
-{
-    QTest::addColumn<QString>("available");
-    QTest::newRow("key") << "1";
-    QTest::newRow("plain cell") << "0";
-}
-
 void TestMydelegate::painterIsRestored()
 {
-    QFETCH(QString, available);
-    Grid grid;
-    const QModelIndex index = grid.set(available, AvailableRole);
-    Canvas canvas;
-    QPainter &painter = canvas.painter;
-    painter.setPen(QPen(Qt::magenta, 5, Qt::DotLine));
-    painter.setBrush(QBrush(Qt::yellow, Qt::CrossPattern));
-    painter.setBackground(Qt::cyan);
-    painter.setClipRect(1, 2, 100, 60);
-    painter.translate(3, 4);
-    painter.setOpacity(0.5);
-    const QPen pen = painter.pen();
-    const QBrush brush = painter.brush();
-    const QFont font = painter.font();
-    const QTransform transform = painter.transform();
-    const QRegion clip = painter.clipRegion();
-    const QPainter::RenderHints hints = painter.renderHints();
+    for (const char *available : {"1", "0"}) {
+        Grid grid;
+        const QModelIndex index = grid.set(available, AvailableRole);
+        Canvas canvas;
+        QPainter &painter = canvas.painter;
+        painter.setPen(QPen(Qt::magenta, 5, Qt::DotLine));
+        painter.setBrush(QBrush(Qt::yellow, Qt::CrossPattern));
+        painter.setBackground(Qt::cyan);
+        painter.setClipRect(1, 2, 100, 60);
+        painter.translate(3, 4);
+        painter.setOpacity(0.5);
+        const QFont font = painter.font();
+        const QRegion clip = painter.clipRegion();
 
-    QStyleOptionViewItem option;
-    option.rect = cellRect;
-    Mydelegate().paint(&painter, option, index);
+        QStyleOptionViewItem option;
+        option.rect = cellRect;
+        Mydelegate().paint(&painter, option, index);
 
-    QCOMPARE(painter.pen(), pen);
-    QCOMPARE(painter.brush(), brush);
-    QCOMPARE(painter.background(), QBrush(Qt::cyan));
-    QCOMPARE(painter.font(), font);
-    QCOMPARE(painter.transform(), transform);
-    QCOMPARE(painter.clipRegion(), clip);
-    QCOMPARE(painter.opacity(), 0.5);
-    QCOMPARE(painter.renderHints(), hints);
+        QCOMPARE(painter.pen(), QPen(Qt::magenta, 5, Qt::DotLine));
+        QCOMPARE(painter.brush(), QBrush(Qt::yellow, Qt::CrossPattern));
+        QCOMPARE(painter.background(), QBrush(Qt::cyan));
+        QCOMPARE(painter.font(), font);
+        QCOMPARE(painter.transform(), QTransform::fromTranslate(3, 4));
+        QCOMPARE(painter.clipRegion(), clip);
+        QCOMPARE(painter.opacity(), 0.5);
+    }
 }
 
 void TestMydelegate::toolTipTakesNoOrders_data()
