@@ -60,7 +60,7 @@ public:
     static std::optional<DragPayload> fromMime(const QMimeData *data);
 
     /** Text at a Position; empty where the record has none. */
-    QString text(int position) const { return position == Color ? m_color : m_texts.value(position); }
+    QString text(int position) const { return position == Color ? color() : m_texts.value(position); }
 
     /** Colour of the cell as a hash and six lower-case hexadecimal digits, or empty. */
     QString color() const { return m_color; }
