@@ -95,7 +95,8 @@ Facts factsOf(Workspace &space)
     QStringList ticked;
     for (const int row : space.ticked())
         ticked += QString::number(row);
-    return {{"output", space.find<QRadioButton>("radio_outputmidi")->isChecked() ? "midi" : "pads"},
+    return {{"output", (space.find<QRadioButton>("radio_outputmidi")->isChecked() ? "midi " : "pads ")
+                           + QString::number(space.window().maximumWidth())},
             {"title", space.window().windowTitle()},
             {"show", pads.attribute("show").remove(space.home() + "/")},
             {"show's name", pads.attribute("showname")},
@@ -142,7 +143,7 @@ bool work(Workspace &space)
 }
 
 const Facts Worked = {
-    {"output", "midi"},
+    {"output", "midi 1366"},
     {"title", Texts::title("Show")},
     {"show", "Show/Live/live.ini"},
     {"show's name", "Show"},
@@ -166,7 +167,7 @@ const Facts Worked = {
 
 /** After a project over this work that names its show and nothing else. */
 const Facts Loaded = {
-    {"output", "pads"},
+    {"output", "pads 650"},
     {"title", Texts::title("Show")},
     {"show", "Show/Live/live.ini"},
     {"show's name", "Show"},
@@ -403,8 +404,9 @@ void TestProjects::comesBack_data()
     QTest::addColumn<QByteArray>("slot");
     QTest::addColumn<QStringList>("changes"); // what a project of this kind does not tell
     QTest::newRow("pads") << QByteArray("savepadsproject")
-                          << QStringList{"output: pads", "filter: 0", "bank: 0",      "bank's name: BANK 1",
-                                         "ticked: 3",    "keys: ",    "switch: -1,-1"};
+                          << QStringList{
+                                 "output: pads 650", "filter: 0", "bank: 0",      "bank's name: BANK 1",
+                                 "ticked: 3",        "keys: ",    "switch: -1,-1"};
     QTest::newRow("midi") << QByteArray("savemidiproject")
                           << QStringList{"filter: 0", "bank: 0", "bank's name: BANK 1",
                                          "banks: " + Loaded.value("banks"), "pads: "};
@@ -461,7 +463,7 @@ void TestProjects::loads_data()
         QTest::newRow(name) << project(isMidi ? R"(type="midi" switch="5,6")" : R"(type="pads" banks="A")",
                                        keys)
                             << told(Loaded, changes
-                                                + (isMidi ? QStringList{"output: midi", "layout: 1",
+                                                + (isMidi ? QStringList{"output: midi 1366", "layout: 1",
                                                                         "hidden: ", "switch: 5,6"}
                                                           : QStringList{"banks: A", "bank's name: A"}));
     };
@@ -491,7 +493,7 @@ void TestProjects::loads_data()
     QTest::newRow("show that cannot be opened") // its name stays off the title
         << QByteArray(R"(<project show="HOSTILE" showname="Bad" type="midi" export="Keys">)")
                + gridKey(2, 2, "3") + "</project>"
-        << told(Loaded, {"output: midi", "layout: 1", "hidden: ", "show's name: Bad", "Live Buttons: 0",
+        << told(Loaded, {"output: midi 1366", "layout: 1", "hidden: ", "show's name: Bad", "Live Buttons: 0",
                          "filter: 2", "page: Keys", "keys: " + key});
 
     const QByteArray pads =
@@ -502,7 +504,7 @@ void TestProjects::loads_data()
     const QString onGrid = "keys: 2,2 Typed|Fog|2|4|0|red|lime|1|#0000ff";
     QTest::newRow("two projects, pads first") // the key of the pads lies outside of the grid
         << "<all>" + pads + midi + "</all>"
-        << told(Loaded, {"output: midi", "layout: 1", "hidden: ", "page: Keys", "device: 6", "mapper: 0",
+        << told(Loaded, {"output: midi 1366", "layout: 1", "hidden: ", "page: Keys", "device: 6", "mapper: 0",
                          "colors: 0 3", "switch: 3,4", "ticked: 3 4", onGrid});
     QTest::newRow("two projects, keys first") // the column of the key lies outside of the pads
         << "<all>" + midi + pads + "</all>"
@@ -514,7 +516,7 @@ void TestProjects::loads_data()
         << told(Loaded, {"title: " + Texts::title("Other"), "show: Other/Live/live.ini", "show's name: Bad",
                          "Live Buttons: 0", "pads: " + pad});
 
-    const QStringList passedOver = {"output: pads", "bank: 0", "bank's name: BANK 1", "layout: 0",
+    const QStringList passedOver = {"output: pads 650", "bank: 0", "bank's name: BANK 1", "layout: 0",
                                     "hidden: 1"};
     QTest::newRow("no project element") << QByteArray("<show/>") << told(Worked, passedOver);
     QTest::newRow("not well-formed") << project("", gridKey(2, 2, "3").replace("Fog", "R&B"))
@@ -531,8 +533,10 @@ void TestProjects::loads()
     QFETCH(const QStringList, expected);
     Workspace space;
     QVERIFY2(work(space), qPrintable(space.dialogs.faults()));
+    space.padsView()->setCurrentIndex(space.pads()->index(0, 1));
     QVERIFY(load(space, content));
     QCOMPARE(told(factsOf(space), {}), expected);
+    QVERIFY(!space.padsView()->isColumnHidden(1) || space.padsView()->currentIndex().column() != 1);
     QCOMPARE(space.dialogs.faults(), QString());
 }
 
