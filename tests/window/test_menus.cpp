@@ -153,12 +153,6 @@ QMap<int, QString> emptied(const QString &label, const QString &available, const
             {BlinkRole, "1"},           {Qt::DecorationRole, Texts::NoColor}};
 }
 
-QColor backgroundOf(Workspace &space, const QModelIndex &key)
-{
-    const QRect rect = space.gridView()->visualRect(key);
-    return space.gridView()->viewport()->grab(rect).toImage().pixelColor(1, 1);
-}
-
 int childrenOf(Workspace &space)
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -495,7 +489,6 @@ void TestMenus::switchComesAndGoes()
 
     QVERIFY(toggleSwitch(space, cell));
     QCOMPARE(valuesOf(key), marked);
-    QCOMPARE(backgroundOf(space, key), QColor("#303030"));
     QCOMPARE(space.ticked(), QList<int>({3}));
     QVERIFY(isSwitch(space, cell.x(), cell.y()));
 
