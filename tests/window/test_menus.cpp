@@ -338,6 +338,7 @@ void TestMenus::keyMenuActsOnTheSelection()
     const QStringList colors = colorEntries(Palettes.value(device), isOnKey ? "#ff0000" : "default");
     QCOMPARE(entriesOf(submenuOf(menu, "Off Color")), colors);
     QCOMPARE(entriesOf(submenuOf(menu, "On Color")), colors);
+    QCOMPARE(wordsFor(menu->actions().constLast()), QString("[ ] Set as Switch")); // no Switch, no tick
     Workspace::select(view, "2,2 4,4");
     if (path.constLast() == "Select ...")
         space.dialogs.expect(Boxes::colorDialog(isOnKey ? Qt::red : Qt::black, Qt::green));

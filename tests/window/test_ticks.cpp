@@ -353,7 +353,7 @@ void TestTicks::focusAfterDrops()
     QCOMPARE(space.padsView()->currentIndex(), current);
 
     QVERIFY(space.click("radio_outputmidi"));
-    space.gridView()->setCurrentIndex(space.grid()->index(9, 9));
+    Workspace::select(space.gridView(), "9,9 8,8");
     QVERIFY(focusElsewhere(space) && space.put("5@4,6"));
     QCOMPARE(Workspace::focused(), QString("tablecontroller"));
     QCOMPARE(space.gridView()->currentIndex(), space.grid()->index(4, 6));
