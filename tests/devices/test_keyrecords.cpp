@@ -1,5 +1,5 @@
 #include "devices/keyrecords.h"
-#include "export/escape.h"
+#include "script/escape.h"
 #include "support/files.h"
 
 #include <QDomDocument>
