@@ -164,6 +164,7 @@ private slots:
     void arrowsGoToKeysAlone_data();
     void arrowsGoToKeysAlone();
     void tabShowsWhereItHasLed();
+    void copiesNothingWithoutACell();
     void descriptionsTellTheKeys();
 };
 
@@ -689,6 +690,16 @@ void TestKeys::tabShowsWhereItHasLed()
     space.padsView()->setFocus(Qt::TabFocusReason);
     QCOMPARE(selected(space.padsView()), QString("8,0"));
     QCOMPARE(placeOf(space.padsView()->currentIndex()), QString("8,0"));
+}
+
+void TestKeys::copiesNothingWithoutACell()
+{
+    Workspace space;
+    QVERIFY(space.loadSomeShow());
+    QApplication::clipboard()->setText("before");
+    space.padsView()->selectionModel()->clearCurrentIndex();
+    QTest::keyClick(space.padsView(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), QString("before"));
 }
 
 void TestKeys::descriptionsTellTheKeys()
