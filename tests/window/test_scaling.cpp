@@ -50,6 +50,7 @@ void TestScaling::dpi()
     QFETCH(const QSize, room);
     QFETCH(const int, given);
     QCOMPARE(Scaling::dpiFor(Desktop{asked, room}), given);
+    QCOMPARE(Scaling::dpiFor({}), 0); // no desktop at all
 }
 
 void TestScaling::place_data()
