@@ -120,8 +120,7 @@ int main(int /*argc*/, char *argv[])
         withMappers.moveIn();
         return run(zarvex).seconds;
     };
-    report.line("start with fifty mappers, against none", Measure::inTurns(21, startWithout, startWith),
-                1.5);
+    report.line("start with fifty mappers, against none", Measure::inTurns(21, startWithout, startWith), 1.5);
     report.line("start with fifty mappers, against parsing them too",
                 Measure::inTurns(
                     21, [&] { return startWithout() + parseAll(withMappers.mappersFolder()); }, startWith),
