@@ -208,7 +208,6 @@ private slots:
     void rowsStandAsGiven_data();
     void rowsStandAsGiven();
     void proDrivesTheLights();
-    void proHasRowsForOtherModes();
 
     void verbsAreThoseOfTheList();
     void actionsAreSound_data() { addDevices(); }
@@ -336,25 +335,6 @@ void TestFactoryMappers::proDrivesTheLights()
             speaking += row.action.contains("os2l");
     }
     QCOMPARE(speaking, 128);
-}
-
-void TestFactoryMappers::proHasRowsForOtherModes()
-{
-    const QSet<QString> names = namesOf("Novation Launchpad PRO");
-    QList<QString> twice;
-    int others = 0;
-    for (const Row &row : rowsOf("Novation Launchpad PRO")) {
-        if (row.value == "LED_USER1_PAD_4_4")
-            twice += row.action;
-        others += !names.contains(row.value);
-    }
-    QCOMPARE(others, 990);
-    QCOMPARE(twice.size(), 2);
-    QCOMPARE(twice.at(0), twice.at(1));
-
-    const QMap<QString, QString> actions = actionsOf("Novation Launchpad PRO");
-    for (const QString name : {"PAD_VEL_1_1", "PAD_VEL_8_8", "USER1_PAD_1_1", "LED_USER1_PAD_8_8"})
-        QVERIFY2(actions.contains(name), qPrintable(name));
 }
 
 /** The list is no wish list: each of its verbs is in use. */

@@ -474,6 +474,9 @@ void TestLiveShow::readsAllThatIsThereBehindAHugeCount_data()
     twoPages("two thousand million buttons on the last page", "2", "2", huge);
     twoPages("two thousand million buttons on the first page", "2", huge, "1");
     twoPages("the largest integer of all", largest, largest, largest);
+    QTest::newRow("pages 60,000 and 100,000 of two thousand million")
+        << "[page]\nnumber = " + huge + "\n[page60000]\nname = Wash\n[page100000]\nname = Movers\n"
+        << QStringList{"Wash", "Movers"} << QStringList();
     QTest::newRow("a gap in the buttons of two thousand million pages")
         << "[page]\nnumber = " + huge + "\n" + gap << QStringList{"Wash"} << QStringList{"A", "C"};
     QTest::newRow("a gap in the buttons behind two thousand million buttons")

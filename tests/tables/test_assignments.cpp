@@ -1,3 +1,4 @@
+#include "support/texts.h"
 #include "tables/assignments.h"
 #include "tables/roles.h"
 
@@ -167,7 +168,7 @@ void TestAssignments::clearsCells_data()
 {
     QTest::addColumn<QString>("color");
     QTest::addColumn<QString>("left");
-    QTest::newRow("black unless said") << QString() << "#000000";
+    QTest::newRow("black unless said") << QString() << Texts::NoColor;
     QTest::newRow("white") << "#FFFFFF"
                            << "#FFFFFF";
 }
@@ -188,7 +189,8 @@ void TestAssignments::clearsCells()
     else
         Assignments::clearCell(table, cell, "PAD 2", color);
 
-    const QStringList calls = {"1,1 2=PAD 2", "1,1 257=PAD 2", "1,1 256=0", "1,1 259=-1", "1,1 1=" + left};
+    const QStringList calls = {"1,1 2=PAD 2", "1,1 257=PAD 2", "1,1 256=" + Texts::NoPage,
+                               "1,1 259=" + Texts::NoButton, "1,1 1=" + left};
     QCOMPARE(table.calls, calls);
     QCOMPARE(cell.data(DisplayNameRole).toString(), QString("PAD 2"));
     // LED colours, blinking and the rest stay.

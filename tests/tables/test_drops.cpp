@@ -1,5 +1,6 @@
 #include "support/models.h"
 #include "support/payload.h"
+#include "support/texts.h"
 #include "tables/controller.h"
 #include "tables/mymodel.h"
 #include "tables/roles.h"
@@ -36,7 +37,7 @@ Record with(Record cell, const QString &key, const QString &text)
 
 Record emptied(const QString &label)
 {
-    return cell({label, "0", label, "-1", "#000000"});
+    return cell({label, Texts::NoPage, label, Texts::NoButton, Texts::NoColor});
 }
 
 const Record atRest = {};

@@ -1,3 +1,4 @@
+#include "support/texts.h"
 #include "tables/record.h"
 #include "tables/roles.h"
 #include "tables/vdjmodel.h"
@@ -103,8 +104,11 @@ void TestVdjModel::labelLeftBehind()
     const std::unique_ptr<QMimeData> data(pads.model.mimeData({pads.pad}));
     const QModelIndex beside = pads.model.index(row, 1 - column);
     QVERIFY(pads.model.dropMimeData(data.get(), Qt::CopyAction, -1, -1, beside));
-    const Record atRest = {
-        {"name", label}, {"dspname", label}, {"id", "-1"}, {"color", "#000000"}, {"pagenr", "0"}};
+    const Record atRest = {{"name", label},
+                           {"dspname", label},
+                           {"id", Texts::NoButton},
+                           {"color", Texts::NoColor},
+                           {"pagenr", Texts::NoPage}};
     QCOMPARE(pads.record(pads.pad), atRest);
 }
 
@@ -211,7 +215,7 @@ void TestVdjModel::editInPlace()
     QTest::keyClick(editor, Qt::Key_Return);
 
     const Record edited = {
-        {"name", name}, {"dspname", "Strobe"}, {"id", "41"}, {"color", "#000000"}, {"pagenr", "3"}};
+        {"name", name}, {"dspname", "Strobe"}, {"id", "41"}, {"color", Texts::NoColor}, {"pagenr", "3"}};
     QTRY_COMPARE(pads.record(pads.pad), edited);
 }
 
