@@ -29,6 +29,7 @@ TESTS = {
     "devices/grid.cpp": ["test_grid", "test_devicepage"],
     "devices/grid.h": ["test_grid", "test_controller", "test_mydelegate", "test_devicepage", "test_ticks"],
     "devices/keyrecords.cpp": ["test_keyrecords", "test_mappers", "test_factorymappers", "test_exports"],
+    "devices/keyrecords.h": ["test_keyrecords", "test_mapping", "test_exports"],
     "devices/mainwindow_devices.cpp": [
         "test_mappers", "test_devicepage", "test_start", "test_slots", "test_banks", "test_loadshow",
         "test_styles", "test_commands", "test_menus", "test_ticks", "test_exports", "test_projects",
