@@ -1,5 +1,7 @@
 #include "desktop/desk.h"
 
+#include "support/boxes.h"
+
 #include <QComboBox>
 #include <QMimeData>
 #include <QRegularExpression>
@@ -26,7 +28,7 @@ bool Desk::start()
         return true;
     });
     input.click(on("loadini"));
-    input.awaitDialog("Select a Show");
+    input.awaitDialog(Boxes::SelectShow);
     input.type(space.writeShow("Show", Workspace::iniWith({8, 8})));
     input.key("Return");
     input.await("the show is loaded", [&window] { return window.windowTitle() == "Zarvex - Show"; });

@@ -1,4 +1,5 @@
 #include "desktop/desk.h"
+#include "support/boxes.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -414,7 +415,7 @@ void TestDrags::closingAmidADrag()
     };
     closeIt();
     if (hasWork) {
-        const auto asks = [&program] { return program.box() == "Project is not empty."; };
+        const auto asks = [&program] { return program.box() == Boxes::leaving({}).text; };
         m_desk->input.await("the question", asks);
         m_desk->input.release();
         m_desk->input.keyInDrag("Escape"); // Cancel: all goes on

@@ -50,8 +50,8 @@ private:
 
 namespace {
 
-const char ShowOverWork[] = "Are you sure you want to open a new Show \nbefore saving current Project ?";
-const char ProjectOverWork[] = "Are you sure you want to load a Project before saving current ?";
+const QString ShowOverWork = Boxes::showOverWork({}).text;
+const QString ProjectOverWork = Boxes::projectOverWork({}).text;
 
 } // namespace
 
@@ -66,9 +66,9 @@ void TestKeyboard::menuEntries_data()
 
     addRow("Load DMX Show", "alt Down Return", ShowOverWork);
     addRow("Load Project", "alt Down Down Down Return", ProjectOverWork);
-    addRow("Save Project", "alt Down Down Down Down Return", "Save your Zarvex Project");
-    addRow("Export", "alt Down Down Down Down Down Return", "Pads Page OS2L DMX is created.");
-    addRow("Exit, going up", "alt Down Up Return", "Project is not empty.");
+    addRow("Save Project", "alt Down Down Down Down Return", Boxes::NameProject);
+    addRow("Export", "alt Down Down Down Down Down Return", Boxes::pageCreated("OS2L DMX").text);
+    addRow("Exit, going up", "alt Down Up Return", Boxes::leaving({}).text);
     addRow("About", "alt Right Down Return", "Zarvex - About");
     addRow("About, out of the open menu File", "alt Down Right Return", "Zarvex - About");
 }
@@ -141,7 +141,7 @@ void TestKeyboard::leaving()
         desk.input.closeWindow();
     else
         desk.input.keys(way);
-    desk.input.awaitDialog("Project is not empty.");
+    desk.input.awaitDialog(Boxes::leaving({}).text);
     desk.input.keys(answer);
     desk.input.await("the answer is taken", [] { return !QApplication::activeModalWidget(); });
     if (!leaves)
@@ -172,10 +172,10 @@ void TestKeyboard::overwriting()
     QVERIFY(writeFile(page, "of old"));
 
     desk.input.click(desk.on("pushButton_2"));
-    desk.input.awaitDialog("Pads Page OS2L DMX already exists.");
+    desk.input.awaitDialog(Boxes::overwrite("Pads Page OS2L DMX", {}).text);
     desk.input.keys(answer);
     if (overwrites) {
-        desk.input.awaitDialog("Pads Page OS2L DMX is created.");
+        desk.input.awaitDialog(Boxes::pageCreated("OS2L DMX").text);
         desk.input.key("Return");
     }
     desk.awaitRest();
@@ -229,7 +229,7 @@ void TestKeyboard::showPath()
                              Workspace::iniWith({3}));
 
     desk.input.click(desk.on("loadini"));
-    desk.input.awaitDialog("Select a Show");
+    desk.input.awaitDialog(Boxes::SelectShow);
     desk.input.type(typed.contains('%') ? typed.arg(desk.space.home()) : typed);
     desk.input.key("Return");
     desk.awaitRest();
@@ -254,7 +254,7 @@ void TestKeyboard::showGivenUp()
     const QStringList before = desk.space.snapshot();
 
     desk.input.click(desk.on("loadini"));
-    desk.input.awaitDialog("Select a Show");
+    desk.input.awaitDialog(Boxes::SelectShow);
     desk.input.type("Friday");
     if (how == "Escape")
         desk.input.keys("Escape Escape"); // the first closes the list of names, if there is one
@@ -270,9 +270,9 @@ void TestKeyboard::loadGivenUpIsToldAsFailed()
     Desk &desk = *m_desk;
     QVERIFY(desk.clearPads());
     desk.input.keys("alt Down Down Down Return");
-    desk.input.awaitDialog("Select a Zarvex Project");
+    desk.input.awaitDialog(Boxes::SelectProject);
     desk.input.key("Escape");
-    desk.input.awaitDialog("Failed to load the Project's Show.");
+    desk.input.awaitDialog(Boxes::loadFailed().text);
     desk.input.key("Escape");
     desk.awaitRest();
     QVERIFY(desk.input.play());
@@ -370,7 +370,7 @@ void TestKeyboard::buttonsBySpace()
 
     desk.space.find<QAbstractButton>("pushButton_2")->setFocus(Qt::TabFocusReason);
     desk.input.key("space");
-    desk.input.awaitDialog("Nothing to Export. Pads are empty");
+    desk.input.awaitDialog(Boxes::ExportOfNothing.text);
     desk.input.key("space");
     desk.awaitRest();
     QVERIFY(desk.input.play());
@@ -427,11 +427,11 @@ bool TestKeyboard::pressFor(const QString &keys, const QString &notice)
 bool TestKeyboard::fileProject(bool isSaved, const QString &name)
 {
     m_desk->input.keys(isSaved ? "alt Down Down Down Down Return" : "alt Down Down Down Return");
-    m_desk->input.awaitDialog(isSaved ? "Save your Zarvex Project" : "Select a Zarvex Project");
+    m_desk->input.awaitDialog(isSaved ? Boxes::NameProject : Boxes::SelectProject);
     m_desk->input.type(name + ".zarvex");
     m_desk->input.key("Return");
     if (isSaved) {
-        m_desk->input.awaitDialog("Project " + name + " is saved.");
+        m_desk->input.awaitDialog(Boxes::projectSaved(name).text);
         m_desk->input.key("Return");
     }
     m_desk->awaitRest();
@@ -493,7 +493,7 @@ void TestKeyboard::wholeEvening()
     Desk &desk = *m_desk;
     QVERIFY(desk.open());
     desk.input.keys("alt Down Return");
-    desk.input.awaitDialog("Select a Show");
+    desk.input.awaitDialog(Boxes::SelectShow);
     desk.input.type(desk.space.writeShow("Show", Workspace::iniWith({8, 8})));
     desk.input.key("Return");
     desk.awaitRest();
@@ -523,7 +523,7 @@ void TestKeyboard::wholeEvening()
     QVERIFY(desk.input.play());
     QTRY_COMPARE(desk.filled(desk.pads()), QString("0,0=Go 2,0=1-3 8,0=1-3 8,1=1-3"));
     QVERIFY(tabTo("pushButton_2"));
-    QVERIFY(pressFor("space", "Pads Page Night is created."));
+    QVERIFY(pressFor("space", Boxes::pageCreated("Night").text));
     QVERIFY(fileProject(true, "pads"));
 
     QVERIFY(tabTo("radio_outputpage"));
@@ -551,7 +551,8 @@ void TestKeyboard::wholeEvening()
     }
     QVERIFY(desk.input.play());
     QTRY_COMPARE(desk.filled(desk.grid()), QString("2,2=1-1 2,3=1-2"));
-    QVERIFY(pressFor("alt Down Down Down Down Down Return", "Mapping Night for AKAI APC Mini is created."));
+    QVERIFY(pressFor("alt Down Down Down Down Down Return",
+                     Boxes::mappingCreated("Night", "AKAI APC Mini").text));
     QVERIFY(fileProject(true, "keys"));
 
     // What was saved comes back, and is saved as it was.

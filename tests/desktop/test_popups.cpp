@@ -1,4 +1,5 @@
 #include "desktop/desk.h"
+#include "support/boxes.h"
 #include "support/files.h"
 
 #include <QComboBox>
@@ -255,7 +256,7 @@ void TestPopups::anyColourOfAKey()
     desk.input.click(Places::cell(desk.grid(), 4, 4), 3);
     desk.input.openSubmenu(submenu);
     desk.input.pickEntry("Select ...");
-    desk.input.awaitDialog("Choose a Color");
+    desk.input.awaitDialog(Boxes::colorDialog({}, {}).title);
     desk.input.keys("alt+h ctrl+a"); // the field HTML
     desk.input.type("#3060c0");
     if (how == "Return" || how == "Escape")
@@ -330,7 +331,7 @@ void TestPopups::menuTakesOverTheTextOfAPad()
     desk.input.type("typed");
     desk.input.click(Places::menuTitle(&desk.space.window(), "File"));
     desk.input.pickEntry("Export");
-    desk.input.awaitDialog("Pads Page OS2L DMX is created.");
+    desk.input.awaitDialog(Boxes::pageCreated("OS2L DMX").text);
     desk.input.key("Return");
     desk.input.await("the notice closes", [&desk] { return desk.isAtRest(); });
     QVERIFY(desk.input.play());

@@ -78,15 +78,13 @@ void Player::expect(const Rules::Question &question)
     case Rules::Question::Box:
         return m_space.dialogs.expect(boxFor(question));
     case Rules::Question::Folder:
-        return m_space.dialogs.expect(
-            Boxes::File{"Select a Show", m_space.showsFolder(), question.answer, {}, true});
+        return m_space.dialogs.expect(Boxes::showDialog(m_space, question.answer));
     case Rules::Question::SaveFile:
         return m_space.dialogs.expect(Boxes::saveDialog(m_space, question.answer));
     case Rules::Question::OpenFile:
         return m_space.dialogs.expect(Boxes::loadDialog(m_space, question.answer));
     case Rules::Question::Color:
-        return m_space.dialogs.expect(
-            ExpectedDialogs::Color{"Choose a Color", colorNamed(question.text), QColor(question.answer)});
+        return m_space.dialogs.expect(Boxes::colorDialog(colorNamed(question.text), QColor(question.answer)));
     }
 }
 

@@ -85,28 +85,27 @@ inline const Box NoShowThere = {
     QMessageBox::Warning,
     false};
 
+// Captions of the file dialogs.
+inline const QString SelectShow = "Select a Show";
+inline const QString SelectProject = "Select a Zarvex Project";
+inline const QString NameProject = "Save your Zarvex Project";
+
 /** Where "Load DMX Show" asks for a folder. */
 inline File showDialog(const Workspace &space, const QString &path)
 {
-    return {"Select a Show", space.showsFolder(), path, {}, true};
+    return {SelectShow, space.showsFolder(), path, {}, true};
 }
 
 /** Where "Save Project" asks for a file. */
 inline File saveDialog(const Workspace &space, const QString &path)
 {
-    return {"Save your Zarvex Project",
-            space.documents() + "/Zarvex/projects",
-            path,
-            {"Zarvex Projects (*.zarvex)"}};
+    return {NameProject, space.documents() + "/Zarvex/projects", path, {"Zarvex Projects (*.zarvex)"}};
 }
 
 /** Where "Load Project" asks for a file. */
 inline File loadDialog(const Workspace &space, const QString &path)
 {
-    return {"Select a Zarvex Project",
-            space.documents() + "/Zarvex/projects",
-            path,
-            {"Zarvex Projects (*.zarvex)"}};
+    return {SelectProject, space.documents() + "/Zarvex/projects", path, {"Zarvex Projects (*.zarvex)"}};
 }
 
 inline Color colorDialog(const QColor &initial, const QColor &answer)
